@@ -1,0 +1,54 @@
+# SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+# SPDX-License-Identifier: MIT
+# What every target of the house has in common: language, warnings, sanitizers, precompiled headers.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wconversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  # Members left out of a designated initializer take their default, on purpose.
+  -Wno-missing-field-initializers)
+if(BRINDLE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
+  QT_USE_QSTRINGBUILDER QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(BRINDLE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(BRINDLE_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
+
+# brindle_library(NAME SOURCES... LINKS...): one folder, one static library.
+function(brindle_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS})
+  brindle_precompile(${name} ${ARG_LINKS})
+endfunction()
+
+function(brindle_precompile name)
+  if(BRINDLE_PCH)
+    if(name STREQUAL brindle_settings OR name STREQUAL brindle_numbers)
+      return()
+    endif()
+    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+  endif()
+endfunction()

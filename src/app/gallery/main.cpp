@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// Opens every window with realistic figures and saves a picture of each:
+// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label NAME]
+
+#include <array>
+#include <iostream>
+#include <utility>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QPalette>
+#include <QTemporaryDir>
+
+#include "app/shell/all_windows.h"
+#include "app/shell/built_product.h"
+#include "app/shell/main_prog.h"
+#include "app/shell/splash.h"
+#include "app/shell/system_desktop.h"
+#include "app/shell/window_list.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// No window beeps or asks while its picture is taken.
+class Silence : public Desktop, public MessageBoxes {
+ public:
+  void Beep() override {}
+  std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override { return {}; }
+};
+
+QPalette DarkPalette() {
+  const QColor window(0x2b, 0x2b, 0x2b);
+  const QColor base(0x1e, 0x1e, 0x1e);
+  const QColor text(0xee, 0xee, 0xee);
+  const QColor faint(0x80, 0x80, 0x80);
+  QPalette palette(window);
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::AlternateBase, window);
+  palette.setColor(QPalette::ToolTipBase, base);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                          QPalette::ToolTipText, QPalette::BrightText}) {
+    palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, faint);
+  }
+  palette.setColor(QPalette::PlaceholderText, faint);
+  palette.setColor(QPalette::Highlight, QColor(0x2a, 0x6f, 0xb0));
+  palette.setColor(QPalette::HighlightedText, text);
+  return palette;
+}
+
+// A film of 102 minutes and a half on two discs, with its trailer.
+void SetRealisticFigures(Settings& record) {
+  record.MovieLength = 102.5;
+  record.CDCount = 2;
+  record.AudioBitrate = 192;
+  record.ExtraMaterial = 45;
+}
+
+class Gallery {
+ public:
+  Gallery(QDir folder, QString label) : folder_(std::move(folder)), label_(std::move(label)) {}
+
+  bool Take(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    const auto path = folder_.filePath(window.objectName() + u'-' + label_ + u".png"_s);
+    const bool saved = window.grab().save(path);
+    if (!saved) {
+      std::cerr << "cannot write " << path.toStdString() << '\n';
+    }
+    return saved;
+  }
+
+ private:
+  QDir folder_;
+  QString label_;
+};
+
+int TakeAll(Gallery gallery) {
+  const QTemporaryDir folder;
+  Settings record;
+  WindowList windows;
+  SystemClock clock;
+  Silence silence;
+  const Product product = BuiltProduct();
+  Services services{record, windows, clock, silence, silence, product};
+  AddAllWindows(windows, services, [] {});
+
+  bool saved = true;
+  Splash splash(services);
+  saved &= gallery.Take(splash);
+  splash.hide();
+  MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
+  SetRealisticFigures(record);
+  saved &= gallery.Take(mainProg);
+  for (const auto id : {WindowId::BitrateCalc, WindowId::DefaultW}) {
+    windows.Show(id);
+    saved &= gallery.Take(*QApplication::activeWindow());
+  }
+  return saved ? 0 : 1;
+}
+
+int Run() {
+  const QCommandLineOption dark(u"dark"_s);
+  const QCommandLineOption largeFont(u"large-font"_s);
+  const QCommandLineOption label(u"label"_s, {}, u"name"_s, u"100-light"_s);
+  QCommandLineParser arguments;
+  arguments.addOptions({dark, largeFont, label});
+  arguments.addPositionalArgument(u"folder"_s, u"Where the pictures go"_s);
+  arguments.process(*QCoreApplication::instance());
+  if (arguments.positionalArguments().size() != 1) {
+    arguments.showHelp(2);
+  }
+  if (arguments.isSet(dark)) {
+    QApplication::setPalette(DarkPalette());
+  }
+  if (arguments.isSet(largeFont)) {
+    QFont font = QApplication::font();
+    font.setPointSize(14);
+    QApplication::setFont(font);
+  }
+  const QDir folder(arguments.positionalArguments().constFirst());
+  if (!folder.mkpath(u"."_s)) {
+    std::cerr << "cannot create " << folder.path().toStdString() << '\n';
+    return 1;
+  }
+  return TakeAll({folder, arguments.value(label)});
+}
+
+}  // namespace
+}  // namespace brindle
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  brindle::SetUpApplication();
+  return brindle::Run();
+}

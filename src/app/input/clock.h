@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+
+namespace brindle {
+
+/// Where time comes in, so that a test can be its master.
+class Clock {
+ public:
+  Clock() = default;
+  Clock(const Clock&) = delete;
+  Clock& operator=(const Clock&) = delete;
+  Clock(Clock&&) = delete;
+  Clock& operator=(Clock&&) = delete;
+  virtual ~Clock() = default;
+
+  /// Seconds since an arbitrary moment; never goes back.
+  [[nodiscard]] virtual double Now() const = 0;
+
+  /// Seconds since local midnight; falls back to 0 when the day ends.
+  [[nodiscard]] virtual float SecondsSinceMidnight() const = 0;
+
+  /// Runs `action` once from the event loop when about `seconds` have passed; never when `context` is
+  /// destroyed before.
+  virtual void After(double seconds, QObject* context, std::function<void()> action) = 0;
+};
+
+class SystemClock : public Clock {
+ public:
+  [[nodiscard]] double Now() const override;
+  [[nodiscard]] float SecondsSinceMidnight() const override;
+  void After(double seconds, QObject* context, std::function<void()> action) override;
+};
+
+}  // namespace brindle

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/input/focus_tracker.h"
+
+#include <functional>
+#include <utility>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QObject>
+#include <QWidget>
+
+namespace brindle {
+namespace {
+
+// The control that a widget belongs to: an editable list is one control with its text part.
+QWidget* ControlOf(QWidget* widget) {
+  auto* list = qobject_cast<QComboBox*>(widget->parentWidget());
+  return list != nullptr ? list : widget;
+}
+
+void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* control) {
+  const auto handler = handlers.value(control);
+  if (handler) {
+    handler();
+  }
+}
+
+}  // namespace
+
+FocusTracker::FocusTracker(QWidget* window) : QObject(window), window_(window) {
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { FocusChanged(now); });
+}
+
+void FocusTracker::OnGotFocus(QWidget* control, std::function<void()> handler) {
+  gotFocus_.insert(control, std::move(handler));
+}
+
+void FocusTracker::OnLostFocus(QWidget* control, std::function<void()> handler) {
+  lostFocus_.insert(control, std::move(handler));
+}
+
+void FocusTracker::Begin(QWidget* first) {
+  first->setFocus();
+  FocusChanged(first);
+}
+
+void FocusTracker::Stop() { stopped_ = true; }
+
+void FocusTracker::FocusChanged(QWidget* now) {
+  if (stopped_ || now == nullptr || now->window() != window_) {
+    return;
+  }
+  auto* control = ControlOf(now);
+  if (control == current_) {
+    return;
+  }
+  auto* left = std::exchange(current_, control);
+  Run(lostFocus_, left);
+  Run(gotFocus_, control);
+}
+
+}  // namespace brindle

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/input/form.h"
+
+#include <utility>
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace brindle {
+
+Form::Form(const QString& name, const QString& caption, Escape escape) : escape_(escape) {
+  setObjectName(name);
+  setWindowTitle(caption);
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (event->isAccepted() && !std::exchange(closed_, true)) {
+    focus_.Stop();
+    Q_EMIT Closed();
+  }
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (escape_ == Escape::Closes && event->key() == Qt::Key_Escape) {
+    event->accept();
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+}  // namespace brindle

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include "app/input/focus_tracker.h"
+
+namespace brindle {
+
+/// A window of the program. It knows which of its controls has the focus, closes on Escape (after the
+/// field's own handler; an open list takes it first), and tells once when it has been closed.
+class Form : public QWidget {
+  Q_OBJECT
+
+ public:
+  enum class Escape { Closes, IsIgnored };
+
+  /// `name` is the window's own name, which tools see; `caption` its title.
+  Form(const QString& name, const QString& caption, Escape escape = Escape::Closes);
+
+  [[nodiscard]] FocusTracker& Focus() { return focus_; }
+
+ Q_SIGNALS:
+  /// The window has agreed to close and is about to hide; whoever owns it may delete it, but only
+  /// from the event loop.
+  void Closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  FocusTracker focus_{this};
+  Escape escape_;
+  bool closed_ = false;
+};
+
+}  // namespace brindle

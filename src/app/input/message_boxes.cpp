@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/input/message_boxes.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QWidget>
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Button {
+  QPushButton* button = nullptr;
+  BoxAnswer answer = BoxAnswer::Ok;
+};
+
+// The buttons in the order in which they stand; the last member says which one Escape and the close
+// box stand for, if any: a question with Yes and No must be answered.
+std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::Ok:
+      return {{box.addButton(QMessageBox::Ok), BoxAnswer::Ok}};
+    case BoxButtons::YesNo:
+      return {{box.addButton(QMessageBox::Yes), BoxAnswer::Yes},
+              {box.addButton(QMessageBox::No), BoxAnswer::No}};
+    case BoxButtons::CancelTryAgainContinue:
+      break;
+  }
+  // One role for all three keeps them in this order on every desktop.
+  const auto add = [&box](const char* caption) {
+    return box.addButton(QString::fromLatin1(caption), QMessageBox::ActionRole);
+  };
+  auto* cancel = add("Cancel");
+  box.setEscapeButton(cancel);
+  return {{cancel, BoxAnswer::Cancel},
+          {add("Try Again"), BoxAnswer::TryAgain},
+          {add("Continue"), BoxAnswer::Continue}};
+}
+
+}  // namespace
+
+std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& text,
+                                                 BoxButtons buttons) {
+  if (ended_) {
+    return std::nullopt;
+  }
+  const QPointer box(new QMessageBox(owner));
+  box->setObjectName(u"MessageBox"_s);
+  box->setTextFormat(Qt::PlainText);
+  box->setText(text);
+  box->setWindowModality(Qt::ApplicationModal);
+  const auto added = AddButtons(*box, buttons);
+  box->setDefaultButton(added.front().button);
+  open_.append(box);
+  box->exec();
+  open_.removeAll(box);
+  if (box == nullptr) {
+    return std::nullopt;
+  }
+  const auto* clicked = box->clickedButton();
+  std::optional<BoxAnswer> answer;
+  for (const auto& candidate : added) {
+    if (candidate.button == clicked && !ended_) {
+      answer = candidate.answer;
+    }
+  }
+  delete box;
+  return answer;
+}
+
+void ScreenMessageBoxes::End() {
+  ended_ = true;
+  for (const auto& box : std::as_const(open_)) {
+    if (box != nullptr) {
+      box->done(0);
+    }
+  }
+}
+
+}  // namespace brindle

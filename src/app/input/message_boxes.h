@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include <QList>
+#include <QMessageBox>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+namespace brindle {
+
+enum class BoxButtons { Ok, YesNo, CancelTryAgainContinue };
+enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
+
+/// Message boxes as the windows ask for them: plain text, the whole program stops while one is open.
+class MessageBoxes {
+ public:
+  MessageBoxes() = default;
+  MessageBoxes(const MessageBoxes&) = delete;
+  MessageBoxes& operator=(const MessageBoxes&) = delete;
+  MessageBoxes(MessageBoxes&&) = delete;
+  MessageBoxes& operator=(MessageBoxes&&) = delete;
+  virtual ~MessageBoxes() = default;
+
+  /// Returns when the user has answered, or with nothing when `owner` or the program goes away under
+  /// the open box; then the caller must not touch its window any more.
+  virtual std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) = 0;
+};
+
+/// The message boxes on the screen.
+class ScreenMessageBoxes : public MessageBoxes {
+ public:
+  std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override;
+
+  /// Takes every open box away; none counts as answered, and none opens any more.
+  void End();
+
+ private:
+  QList<QPointer<QMessageBox>> open_;
+  bool ended_ = false;
+};
+
+}  // namespace brindle

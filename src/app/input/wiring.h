@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <concepts>
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+
+#include "app/input/editable_list.h"
+#include "app/input/focus_tracker.h"
+#include "app/input/option_group.h"
+#include "app/input/spin_button.h"
+#include "app/input/text_field.h"
+
+namespace brindle {
+
+/// One line of a window's table of handlers: which of the window's member functions runs at which
+/// event of one control. An event without a handler changes nothing.
+template <class Window, class Control>
+class Wire {
+ public:
+  using Handler = void (Window::*)();
+
+  Wire(Window* window, Control* control) : window_(window), control_(control) {}
+
+  Wire& GotFocus(Handler handler) {
+    window_->Focus().OnGotFocus(control_, Bound(handler));
+    return *this;
+  }
+  Wire& LostFocus(Handler handler) {
+    window_->Focus().OnLostFocus(control_, Bound(handler));
+    return *this;
+  }
+  Wire& KeyPress(Handler handler) {
+    return Connected(Field(), &TextField::KeyPress, handler);
+  }
+  Wire& KeyUp(Handler handler) { return Connected(Field(), &TextField::KeyUp, handler); }
+  Wire& MouseDown(Handler handler) {
+    if constexpr (std::same_as<Control, SpinButton>) {
+      return Connected(control_, &SpinButton::MouseDown, handler);
+    } else {
+      return Connected(Field(), &TextField::MouseDown, handler);
+    }
+  }
+  Wire& MouseUp(Handler handler) {
+    if constexpr (std::same_as<Control, SpinButton>) {
+      return Connected(control_, &SpinButton::MouseUp, handler);
+    } else {
+      return Connected(Field(), &TextField::MouseUp, handler);
+    }
+  }
+  /// A button is clicked, a check box changes its state, the user picks an entry of a list.
+  Wire& Click(Handler handler) {
+    if constexpr (std::derived_from<Control, QComboBox>) {
+      return Connected(control_, &QComboBox::activated, handler);
+    } else if constexpr (std::derived_from<Control, QCheckBox>) {
+      return Connected(control_, &QCheckBox::stateChanged, handler);
+    } else {
+      return Connected(control_, &QAbstractButton::clicked, handler);
+    }
+  }
+  /// An option of an array becomes selected, by the user or by the program.
+  Wire& Click(void (Window::*handler)(int index)) {
+    return Connected(control_, &OptionGroup::Click, handler);
+  }
+  /// The arrow keys in the field do what one short click on plus or minus does.
+  Wire& Arrows(SpinButton* plus, SpinButton* minus) {
+    QObject::connect(control_, &TextField::ArrowKey, window_, [plus, minus](int direction) {
+      (direction > 0 ? plus : minus)->ClickShortly();
+    });
+    return *this;
+  }
+
+ private:
+  auto Bound(Handler handler) {
+    return [window = window_, handler] { (window->*handler)(); };
+  }
+
+  template <class Sender, class Signal, class Slot>
+  Wire& Connected(Sender* sender, Signal signal, Slot slot) {
+    QObject::connect(sender, signal, window_, slot);
+    return *this;
+  }
+
+  TextField* Field() const {
+    if constexpr (std::derived_from<Control, EditableList>) {
+      return control_->Field();
+    } else {
+      return control_;
+    }
+  }
+
+  Window* window_;
+  Control* control_;
+};
+
+/// Begins the lines of a window's table: `const Wires on(this); on(MLength).KeyUp(...)...`.
+template <class Window>
+class Wires {
+ public:
+  explicit Wires(Window* window) : window_(window) {}
+
+  template <class Control>
+  Wire<Window, Control> operator()(Control* control) const {
+    return {window_, control};
+  }
+
+ private:
+  Window* window_;
+};
+
+}  // namespace brindle

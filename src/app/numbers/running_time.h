@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+namespace brindle {
+
+/// A running time taken apart: whole hours, whole minutes, and the seconds that remain. For a
+/// running time below zero the hours are the floor and the rest is counted up from there.
+struct RunningTime {
+  double hours = 0;
+  double minutes = 0;
+  double seconds = 0;
+};
+
+/// Takes `minutes` apart: 125.5 minutes are 2 hours, 5 minutes, 30 seconds. The whole parts are those
+/// of WholePart(), so that what came from whole seconds gives them again.
+[[nodiscard]] RunningTime TakeApart(double minutes);
+
+/// hours x 60 + minutes + seconds / 60, in minutes. No part is limited.
+[[nodiscard]] double InMinutes(const RunningTime& time);
+
+/// The text of a running time in minutes: pattern "#" for whole minutes, else "#0.###".
+[[nodiscard]] std::string MinutesText(double minutes);
+
+}  // namespace brindle

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+#include <variant>
+
+#include <QByteArray>
+#include <QString>
+
+namespace brindle {
+
+/// What the system refused: the path it was about, in the platform's own separators, and the
+/// system's reason.
+struct FileError {
+  QString path;
+  QString reason;
+};
+
+/// "Cannot read PATH: REASON".
+[[nodiscard]] QString CannotRead(const FileError& error);
+/// "Cannot write PATH: REASON".
+[[nodiscard]] QString CannotWrite(const FileError& error);
+
+/// The folder that holds the settings file, without a trailing separator: `programFolder`, unless
+/// that lies where the system's packages put programs or no file can be created in it; then
+/// `configFolder`, which is created when it is missing.
+[[nodiscard]] QString ChooseAppFolder(const QString& programFolder, const QString& configFolder);
+
+/// The configuration folder that the desktop's convention gives this program.
+[[nodiscard]] QString DesktopConfigFolder();
+
+/// The file "Brindle2.ini" in a folder, as bytes.
+class SettingsFile {
+ public:
+  explicit SettingsFile(const QString& folder);
+
+  /// The whole file; empty bytes where there is none. A file of more than one mebibyte, which no
+  /// program of this name writes, is cut there: it has too much on a line or too many lines.
+  [[nodiscard]] std::variant<QByteArray, FileError> Read() const;
+
+  /// Replaces the file as a whole: written beside it, synchronised, renamed over it, so that after a
+  /// crash or on a full disk the file is the old one or the new one.
+  [[nodiscard]] std::optional<FileError> Write(const QByteArray& bytes) const;
+
+  /// Keeps a copy of the file, which could not be used, as "Brindle2.ini.bak"; an older one is
+  /// replaced.
+  [[nodiscard]] std::optional<FileError> KeepUnusable() const;
+
+ private:
+  QString path_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <QApplication>
+#include <QDir>
+
+#include "app/settings/settings_file.h"
+#include "app/shell/built_product.h"
+#include "app/shell/program.h"
+#include "app/shell/termination.h"
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  brindle::SetUpApplication();
+  brindle::Program program(brindle::BuiltProduct(),
+                           {.program = QApplication::applicationDirPath(),
+                            .config = brindle::DesktopConfigFolder()});
+  const brindle::Termination termination;
+  QObject::connect(&termination, &brindle::Termination::Asked, &program, &brindle::Program::End);
+  program.Start();
+  return QApplication::exec();
+}

@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/shell/main_prog.h"
+
+#include <array>
+#include <exception>
+#include <utility>
+#include <variant>
+
+#include <QByteArray>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QIcon>
+#include <QPushButton>
+#include <QString>
+
+#include "app/input/layout.h"
+#include "app/input/wiring.h"
+#include "app/settings/settings.h"
+#include "app/settings/settings_file.h"
+#include "app/settings/settings_lines.h"
+#include "app/shell/quoted_part.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize PictureSize(48, 48);  // device-independent pixels
+
+// `name` is the button's own, `opens` the caption of the window behind it: what a screen reader says.
+QPushButton* PictureButton(const QString& name, const QString& picture, const QString& opens,
+                           const QString& tooltip = {}) {
+  auto* button = new QPushButton;
+  button->setObjectName(name);
+  button->setIcon(QIcon(u":/pictures/"_s + picture + u".png"_s));
+  button->setIconSize(PictureSize);
+  button->setAccessibleName(opens);
+  button->setToolTip(tooltip);
+  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  return button;
+}
+
+QPushButton* TextButton(const QString& name, const QString& caption, const QString& tooltip = {}) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(name);
+  button->setAccessibleName(caption);
+  button->setToolTip(tooltip);
+  return button;
+}
+
+QGroupBox* Framed(const QString& caption, QLayout* content) {
+  auto* frame = new QGroupBox(caption);
+  content->setContentsMargins(Margin, Margin, Margin, Margin);
+  frame->setLayout(content);
+  return frame;
+}
+
+struct Described {
+  QPushButton* button = nullptr;
+  QString description;
+};
+
+QLayout* DescribedButtons(const std::array<Described, 5>& buttons) {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(Margin);
+  grid->setVerticalSpacing(Spacing);
+  grid->setColumnStretch(1, 1);
+  int line = 0;
+  for (const auto& [button, description] : buttons) {
+    grid->addWidget(button, line, 0);
+    grid->addWidget(new DescriptionLabel(description), line, 1);
+    ++line;
+  }
+  return grid;
+}
+
+}  // namespace
+
+MainProg::MainProg(Services& services, const ProgramFolders& folders)
+    : Form(u"MainProg"_s, u"Velbrin's Brindle 2.91 DX"_s, Escape::IsIgnored),
+      services_(services),
+      folders_(folders),
+      VideoBC(PictureButton(u"VideoBC"_s, u"video_bitrate"_s,
+                            u"Velbrin's Brindle 2 : Video Bitrate Calc"_s)),
+      AudioBC(PictureButton(u"AudioBC"_s, u"audio_bitrate"_s,
+                            u"Velbrin's Brindle 2 : Audio Bitrate Calc"_s)),
+      HDC(PictureButton(u"HDC"_s, u"disk_space"_s, u"Velbrin's Brindle 2 : HD Space Calc"_s)),
+      AVISplitC(PictureButton(u"AVISplitC"_s, u"avi_split"_s,
+                              u"Velbrin's Brindle 2 : AVI Split Calc"_s)),
+      RAR(PictureButton(u"RAR"_s, u"resolution"_s,
+                        u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s)),
+      QuickCon(TextButton(u"QuickCon"_s, u"Quick Converter"_s)),
+      WinCalc(TextButton(u"WinCalc"_s, u"Windows Calculator"_s)),
+      Normalize(PictureButton(u"Normalize"_s, u"normalizer"_s, u"WAV Normalizer (rev3)"_s,
+                              u"Easily normalize any 16bit PCM WAV file"_s)),
+      Adremove(PictureButton(u"Adremove"_s, u"start_up_entry"_s,
+                             u"Disable DivX 5 pro GAIN spyware"_s,
+                             u"Disable DivX 5 pro GAIN spyware"_s)),
+      HelpWin(TextButton(u"HelpWin"_s, u"Help"_s)),
+      Update(TextButton(u"Update"_s, u"Check for Updates"_s,
+                        u"If you are connected to the internet you can check for updates"_s)),
+      SaveOnExit(new QCheckBox(u"Save On Exit"_s)),
+      Defaults(TextButton(u"Defaults"_s, u"Load Defaults"_s, u"Load the default settings"_s)),
+      SaveSettings(TextButton(u"SaveSettings"_s, u"Save Settings"_s, u"Save current settings"_s)),
+      About(TextButton(u"About"_s, u"About..."_s,
+                       u"Some basic info on the program and the author"_s)),
+      Webs(TextButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
+  SaveOnExit->setObjectName(u"SaveOnExit"_s);
+  SaveOnExit->setAccessibleName(SaveOnExit->text());
+  SaveOnExit->setToolTip(u"Save settings upon exiting the program"_s);
+  MakeLayout();
+  WireEvents();
+  EnableWhatExists();
+  Focus().Begin(VideoBC);
+  Form_Load();
+}
+
+void MainProg::MakeLayout() {
+  // clang-format off
+  LayOut(this,
+    Across({
+      Framed(u"Calculators"_s,
+        Down({
+          DescribedButtons({{
+            {VideoBC, u"Calculate the DivX bitrate based on movie length and target size."_s},
+            {AudioBC, u"Calculate the optimal MP3/WMA bitrate after encoding the video."_s},
+            {HDC, u"Calculate the space for the AVI and WAV, AC3 or MP3 files."_s},
+            {AVISplitC, u"Calculate which frames to delete for spliting the AVI to 2 or 3 parts."_s},
+            {RAR, u"Calculate a suitable resolution for video based on the Aspect Ratio."_s},
+          }}),
+          Across({QuickCon, WinCalc}, Spacing),
+        })),
+      Down({
+        Framed(u"Tools"_s, Across({Item::Stretch(), Normalize, Adremove, Item::Stretch()}, Margin)),
+        Framed(u"Extra"_s,
+          Down({
+            HelpWin,
+            Update,
+            SaveOnExit,
+            Defaults,
+            SaveSettings,
+            About,
+            Webs,
+          }, Spacing)),
+        Item::Stretch(),
+      }),
+    }));
+  // clang-format on
+}
+
+void MainProg::WireEvents() {
+  const Wires on(this);
+  on(VideoBC).Click(&MainProg::VideoBC_Click);
+  on(AudioBC).Click(&MainProg::AudioBC_Click);
+  on(HDC).Click(&MainProg::HDC_Click);
+  on(AVISplitC).Click(&MainProg::AVISplitC_Click);
+  on(RAR).Click(&MainProg::RAR_Click);
+  on(QuickCon).Click(&MainProg::QuickCon_Click);
+  on(Normalize).Click(&MainProg::Normalize_Click);
+  on(Update).Click(&MainProg::Update_Click);
+  on(Defaults).Click(&MainProg::Defaults_Click);
+  on(SaveSettings).Click(&MainProg::SaveSettings_Click);
+  on(About).Click(&MainProg::About_Click);
+}
+
+// A button that has nothing behind it yet is disabled instead of pretending.
+void MainProg::EnableWhatExists() {
+  const std::array<std::pair<QPushButton*, WindowId>, 10> opening{{
+      {VideoBC, WindowId::BitrateCalc},
+      {AudioBC, WindowId::AudioCalc},
+      {HDC, WindowId::HDCalc},
+      {AVISplitC, WindowId::AVISplit},
+      {RAR, WindowId::AspectRa},
+      {QuickCon, WindowId::QuickC},
+      {Normalize, WindowId::WavNorm},
+      {Update, WindowId::WebUpdate},
+      {Defaults, WindowId::DefaultW},
+      {About, WindowId::AboutWin},
+  }};
+  for (const auto& [button, id] : opening) {
+    button->setEnabled(services_.windows.Has(id));
+  }
+  for (auto* button : {WinCalc, Adremove, HelpWin, Webs}) {
+    button->setEnabled(false);
+  }
+}
+
+void MainProg::Form_Load() {
+  Settings& record = services_.record;
+  record.SpinRepeatInterval = 0.05F;
+  record.SpinFirstDelay = 0.5F;
+  record.AppFolder = ChooseAppFolder(folders_.program, folders_.config);
+
+  const SettingsFile file(record.AppFolder);
+  const auto content = file.Read();
+  if (const auto* error = std::get_if<FileError>(&content)) {
+    UseDefaultsUnsaved(CannotRead(*error));
+    return;
+  }
+  const auto& bytes = std::get<QByteArray>(content);
+  if (bytes.isEmpty()) {
+    InitDat();
+  } else if (!ReadSettings(bytes)) {
+    if (const auto error = file.KeepUnusable()) {
+      UseDefaultsUnsaved(CannotWrite(*error));
+    } else {
+      InitDat();
+    }
+  }
+}
+
+bool MainProg::ReadSettings(const QByteArray& bytes) {
+  auto read = ReadLines(bytes, services_.record);
+  if (read) {
+    services_.record = std::move(read->record);
+    SaveOnExit->setChecked(read->saveOnExit);
+  }
+  return read.has_value();
+}
+
+// Leaves the file as it is, now and at the end, until the user asks for a save.
+void MainProg::UseDefaultsUnsaved(const QString& reason) {
+  ResetToBuiltIn(services_.record);
+  SaveOnExit->setChecked(false);
+  services_.boxes.Ask(this, reason, BoxButtons::Ok);
+}
+
+void MainProg::InitDat() {
+  ResetToBuiltIn(services_.record);
+  SaveOnExit->setChecked(true);
+  WriteSettings();
+}
+
+void MainProg::WriteSettings() {
+  const SettingsFile file(services_.record.AppFolder);
+  if (const auto error = file.Write(WriteLines(services_.record, SaveOnExit->isChecked()))) {
+    services_.boxes.Ask(this, CannotWrite(*error), BoxButtons::Ok);
+  }
+}
+
+void MainProg::closeEvent(QCloseEvent* event) {
+  if (!std::exchange(unloaded_, true) && SaveOnExit->isChecked()) {
+    WriteSettings();
+  }
+  Form::closeEvent(event);
+}
+
+void MainProg::VideoBC_Click() { services_.windows.Show(WindowId::BitrateCalc); }
+void MainProg::AudioBC_Click() { services_.windows.Show(WindowId::AudioCalc); }
+void MainProg::HDC_Click() { services_.windows.Show(WindowId::HDCalc); }
+void MainProg::AVISplitC_Click() { services_.windows.Show(WindowId::AVISplit); }
+void MainProg::RAR_Click() { GuardedShow(WindowId::AspectRa); }
+void MainProg::QuickCon_Click() { services_.windows.Show(WindowId::QuickC); }
+void MainProg::Normalize_Click() { GuardedShow(WindowId::WavNorm); }
+void MainProg::Update_Click() { services_.windows.Show(WindowId::WebUpdate); }
+void MainProg::Defaults_Click() { services_.windows.Show(WindowId::DefaultW); }
+void MainProg::SaveSettings_Click() { WriteSettings(); }
+void MainProg::About_Click() { services_.windows.Show(WindowId::AboutWin); }
+
+// For the two windows that may lack a shared library on the user's system.
+void MainProg::GuardedShow(WindowId id) {
+  try {
+    services_.windows.Show(id);
+  } catch (const std::exception& error) {
+    const auto text = u"You are missing a shared library file ("_s +
+                      QuotedPart(QString::fromUtf8(error.what())) +
+                      u"). Please visit the program homepage\r\nat : "_s +
+                      services_.product.website +
+                      u" and download the FULL installation package."_s;
+    services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue);
+  }
+}
+
+}  // namespace brindle

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+
+#include "app/input/clock.h"
+#include "app/input/message_boxes.h"
+#include "app/settings/settings.h"
+#include "app/shell/main_prog.h"
+#include "app/shell/splash.h"
+#include "app/shell/system_desktop.h"
+#include "app/shell/window_list.h"
+#include "app/windows/services.h"
+
+namespace brindle {
+
+/// The program from the splash to its end. Everything in it ends with the event loop.
+class Program : public QObject {
+  Q_OBJECT
+
+ public:
+  Program(Product product, ProgramFolders folders);
+
+  /// Shows the splash; the main window follows it.
+  void Start();
+
+  /// Counts as closing the main window: saves when SaveOnExit is ticked, hides everything, ends the
+  /// event loop. While the splash stands there is nothing to save. Only the first call counts.
+  void End();
+
+ private:
+  void ShowMainProg();
+  void HideAllAndExit();
+
+  Product product_;
+  ProgramFolders folders_;
+  Settings record_;
+  SystemClock clock_;
+  ScreenMessageBoxes boxes_;
+  SystemDesktop desktop_;
+  WindowList windows_;
+  Services services_{record_, windows_, clock_, boxes_, desktop_, product_};
+  std::unique_ptr<Splash> splash_;
+  std::unique_ptr<MainProg> mainProg_;
+  bool ended_ = false;
+};
+
+}  // namespace brindle

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+namespace brindle {
+
+/// The part of `text` between its first two single quotes; empty where there are not two.
+[[nodiscard]] QString QuotedPart(const QString& text);
+
+}  // namespace brindle

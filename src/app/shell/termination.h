@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+
+namespace brindle {
+
+/// The system's requests to end the program: termination signals, the end of the desktop session.
+/// There is one in a process.
+class Termination : public QObject {
+  Q_OBJECT
+
+ public:
+  Termination();
+
+ Q_SIGNALS:
+  /// The program shall end now, as if its main window were closed.
+  void Asked();
+
+ private:
+  void WatchSignals();
+  void TakeSignal();
+
+  int readEnd_ = -1;
+};
+
+}  // namespace brindle

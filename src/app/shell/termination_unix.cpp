@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/shell/termination.h"
+
+#include <array>
+#include <csignal>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QGuiApplication>
+#include <QSocketNotifier>
+
+namespace brindle {
+namespace {
+
+// A signal handler may do next to nothing: it writes one byte that wakes the event loop.
+int writeEnd = -1;
+
+void WakeEventLoop(int) {
+  const char byte = 0;
+  [[maybe_unused]] const auto written = write(writeEnd, &byte, 1);
+}
+
+}  // namespace
+
+Termination::Termination() {
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
+  WatchSignals();
+}
+
+void Termination::WatchSignals() {
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    return;  // the signals keep their usual meaning
+  }
+  readEnd_ = ends[0];
+  writeEnd = ends[1];
+  auto* notifier = new QSocketNotifier(readEnd_, QSocketNotifier::Read, this);
+  connect(notifier, &QSocketNotifier::activated, this, &Termination::TakeSignal);
+
+  struct sigaction action = {};
+  action.sa_handler = WakeEventLoop;  // NOLINT(cppcoreguidelines-pro-type-union-access): POSIX's form
+  action.sa_flags = SA_RESTART;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    sigaction(signal, &action, nullptr);
+  }
+  // A file that must not grow is an error of that write, not the end of the program.
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void Termination::TakeSignal() {
+  char byte = 0;
+  [[maybe_unused]] const auto taken = read(readEnd_, &byte, 1);
+  Q_EMIT Asked();
+}
+
+}  // namespace brindle

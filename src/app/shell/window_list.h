@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include <QObject>
+
+#include "app/input/form.h"
+#include "app/windows/windows.h"
+
+namespace brindle {
+
+/// Owns the windows that other windows open, at most one of each kind. A window that is closed is
+/// deleted once control is back in the event loop; the next show makes a new one.
+class WindowList : public QObject, public Windows {
+  Q_OBJECT
+
+ public:
+  /// Makes a window whole, or throws.
+  using Factory = std::function<std::unique_ptr<Form>()>;
+
+  /// Tells how a kind of window is made.
+  void Add(WindowId id, Factory factory);
+
+  [[nodiscard]] bool Has(WindowId id) const override;
+  void Show(WindowId id) override;
+
+ private:
+  void Forget(WindowId id);
+
+  std::map<WindowId, Factory> factories_;
+  std::map<WindowId, std::unique_ptr<Form>> windows_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+#include "app/input/clock.h"
+#include "app/input/message_boxes.h"
+#include "app/settings/settings.h"
+#include "app/windows/desktop.h"
+#include "app/windows/windows.h"
+
+namespace brindle {
+
+/// What belongs to the author and is set when the program is built.
+struct Product {
+  QString website;
+  QString updatePage;
+  QString mail;
+  QString author;  ///< the author's name and years
+};
+
+/// All that a window may ask of the program. It outlives every window.
+struct Services {
+  Settings& record;
+  Windows& windows;
+  Clock& clock;
+  MessageBoxes& boxes;
+  Desktop& desktop;
+  const Product& product;
+};
+
+}  // namespace brindle

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace brindle {
+
+/// Every window that another window can open.
+enum class WindowId {
+  BitrateCalc,
+  AudioCalc,
+  HDCalc,
+  AVISplit,
+  AspectRa,
+  QuickC,
+  WavNorm,
+  Advanced,
+  AboutWin,
+  WebUpdate,
+  DefaultW,
+};
+
+/// The list of windows as a window sees it.
+class Windows {
+ public:
+  Windows() = default;
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
+  Windows(Windows&&) = delete;
+  Windows& operator=(Windows&&) = delete;
+  virtual ~Windows() = default;
+
+  /// Whether this program can open the window at all.
+  [[nodiscard]] virtual bool Has(WindowId id) const = 0;
+
+  /// Shows the one window of this kind, without making the others wait: creates it when it does not
+  /// exist, else brings it to the front. What its creation throws comes out; no window is left then.
+  virtual void Show(WindowId id) = 0;
+};
+
+}  // namespace brindle
