@@ -33,7 +33,6 @@ constexpr double MostSeconds = 99.999;
 
 const auto WidestSize = u"8888888.8MB"_s;
 
-
 // A size that is 0 or negative, or out of range, is shown as nothing.
 QString SizeText(double megaBytes) {
   if (!std::isfinite(megaBytes) || megaBytes <= 0) {
@@ -68,47 +67,36 @@ void TakeWholePart(TextField* field, double limit) {
 }  // namespace
 
 BitrateCalc::BitrateCalc(Services& services)
-    : Form(u"BitrateCalc"_s,
-           u"Velbrin's Brindle 2 : Video Bitrate Calc"_s),
+    : Form(u"BitrateCalc"_s, u"Velbrin's Brindle 2 : Video Bitrate Calc"_s),
       services_(services),
       record_(services.record),
       spin_(*this, services.clock, services.record),
-      Audio(new EditableList(u"Audio"_s,
-                             u"Audio bitrate in kbps (assumes constant bitrate)"_s)),
-      CDs(new EditableList(u"CDs"_s,
-                           u"Number of CD's to fit the movie on"_s)),
+      Audio(new EditableList(u"Audio"_s, u"Audio bitrate in kbps (assumes constant bitrate)"_s)),
+      CDs(new EditableList(u"CDs"_s, u"Number of CD's to fit the movie on"_s)),
       MLength(new TextField(u"MLength"_s, u"Movie length in minutes"_s)),
       MLengthP(new SpinButton(u"MLengthP"_s, SpinDirection::Plus)),
       MLengthM(new SpinButton(u"MLengthM"_s, SpinDirection::Minus)),
       Time1(new TextField(u"Time1"_s, u"Movie running time (Hours)"_s)),
       Time2(new TextField(u"Time2"_s, u"Movie running time (Minutes)"_s)),
       Time3(new TextField(u"Time3"_s, u"Movie running time (Seconds)"_s)),
-      Capacity(new EditableList(
-          u"Capacity"_s,
-          u"Size of the storage medium, or AVI target size in Megabytes"_s)),
+      Capacity(new EditableList(u"Capacity"_s,
+                                u"Size of the storage medium, or AVI target size in Megabytes"_s)),
       Extra(new TextField(
-          u"Extra"_s,
-          u"Reserve diskspace in Megabytes for extra material (Trailers, menus...)"_s)),
+          u"Extra"_s, u"Reserve diskspace in Megabytes for extra material (Trailers, menus...)"_s)),
       ExtraP(new SpinButton(u"ExtraP"_s, SpinDirection::Plus)),
       ExtraM(new SpinButton(u"ExtraM"_s, SpinDirection::Minus)),
       DivX(u"DivX"_s),
       Advance(new QPushButton(u"Advanced"_s)),
-      Interl(new ValueLabel(
-          u"Interl"_s,
-          u"Indicates whether Interleaving is being calculated (Advanced)"_s,
-          {u"OFF"_s})),
+      Interl(new ValueLabel(u"Interl"_s,
+                            u"Indicates whether Interleaving is being calculated (Advanced)"_s,
+                            {u"OFF"_s})),
       Result(new ResultField(
-          u"Result"_s,
-          u"Video bitrate setting for DivX 3 (low-motion) or DivX 4/5 (2-pass)"_s, 6)),
-      Stat{new ValueLabel(u"Stat(0)"_s, u"Total size of the video."_s,
-                          {WidestSize}),
-           new ValueLabel(u"Stat(1)"_s, u"Total size of the audio."_s,
-                          {WidestSize}),
-           new ValueLabel(u"Stat(2)"_s,
-                          u"Total size of the AVI overhead."_s, {WidestSize})},
+          u"Result"_s, u"Video bitrate setting for DivX 3 (low-motion) or DivX 4/5 (2-pass)"_s, 6)),
+      Stat{new ValueLabel(u"Stat(0)"_s, u"Total size of the video."_s, {WidestSize}),
+           new ValueLabel(u"Stat(1)"_s, u"Total size of the audio."_s, {WidestSize}),
+           new ValueLabel(u"Stat(2)"_s, u"Total size of the AVI overhead."_s, {WidestSize})},
       Qual(new ValueLabel(
-          u"Qual"_s,
-          u"Estimated quality is a very coarse estimation for a 640x... resolution"_s,
+          u"Qual"_s, u"Estimated quality is a very coarse estimation for a 640x... resolution"_s,
           {u"Max. setting is 10000"_s})) {
   MakeLayout();
   WireEvents();
@@ -119,15 +107,15 @@ BitrateCalc::BitrateCalc(Services& services)
 void BitrateCalc::MakeLayout() {
   const auto timeLabel = u"Hr:Min:Secs :"_s;
   const auto divXLabel = u"DivX version :"_s;
-  auto* divX3 = DivX.Add(
-      0, u"3"_s,
-      u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
-  auto* divX4 = DivX.Add(
-      1, u"4/5"_s,
-      u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
+  auto* divX3 =
+      DivX.Add(0, u"3"_s, u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
+  auto* divX4 =
+      DivX.Add(1, u"4/5"_s, u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
   Advance->setObjectName(u"Advance"_s);
   Advance->setToolTip(u"Advanced interleaving settings"_s);
   Advance->setAccessibleName(Advance->text());
+  // Nothing pretends: without the overhead window there is nothing to open.
+  Advance->setEnabled(services_.windows.Has(WindowId::Advanced));
   NameByTooltip(timeLabel, {Time1, Time2, Time3});
   NameByTooltip(divXLabel, {divX3, divX4});
   for (auto* part : {Time1, Time2, Time3}) {
@@ -171,28 +159,53 @@ void BitrateCalc::MakeLayout() {
 void BitrateCalc::WireEvents() {
   using Self = BitrateCalc;
   const Wires on(this);
-  on(Audio).Click(&Self::Audio_Click).KeyUp(&Self::Audio_KeyUp)
-      .LostFocus(&Self::Audio_LostFocus).GotFocus(&Self::Audio_GotFocus);
-  on(CDs).Click(&Self::CDs_Click).KeyUp(&Self::CDs_KeyUp)
-      .GotFocus(&Self::CDs_GotFocus).LostFocus(&Self::CDs_LostFocus);
-  on(MLength).GotFocus(&Self::MLength_GotFocus).KeyUp(&Self::MLength_KeyUp)
-      .MouseDown(&Self::MLength_MouseDown).LostFocus(&Self::MLength_LostFocus)
+  on(Audio)
+      .Click(&Self::Audio_Click)
+      .KeyUp(&Self::Audio_KeyUp)
+      .LostFocus(&Self::Audio_LostFocus)
+      .GotFocus(&Self::Audio_GotFocus);
+  on(CDs)
+      .Click(&Self::CDs_Click)
+      .KeyUp(&Self::CDs_KeyUp)
+      .GotFocus(&Self::CDs_GotFocus)
+      .LostFocus(&Self::CDs_LostFocus);
+  on(MLength)
+      .GotFocus(&Self::MLength_GotFocus)
+      .KeyUp(&Self::MLength_KeyUp)
+      .MouseDown(&Self::MLength_MouseDown)
+      .LostFocus(&Self::MLength_LostFocus)
       .Arrows(MLengthP, MLengthM);
   on(MLengthP).MouseDown(&Self::MLengthP_MouseDown).MouseUp(&Self::MLengthP_MouseUp);
   on(MLengthM).MouseDown(&Self::MLengthM_MouseDown).MouseUp(&Self::MLengthM_MouseUp);
-  on(Time1).GotFocus(&Self::Time1_GotFocus).KeyPress(&Self::Time1_KeyPress)
-      .KeyUp(&Self::Time1_KeyUp).MouseDown(&Self::Time1_MouseDown)
+  on(Time1)
+      .GotFocus(&Self::Time1_GotFocus)
+      .KeyPress(&Self::Time1_KeyPress)
+      .KeyUp(&Self::Time1_KeyUp)
+      .MouseDown(&Self::Time1_MouseDown)
       .LostFocus(&Self::Time1_LostFocus);
-  on(Time2).GotFocus(&Self::Time2_GotFocus).KeyPress(&Self::Time2_KeyPress)
-      .KeyUp(&Self::Time2_KeyUp).MouseDown(&Self::Time2_MouseDown)
+  on(Time2)
+      .GotFocus(&Self::Time2_GotFocus)
+      .KeyPress(&Self::Time2_KeyPress)
+      .KeyUp(&Self::Time2_KeyUp)
+      .MouseDown(&Self::Time2_MouseDown)
       .LostFocus(&Self::Time2_LostFocus);
-  on(Time3).GotFocus(&Self::Time3_GotFocus).KeyPress(&Self::Time3_KeyPress)
-      .KeyUp(&Self::Time3_KeyUp).MouseDown(&Self::Time3_MouseDown)
-      .MouseUp(&Self::Time3_MouseUp).LostFocus(&Self::Time3_LostFocus);
-  on(Capacity).Click(&Self::Capacity_Click).KeyUp(&Self::Capacity_KeyUp)
-      .GotFocus(&Self::Capacity_GotFocus).LostFocus(&Self::Capacity_LostFocus);
-  on(Extra).GotFocus(&Self::Extra_GotFocus).KeyUp(&Self::Extra_KeyUp)
-      .MouseUp(&Self::Extra_MouseUp).Arrows(ExtraP, ExtraM);
+  on(Time3)
+      .GotFocus(&Self::Time3_GotFocus)
+      .KeyPress(&Self::Time3_KeyPress)
+      .KeyUp(&Self::Time3_KeyUp)
+      .MouseDown(&Self::Time3_MouseDown)
+      .MouseUp(&Self::Time3_MouseUp)
+      .LostFocus(&Self::Time3_LostFocus);
+  on(Capacity)
+      .Click(&Self::Capacity_Click)
+      .KeyUp(&Self::Capacity_KeyUp)
+      .GotFocus(&Self::Capacity_GotFocus)
+      .LostFocus(&Self::Capacity_LostFocus);
+  on(Extra)
+      .GotFocus(&Self::Extra_GotFocus)
+      .KeyUp(&Self::Extra_KeyUp)
+      .MouseUp(&Self::Extra_MouseUp)
+      .Arrows(ExtraP, ExtraM);
   on(ExtraP).MouseDown(&Self::ExtraP_MouseDown).MouseUp(&Self::ExtraP_MouseUp);
   on(ExtraM).MouseDown(&Self::ExtraM_MouseDown).MouseUp(&Self::ExtraM_MouseUp);
   on(&DivX).Click(&Self::DivX_Click);
@@ -211,8 +224,8 @@ void BitrateCalc::Form_Load() {
   MLength->Write(ToQString(MinutesText(record_.MovieLength)));
   DivX.Select(record_.DivXOption);
   DivXFactor = DivXFactorOf(record_.DivXOption);
-  Audio->Fill({u"0"_s, u"32"_s, u"64"_s, u"96"_s, u"112"_s, u"128"_s, u"160"_s, u"192"_s, u"224"_s, u"256"_s, u"320"_s, u"384"_s, u"448"_s,
-               u"512"_s, u"576"_s, u"640"_s});
+  Audio->Fill({u"0"_s, u"32"_s, u"64"_s, u"96"_s, u"112"_s, u"128"_s, u"160"_s, u"192"_s, u"224"_s,
+               u"256"_s, u"320"_s, u"384"_s, u"448"_s, u"512"_s, u"576"_s, u"640"_s});
   CDs->Fill({u"1"_s, u"2"_s, u"3"_s, u"4"_s});
   Capacity->Fill({u"648"_s, u"650"_s, u"654"_s, u"700"_s, u"800"_s, u"880"_s});
   ShowInterleaving();
@@ -377,11 +390,11 @@ void BitrateCalc::FillBlankFields(Editing editing) {
     TextField* field;
     const char* text;
   };
-  for (const auto& [code, field, text] : {Default{Editing::Audio, Audio->Field(), "0"},
-                                          Default{Editing::Capacity, Capacity->Field(), "1"},
-                                          Default{Editing::CDs, CDs->Field(), "1"},
-                                          Default{Editing::Extra, Extra, "0"},
-                                          Default{Editing::MLength, MLength, "1"}}) {
+  for (const auto& [code, field, text] :
+       {Default{Editing::Audio, Audio->Field(), "0"},
+        Default{Editing::Capacity, Capacity->Field(), "1"},
+        Default{Editing::CDs, CDs->Field(), "1"}, Default{Editing::Extra, Extra, "0"},
+        Default{Editing::MLength, MLength, "1"}}) {
     if (code != editing) {
       FillBlank(field, QString::fromLatin1(text));
     }

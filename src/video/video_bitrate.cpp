@@ -25,10 +25,10 @@ struct Scale {
   std::string_view aboveMaximum;
 };
 
-// Version 3 deliberately has the one band "Average-Good" where the later versions have "Average" and
-// "Good".
+// Version 3 deliberately has the one band "Average-Good" where the later versions have "Average"
+// and "Good".
 constexpr std::array Version3{
-    Band{0, "Very Poor"},     Band{500, "Poor"},       Band{700, "Medium-Poor"},
+    Band{0, "Very Poor"},      Band{500, "Poor"},       Band{700, "Medium-Poor"},
     Band{900, "Average-Good"}, Band{1100, "Very Good"}, Band{1500, "Excellent"},
     Band{2500, "Maximum"},
 };

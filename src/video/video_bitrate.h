@@ -11,18 +11,19 @@ namespace brindle {
 
 /// What the video bitrate depends on.
 struct VideoBitrateInputs {
-  double discMegaBytes = 0;                 ///< capacity of one disc; 1 MB = 1024 KB
+  double discMegaBytes = 0;  ///< capacity of one disc; 1 MB = 1024 KB
   double discs = 0;
-  double extraMegaBytes = 0;                ///< reserved for extra material
-  double minutes = 0;                       ///< running time
-  double audioKiloBits = 0;                 ///< audio bitrate in kbit/s of 1000 bits
-  double overheadKiloBytesPerSecond = 0;    ///< video frame and audio interleave overhead together
-  double divXFactor = 1;                    ///< see DivXFactorOf()
+  double extraMegaBytes = 0;              ///< reserved for extra material
+  double minutes = 0;                     ///< running time
+  double audioKiloBits = 0;               ///< audio bitrate in kbit/s of 1000 bits
+  double overheadKiloBytesPerSecond = 0;  ///< video frame and audio interleave overhead together
+  double divXFactor = 1;                  ///< see DivXFactorOf()
 };
 
-/// A bitrate and three sizes; all 0 where there is no running time. A value out of range is not finite.
+/// A bitrate and three sizes; all 0 where there is no running time. A value out of range is not
+/// finite.
 struct VideoBitrate {
-  double kiloBits = 0;           ///< video bitrate, in 1024 bits/s at factor 1, 1000 at factor 1.024
+  double kiloBits = 0;  ///< video bitrate, in 1024 bits/s at factor 1, 1000 at factor 1.024
   double videoMegaBytes = 0;
   double audioMegaBytes = 0;
   double overheadMegaBytes = 0;
@@ -34,9 +35,10 @@ struct VideoBitrate {
 [[nodiscard]] double DivXFactorOf(std::int16_t option);
 
 /// The video bitrate that fills the discs exactly, and what the parts of the file take. Nothing is
-/// clamped: discs too small for the rest give a bitrate below 0. A running time of 0 or less gives 0
-/// throughout. Example: 700 MB, 1 disc, 100 minutes, 128 kbit/s of audio, 1.171875 KB/s of overhead,
-/// factor 1.024: 841.07 kbit/s, 601.59 MB of video, 91.55 MB of audio, 6.87 MB of overhead.
+/// clamped: discs too small for the rest give a bitrate below 0. A running time of 0 or less gives
+/// 0 throughout. Example: 700 MB, 1 disc, 100 minutes, 128 kbit/s of audio, 1.171875 KB/s of
+/// overhead, factor 1.024: 841.07 kbit/s, 601.59 MB of video, 91.55 MB of audio, 6.87 MB of
+/// overhead.
 [[nodiscard]] VideoBitrate ComputeVideoBitrate(const VideoBitrateInputs& inputs);
 
 /// A coarse rating of a video bitrate (as ComputeVideoBitrate() gives it) for a codec generation;

@@ -65,10 +65,7 @@ class Gallery {
  public:
   Gallery(QDir folder, QString label) : folder_(std::move(folder)), label_(std::move(label)) {}
 
-  bool Take(QWidget& window) {
-    window.show();
-    window.activateWindow();
-    QApplication::processEvents();
+  bool Take(QWidget& window) const {
     const auto path = folder_.filePath(window.objectName() + u'-' + label_ + u".png"_s);
     const bool saved = window.grab().save(path);
     if (!saved) {
@@ -82,7 +79,7 @@ class Gallery {
   QString label_;
 };
 
-int TakeAll(Gallery gallery) {
+int TakeAll(const Gallery& gallery) {
   const QTemporaryDir folder;
   Settings record;
   WindowList windows;
@@ -92,16 +89,20 @@ int TakeAll(Gallery gallery) {
   Services services{record, windows, clock, silence, silence, product};
   AddAllWindows(windows, services, [] {});
 
-  bool saved = true;
   Splash splash(services);
-  saved &= gallery.Take(splash);
-  splash.hide();
+  splash.show();
   MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
+  mainProg.show();
   SetRealisticFigures(record);
-  saved &= gallery.Take(mainProg);
   for (const auto id : {WindowId::BitrateCalc, WindowId::DefaultW}) {
     windows.Show(id);
-    saved &= gallery.Take(*QApplication::activeWindow());
+  }
+  QApplication::processEvents();
+  bool saved = true;
+  for (auto* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) {
+      saved &= gallery.Take(*window);
+    }
   }
   return saved ? 0 : 1;
 }

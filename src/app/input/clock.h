@@ -25,8 +25,8 @@ class Clock {
   /// Seconds since local midnight; falls back to 0 when the day ends.
   [[nodiscard]] virtual float SecondsSinceMidnight() const = 0;
 
-  /// Runs `action` once from the event loop when about `seconds` have passed; never when `context` is
-  /// destroyed before.
+  /// Runs `action` once from the event loop when about `seconds` have passed; never when `context`
+  /// is destroyed before.
   virtual void After(double seconds, QObject* context, std::function<void()> action) = 0;
 };
 

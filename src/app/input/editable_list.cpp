@@ -14,7 +14,6 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-
 EditableList::EditableList(const QString& name, const QString& tooltip)
     : field_(new TextField(name + u"Text"_s, tooltip)) {
   setObjectName(name);

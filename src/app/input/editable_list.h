@@ -11,9 +11,9 @@
 
 namespace brindle {
 
-/// A field with a drop-down list of usual values. It completes nothing, adds nothing to its list, and
-/// heeds the wheel only while it has the focus. activated() is emitted for what the user picks, with
-/// mouse or keyboard, and for nothing else.
+/// A field with a drop-down list of usual values. It completes nothing, adds nothing to its list,
+/// and heeds the wheel only while it has the focus. activated() is emitted for what the user picks,
+/// with mouse or keyboard, and for nothing else.
 class EditableList : public QComboBox {
   Q_OBJECT
 

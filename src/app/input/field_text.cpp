@@ -18,7 +18,9 @@ QString ToQString(const std::string& text) { return QString::fromStdString(text)
 
 double NumberIn(const TextField* field) { return NumberOf(field->text().toStdString()); }
 
-double LeadingNumberIn(const TextField* field) { return LeadingNumber(field->text().toStdString()); }
+double LeadingNumberIn(const TextField* field) {
+  return LeadingNumber(field->text().toStdString());
+}
 
 bool IsEmpty(const TextField* field) { return field->text().isEmpty(); }
 

@@ -12,8 +12,8 @@
 namespace brindle {
 
 /// Tells a window which of its controls has the focus, the way its handlers understand it: a move
-/// from one control of the window to another. Switching windows, opening a menu or a drop-down list,
-/// and closing the window are none. The left control's handler runs first.
+/// from one control of the window to another. Switching windows, opening a menu or a drop-down
+/// list, and closing the window are none. The left control's handler runs first.
 class FocusTracker : public QObject {
   Q_OBJECT
 

@@ -10,8 +10,8 @@
 
 namespace brindle {
 
-/// A window of the program. It knows which of its controls has the focus, closes on Escape (after the
-/// field's own handler; an open list takes it first), and tells once when it has been closed.
+/// A window of the program. It knows which of its controls has the focus, closes on Escape (after
+/// the field's own handler; an open list takes it first), and tells once when it has been closed.
 class Form : public QWidget {
   Q_OBJECT
 

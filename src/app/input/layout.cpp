@@ -24,7 +24,6 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-
 namespace {
 
 QString AccessibleName(const QString& label, const QWidget* control) {
@@ -32,8 +31,7 @@ QString AccessibleName(const QString& label, const QWidget* control) {
   if (spin == nullptr) {
     return label;
   }
-  return label + (spin->Direction() == SpinDirection::Plus ? u" plus"_s
-                                                           : u" minus"_s);
+  return label + (spin->Direction() == SpinDirection::Plus ? u" plus"_s : u" minus"_s);
 }
 
 QBoxLayout* Filled(QBoxLayout* box, std::initializer_list<Item> items, int spacing) {
@@ -76,7 +74,7 @@ ValueLabel::ValueLabel(const QString& name, const QString& tooltip, const QStrin
 QSize ValueLabel::sizeHint() const {
   QSize size = QLabel::sizeHint();
   for (const auto& text : widest_) {
-    size.setWidth(std::max(size.width(), fontMetrics().horizontalAdvance(text)));
+    size.setWidth(std::max(size.width(), fontMetrics().size(0, text).width()));
   }
   return size.expandedTo({0, fontMetrics().height()});
 }

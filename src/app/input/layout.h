@@ -89,7 +89,8 @@ void NameByTooltip(const QString& label, std::initializer_list<QWidget*> control
 /// A node of a window's layout tree: a widget, another layout, or room that stretches.
 class Item {
  public:
-  Item(QWidget* widget) : widget_(widget) {}  // NOLINT(google-explicit-constructor): a tree of nodes
+  Item(QWidget* widget)
+      : widget_(widget) {}  // NOLINT(google-explicit-constructor): a tree of nodes
   Item(QLayout* layout) : layout_(layout) {}  // NOLINT(google-explicit-constructor)
   static Item Stretch() { return Item(static_cast<QWidget*>(nullptr)); }
 
@@ -103,7 +104,8 @@ class Item {
 [[nodiscard]] QBoxLayout* Across(std::initializer_list<Item> items, int spacing = FrameSpacing);
 [[nodiscard]] QBoxLayout* Down(std::initializer_list<Item> items, int spacing = FrameSpacing);
 
-/// Frames in a grid: each inner list is a row of equally high frames, each column equally wide ones.
+/// Frames in a grid: each inner list is a row of equally high frames, each column equally wide
+/// ones.
 [[nodiscard]] QLayout* Tiles(std::initializer_list<std::initializer_list<QWidget*>> rows);
 
 /// Puts the tree into the window, which is from then on exactly as large as its contents ask for,

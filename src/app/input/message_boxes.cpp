@@ -23,8 +23,7 @@ struct Button {
   BoxAnswer answer = BoxAnswer::Ok;
 };
 
-// The buttons in the order in which they stand; the last member says which one Escape and the close
-// box stand for, if any: a question with Yes and No must be answered.
+// The buttons in the order in which they stand. Escape and the close box mean OK, No or Cancel.
 std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::Ok:

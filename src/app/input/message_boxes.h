@@ -16,7 +16,8 @@ namespace brindle {
 enum class BoxButtons { Ok, YesNo, CancelTryAgainContinue };
 enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
 
-/// Message boxes as the windows ask for them: plain text, the whole program stops while one is open.
+/// Message boxes as the windows ask for them: plain text, the whole program stops while one is
+/// open.
 class MessageBoxes {
  public:
   MessageBoxes() = default;
@@ -26,8 +27,8 @@ class MessageBoxes {
   MessageBoxes& operator=(MessageBoxes&&) = delete;
   virtual ~MessageBoxes() = default;
 
-  /// Returns when the user has answered, or with nothing when `owner` or the program goes away under
-  /// the open box; then the caller must not touch its window any more.
+  /// Returns when the user has answered, or with nothing when `owner` or the program goes away
+  /// under the open box; then the caller must not touch its window any more.
   virtual std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) = 0;
 };
 

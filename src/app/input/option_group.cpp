@@ -10,7 +10,6 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-
 OptionButton::OptionButton(const QString& array, int index, const QString& caption,
                            const QString& tooltip)
     : QRadioButton(caption), index_(index) {

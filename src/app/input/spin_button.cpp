@@ -10,9 +10,7 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-
-SpinButton::SpinButton(const QString& name, SpinDirection direction)
-    : direction_(direction) {
+SpinButton::SpinButton(const QString& name, SpinDirection direction) : direction_(direction) {
   setObjectName(name);
   setFocusPolicy(Qt::NoFocus);
   setText(direction == SpinDirection::Plus ? u"+"_s : u"\u2212"_s);

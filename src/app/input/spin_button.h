@@ -9,8 +9,9 @@ namespace brindle {
 
 enum class SpinDirection { Plus, Minus };
 
-/// One of the two small buttons beside a field. It takes no focus and no place in the tab order, and
-/// heeds the left mouse button only; the second press of a double click is a press like any other.
+/// One of the two small buttons beside a field. It takes no focus and no place in the tab order,
+/// and heeds the left mouse button only; the second press of a double click is a press like any
+/// other.
 class SpinButton : public QToolButton {
   Q_OBJECT
 

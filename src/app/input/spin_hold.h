@@ -31,8 +31,8 @@ struct SpinPress {
 /// gets the focus. A release before the first delay is over ends it there. The extra step is
 /// deliberate.
 ///
-/// A press while an older one still waits for its extra step suspends the older one: it goes on when
-/// the newer one has ended.
+/// A press while an older one still waits for its extra step suspends the older one: it goes on
+/// when the newer one has ended.
 class SpinHold : public QObject {
   Q_OBJECT
 

@@ -23,8 +23,12 @@ bool MakesCharacter(const QKeyEvent& event) {
     case Qt::Key_Escape:
       return true;
     default:
-      return !event.text().isEmpty() && event.text().front().isPrint();
+      break;
   }
+  // Ctrl with a letter is a command; Ctrl and Alt together are how some keyboards make characters.
+  const bool isCommand =
+      (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+  return !isCommand && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 bool IsModifier(int key) {
@@ -85,8 +89,8 @@ QSize TextField::sizeHint() const {
   const int width = fontMetrics().horizontalAdvance(u'0') * visibleDigits_ + margins.left() +
                     margins.right() + innerMargins;
   const int height = QLineEdit::sizeHint().height();
-  const auto styled =
-      style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(width, fontMetrics().height()), this);
+  const auto styled = style()->sizeFromContents(QStyle::CT_LineEdit, &option,
+                                                QSize(width, fontMetrics().height()), this);
   return {styled.width(), height};
 }
 

@@ -9,8 +9,8 @@
 
 namespace brindle {
 
-/// A field for one number, alone or as the text part of an EditableList. It tells its window of keys
-/// and mouse buttons the way the windows' handlers count them, and repairs nothing by itself.
+/// A field for one number, alone or as the text part of an EditableList. It tells its window of
+/// keys and mouse buttons the way the windows' handlers count them, and repairs nothing by itself.
 class TextField : public QLineEdit {
   Q_OBJECT
 
@@ -33,10 +33,11 @@ class TextField : public QLineEdit {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  /// A key that makes a character, Backspace, Enter or Escape went down; the field has not taken it.
+  /// A key that makes a character, Backspace, Enter or Escape went down; the field has not taken
+  /// it.
   void KeyPress();
-  /// A key was let go (none of Tab, Shift, Ctrl, Alt, Meta; no auto-repeat), or the user changed the
-  /// text without a key: by a menu, a drop, an input method.
+  /// A key was let go (none of Tab, Shift, Ctrl, Alt, Meta; no auto-repeat), or the user changed
+  /// the text without a key: by a menu, a drop, an input method.
   void KeyUp();
   void MouseDown();
   void MouseUp();

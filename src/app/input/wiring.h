@@ -34,9 +34,7 @@ class Wire {
     window_->Focus().OnLostFocus(control_, Bound(handler));
     return *this;
   }
-  Wire& KeyPress(Handler handler) {
-    return Connected(Field(), &TextField::KeyPress, handler);
-  }
+  Wire& KeyPress(Handler handler) { return Connected(Field(), &TextField::KeyPress, handler); }
   Wire& KeyUp(Handler handler) { return Connected(Field(), &TextField::KeyUp, handler); }
   Wire& MouseDown(Handler handler) {
     if constexpr (std::same_as<Control, SpinButton>) {

@@ -108,8 +108,6 @@ DecimalDigits Rounded(DecimalDigits number, int decimals, Tie tie) {
   return number;
 }
 
-double ValueOf(const DecimalDigits& number) {
-  return NumberOf(Scientific(number));
-}
+double ValueOf(const DecimalDigits& number) { return NumberOf(Scientific(number)); }
 
 }  // namespace brindle

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsSign(char c) { return c == '-' || c == '+'; }
 
 std::string_view WithoutLeadingBlanks(std::string_view text) {
-  const auto first = std::find_if_not(text.begin(), text.end(), IsBlank);
+  const auto* const first = std::find_if_not(text.begin(), text.end(), IsBlank);
   text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
   return text;
 }
@@ -30,7 +31,7 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
 bool IsAllBlanks(std::string_view text) { return std::all_of(text.begin(), text.end(), IsBlank); }
 
 std::size_t CountDigits(std::string_view text) {
-  const auto end = std::find_if_not(text.begin(), text.end(), IsDigit);
+  const auto* const end = std::find_if_not(text.begin(), text.end(), IsDigit);
   return static_cast<std::size_t>(end - text.begin());
 }
 
@@ -79,18 +80,20 @@ bool IsBelowRange(std::string_view number) {
     return true;
   }
   const auto period = std::min(mantissa.find('.'), mantissa.size());
-  const auto place = static_cast<long>(period) - static_cast<long>(first);
+  const auto place = static_cast<std::int64_t>(period) - static_cast<std::int64_t>(first);
   auto exponentText = From(number, e + 1);
   if (exponentText.starts_with('+')) {
     exponentText.remove_prefix(1);
   }
-  long exponent = 0;
+  std::int64_t exponent = 0;
   const auto read =
       std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
   if (read.ec == std::errc::result_out_of_range) {
     return exponentText.starts_with('-');
   }
-  return place + exponent < 0;
+  // No text is long enough to make up for an exponent as large as this.
+  constexpr std::int64_t farAway = 1'000'000'000;
+  return place + std::clamp(exponent, -farAway, farAway) < 0;
 }
 
 // The value of a text that has the form of a number and nothing around it; nothing where it is not
@@ -115,7 +118,10 @@ std::optional<double> NumericValue(std::string_view text) {
   return ValueOfForm(number.substr(0, length));
 }
 
-std::string Zeros(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), '0'); }
+std::string Zeros(int count) {
+  std::string zeros(static_cast<std::size_t>(std::max(count, 0)), '0');
+  return zeros;
+}
 
 // Whole digits and decimals of a number, without sign and period; "" and "" for zero.
 struct PlainDigits {
@@ -133,6 +139,11 @@ PlainDigits Plain(const DecimalDigits& number) {
   }
   const auto split = static_cast<std::size_t>(number.exponent);
   return {number.digits.substr(0, split), number.digits.substr(split)};
+}
+
+std::size_t CountPlaces(std::string_view pattern) {
+  return static_cast<std::size_t>(
+      std::count_if(pattern.begin(), pattern.end(), [](char c) { return c == '0' || c == '#'; }));
 }
 
 std::string Written(const DecimalDigits& number) {
@@ -179,7 +190,7 @@ std::string TextOfSingle(float value) {
 }
 
 std::string TextWhileTyping(std::string_view typed, double value) {
-  const auto text = TextOf(value);
+  auto text = TextOf(value);
   const auto period = typed.find('.');
   if (period == std::string_view::npos ||
       !std::all_of(typed.begin() + static_cast<std::ptrdiff_t>(period) + 1, typed.end(), IsDigit)) {
@@ -193,7 +204,7 @@ std::string TextWhileTyping(std::string_view typed, double value) {
   if (tail.empty() || tail.starts_with('.') == continuesFraction || NumberOf(typed) != value) {
     return text;
   }
-  const auto candidate = text + std::string(tail);
+  auto candidate = text + std::string(tail);
   return NumberOf(candidate) == NumberOf(text) ? candidate : text;
 }
 
@@ -203,18 +214,14 @@ std::string Formatted(double value, std::string_view pattern) {
   }
   const auto period = std::min(pattern.find('.'), pattern.size());
   const auto wholePattern = pattern.substr(0, period);
-  std::string fractionPattern;
-  for (const char c : From(pattern, period + 1)) {
-    if (c == '0' || c == '#') {
-      fractionPattern += c;
-    }
-  }
-  const auto wholeNeeded =
-      static_cast<std::size_t>(std::count(wholePattern.begin(), wholePattern.end(), '0'));
+  const auto fractionPattern = From(pattern, period + 1);
+  const auto firstZero = std::min(wholePattern.find('0'), wholePattern.size());
+  const auto wholeNeeded = CountPlaces(wholePattern.substr(firstZero));
   const auto lastZero = fractionPattern.rfind('0');
-  const auto decimalsNeeded = lastZero == std::string::npos ? 0 : lastZero + 1;
+  const auto decimalsNeeded =
+      lastZero == std::string_view::npos ? 0 : CountPlaces(fractionPattern.substr(0, lastZero + 1));
 
-  const auto number = Rounded(FifteenDigits(value), static_cast<int>(fractionPattern.size()),
+  const auto number = Rounded(FifteenDigits(value), static_cast<int>(CountPlaces(fractionPattern)),
                               Tie::AwayFromZero);
   auto shown = Plain(number);
   if (shown.whole.size() < wholeNeeded) {

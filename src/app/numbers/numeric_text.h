@@ -27,27 +27,28 @@ namespace brindle {
 
 /// The number in at most 15 significant digits, rounded on its exact value, without trailing zeros:
 /// plain digits where the rounded number lies in 1e-15 <= |x| < 1e21 ("0.5", "1024"), else with an
-/// exponent ("1.5E+300", "2E-16"); "0" for both zeros, empty for what is not finite. NumberOf() reads
-/// every non-empty result back as a finite number: the very largest doubles, whose 15 digits would
-/// round up beyond the range, are written one step lower.
+/// exponent ("1.5E+300", "2E-16"); "0" for both zeros, empty for what is not finite. NumberOf()
+/// reads every non-empty result back as a finite number: the very largest doubles, whose 15 digits
+/// would round up beyond the range, are written one step lower.
 [[nodiscard]] std::string TextOf(double value);
 
 /// The fewest digits that read back to the same 32-bit float, in the notation of TextOf(): 1.778F
 /// gives "1.778". Empty for what is not finite.
 [[nodiscard]] std::string TextOfSingle(float value);
 
-/// What a field that a person is typing in shows for its own value: TextOf(value), with the trailing
-/// period or the trailing zeros of the fraction that stand in `typed` kept ("10." stays "10.", "10.0"
-/// stays "10.0"), so that "10.05" can be typed. `typed` is the field's text, `value` its number.
+/// What a field that a person is typing in shows for its own value: TextOf(value), with the
+/// trailing period or the trailing zeros of the fraction that stand in `typed` kept ("10." stays
+/// "10.", "10.0" stays "10.0"), so that "10.05" can be typed. `typed` is the field's text, `value`
+/// its number.
 [[nodiscard]] std::string TextWhileTyping(std::string_view typed, double value);
 
-/// The number in a display pattern, "00.00" for example: digits before the period are shown at least
-/// as often as the pattern has 0 there (a # asks for none); behind the period a 0 is a place that is
-/// always shown, a # one that is shown when needed. Rounded from 15 significant digits, halves away
-/// from zero. A period that no digit follows is dropped; never an exponent; a negative number keeps
-/// its sign unless every digit shown is 0. Formatted(612.25, "#.0") is "612.3", Formatted(0.5, "#.0")
-/// is ".5", Formatted(0.4, "#") is empty. Empty for what is not finite. Characters of the pattern
-/// other than 0, # and the first period count for nothing.
+/// The number in a display pattern, "00.00" for example: before the period the places from the
+/// pattern's first 0 on are always shown, a # in front of it asks for none; behind the period a 0
+/// is a place that is always shown, a # one that is shown when needed. Rounded from 15 significant
+/// digits, halves away from zero. A period that no digit follows is dropped; never an exponent; a
+/// negative number keeps its sign unless every digit shown is 0. Formatted(612.25, "#.0") is
+/// "612.3", Formatted(0.5, "#.0") is ".5", Formatted(0.4, "#") is empty. Empty for what is not
+/// finite. Characters of the pattern other than 0, # and the first period count for nothing.
 [[nodiscard]] std::string Formatted(double value, std::string_view pattern);
 
 }  // namespace brindle

@@ -50,7 +50,8 @@ std::int16_t ToInteger16(double value) { return NearestEven<std::int16_t>(value)
 std::int32_t ToInteger32(double value) { return NearestEven<std::int32_t>(value); }
 
 double RoundedTo(double value, int decimals) {
-  return std::isfinite(value) ? ValueOf(Rounded(FifteenDigits(value), decimals, Tie::ToEven)) : value;
+  return std::isfinite(value) ? ValueOf(Rounded(FifteenDigits(value), decimals, Tie::ToEven))
+                              : value;
 }
 
 double WholePart(double value) {

@@ -15,8 +15,8 @@ struct RunningTime {
   double seconds = 0;
 };
 
-/// Takes `minutes` apart: 125.5 minutes are 2 hours, 5 minutes, 30 seconds. The whole parts are those
-/// of WholePart(), so that what came from whole seconds gives them again.
+/// Takes `minutes` apart: 125.5 minutes are 2 hours, 5 minutes, 30 seconds. The whole parts are
+/// those of WholePart(), so that what came from whole seconds gives them again.
 [[nodiscard]] RunningTime TakeApart(double minutes);
 
 /// hours x 60 + minutes + seconds / 60, in minutes. No part is limited.

@@ -15,9 +15,9 @@ namespace brindle {
 /// One step of 1 downwards over a lower bound, the mirror image of StepUp().
 [[nodiscard]] double StepDown(double value, std::optional<double> limit);
 
-/// `value` at 15 significant digits, divided by 10 as long as it is greater than `limit`: 5000 under
-/// 999 is 500, 1234 under 999 is 123.4. Dropping digits instead of clamping is deliberate. Stops for
-/// every input, a negative limit included; what is not finite counts as 0.
+/// `value` at 15 significant digits, divided by 10 as long as it is greater than `limit`: 5000
+/// under 999 is 500, 1234 under 999 is 123.4. Dropping digits instead of clamping is deliberate.
+/// Stops for every input, a negative limit included; what is not finite counts as 0.
 [[nodiscard]] double ShrinkByTens(double value, double limit);
 
 }  // namespace brindle

@@ -13,7 +13,6 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-
 Settings BuiltInSettings() {
   return {
       .VideoFrameOverhead = 0.5859375,  // 24 bytes a frame at 25 fps: 24 x 25 / 1024

@@ -69,8 +69,7 @@ QString ChooseAppFolder(const QString& programFolder, const QString& configFolde
 }
 
 QString DesktopConfigFolder() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         u"/brindle2"_s;
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/brindle2"_s;
 }
 
 SettingsFile::SettingsFile(const QString& folder) : path_(folder + u"/Brindle2.ini"_s) {}

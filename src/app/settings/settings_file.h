@@ -40,8 +40,8 @@ class SettingsFile {
   /// program of this name writes, is cut there: it has too much on a line or too many lines.
   [[nodiscard]] std::variant<QByteArray, FileError> Read() const;
 
-  /// Replaces the file as a whole: written beside it, synchronised, renamed over it, so that after a
-  /// crash or on a full disk the file is the old one or the new one.
+  /// Replaces the file as a whole: written beside it, synchronised, renamed over it, so that after
+  /// a crash or on a full disk the file is the old one or the new one.
   [[nodiscard]] std::optional<FileError> Write(const QByteArray& bytes) const;
 
   /// Keeps a copy of the file, which could not be used, as "Brindle2.ini.bak"; an older one is

@@ -19,9 +19,8 @@ namespace brindle {
 /// The line of the SaveOnExit check box, which is no field of the record.
 struct SaveOnExitLine {};
 
-using SettingsField =
-    std::variant<double Settings::*, float Settings::*, std::int16_t Settings::*, bool Settings::*,
-                 QString Settings::*, SaveOnExitLine>;
+using SettingsField = std::variant<double Settings::*, float Settings::*, std::int16_t Settings::*,
+                                   bool Settings::*, QString Settings::*, SaveOnExitLine>;
 
 /// One line of the settings file: a value is known only by the line it stands on.
 struct SettingsLine {
@@ -34,9 +33,9 @@ inline constexpr std::size_t SettingsLineCount = 42;
 /// The lines of the settings file in their order.
 [[nodiscard]] std::span<const SettingsLine, SettingsLineCount> SettingsLines();
 
-/// The bytes of the settings file: 42 lines ended by CR LF. Numbers with up to 15 significant digits
-/// and a period, Booleans as #TRUE# and #FALSE#, texts raw in UTF-8; a text that holds a line break
-/// is written as the empty text.
+/// The bytes of the settings file: 42 lines ended by CR LF. Numbers with up to 15 significant
+/// digits and a period, Booleans as #TRUE# and #FALSE#, texts raw in UTF-8; a text that holds a
+/// line break is written as the empty text.
 [[nodiscard]] QByteArray WriteLines(const Settings& record, bool saveOnExit);
 
 struct ReadLinesResult {

@@ -12,9 +12,8 @@
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   brindle::SetUpApplication();
-  brindle::Program program(brindle::BuiltProduct(),
-                           {.program = QApplication::applicationDirPath(),
-                            .config = brindle::DesktopConfigFolder()});
+  brindle::Program program(brindle::BuiltProduct(), {.program = QApplication::applicationDirPath(),
+                                                     .config = brindle::DesktopConfigFolder()});
   const brindle::Termination termination;
   QObject::connect(&termination, &brindle::Termination::Asked, &program, &brindle::Program::End);
   program.Start();

@@ -32,7 +32,8 @@ namespace {
 
 constexpr QSize PictureSize(48, 48);  // device-independent pixels
 
-// `name` is the button's own, `opens` the caption of the window behind it: what a screen reader says.
+// `name` is the button's own, `opens` the caption of the window behind it: what a screen reader
+// says.
 QPushButton* PictureButton(const QString& name, const QString& picture, const QString& opens,
                            const QString& tooltip = {}) {
   auto* button = new QPushButton;
@@ -90,8 +91,8 @@ MainProg::MainProg(Services& services, const ProgramFolders& folders)
       AudioBC(PictureButton(u"AudioBC"_s, u"audio_bitrate"_s,
                             u"Velbrin's Brindle 2 : Audio Bitrate Calc"_s)),
       HDC(PictureButton(u"HDC"_s, u"disk_space"_s, u"Velbrin's Brindle 2 : HD Space Calc"_s)),
-      AVISplitC(PictureButton(u"AVISplitC"_s, u"avi_split"_s,
-                              u"Velbrin's Brindle 2 : AVI Split Calc"_s)),
+      AVISplitC(
+          PictureButton(u"AVISplitC"_s, u"avi_split"_s, u"Velbrin's Brindle 2 : AVI Split Calc"_s)),
       RAR(PictureButton(u"RAR"_s, u"resolution"_s,
                         u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s)),
       QuickCon(TextButton(u"QuickCon"_s, u"Quick Converter"_s)),
@@ -270,8 +271,7 @@ void MainProg::GuardedShow(WindowId id) {
     const auto text = u"You are missing a shared library file ("_s +
                       QuotedPart(QString::fromUtf8(error.what())) +
                       u"). Please visit the program homepage\r\nat : "_s +
-                      services_.product.website +
-                      u" and download the FULL installation package."_s;
+                      services_.product.website + u" and download the FULL installation package."_s;
     services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue);
   }
 }

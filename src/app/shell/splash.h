@@ -9,8 +9,8 @@
 
 namespace brindle {
 
-/// The start-up window. It waits until two seconds have passed, or a key or a click on its picture or
-/// one of its labels dismisses it. Its clock is that of the day, deliberately not corrected at
+/// The start-up window. It waits until two seconds have passed, or a key or a click on its picture
+/// or one of its labels dismisses it. Its clock is that of the day, deliberately not corrected at
 /// midnight: a splash that stands then stays until it is dismissed.
 class Splash : public QWidget {
   Q_OBJECT

@@ -1,16 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "app/shell/termination.h"
-
 #include <array>
 #include <csignal>
-
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <QGuiApplication>
 #include <QSocketNotifier>
+
+#include "app/shell/termination.h"
 
 namespace brindle {
 namespace {
@@ -41,7 +40,8 @@ void Termination::WatchSignals() {
   connect(notifier, &QSocketNotifier::activated, this, &Termination::TakeSignal);
 
   struct sigaction action = {};
-  action.sa_handler = WakeEventLoop;  // NOLINT(cppcoreguidelines-pro-type-union-access): POSIX's form
+  action.sa_handler =
+      WakeEventLoop;  // NOLINT(cppcoreguidelines-pro-type-union-access): POSIX's form
   action.sa_flags = SA_RESTART;
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     sigaction(signal, &action, nullptr);

@@ -34,7 +34,8 @@ class Windows {
   [[nodiscard]] virtual bool Has(WindowId id) const = 0;
 
   /// Shows the one window of this kind, without making the others wait: creates it when it does not
-  /// exist, else brings it to the front. What its creation throws comes out; no window is left then.
+  /// exist, else brings it to the front. What its creation throws comes out; no window is left
+  /// then.
   virtual void Show(WindowId id) = 0;
 };
 

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// The program as its main() starts it, with somebody who sends the splash away by a key as soon as
+// it is painted. It ends as soon as the main window is painted.
+
+#include <memory>
+
+#include <QApplication>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QObject>
+
+#include "app/settings/settings_file.h"
+#include "app/shell/built_product.h"
+#include "app/shell/main_prog.h"
+#include "app/shell/program.h"
+#include "app/shell/splash.h"
+#include "app/shell/termination.h"
+#include "first_paint.h"
+
+namespace brindle {
+namespace {
+
+// Sees the two windows when they get their first event.
+class Impatient : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show) {
+      if (auto* splash = qobject_cast<Splash*>(watched); splash != nullptr) {
+        splash_ = std::make_unique<AtFirstPaint>(splash, [splash] {
+          QApplication::postEvent(splash,
+                                  new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
+        });
+      } else if (qobject_cast<MainProg*>(watched) != nullptr) {
+        mainProg_ = std::make_unique<AtFirstPaint>(watched, EndNow);
+      }
+    }
+    return false;
+  }
+
+ private:
+  std::unique_ptr<AtFirstPaint> splash_;
+  std::unique_ptr<AtFirstPaint> mainProg_;
+};
+
+}  // namespace
+}  // namespace brindle
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  brindle::Impatient impatient;
+  QApplication::instance()->installEventFilter(&impatient);
+  brindle::SetUpApplication();
+  brindle::Program program(brindle::BuiltProduct(), {.program = QApplication::applicationDirPath(),
+                                                     .config = brindle::DesktopConfigFolder()});
+  const brindle::Termination termination;
+  QObject::connect(&termination, &brindle::Termination::Asked, &program, &brindle::Program::End);
+  program.Start();
+  return QApplication::exec();
+}

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QObject>
+#include <QPointer>
+
+#include "app/input/clock.h"
+
+namespace brindle {
+
+/// A clock that stands still until a test moves it.
+class FakeClock : public Clock {
+ public:
+  [[nodiscard]] double Now() const override { return now_; }
+  [[nodiscard]] float SecondsSinceMidnight() const override;
+  void After(double seconds, QObject* context, std::function<void()> action) override;
+
+  /// Moves time on, running what becomes due on the way, each at its own moment.
+  void Advance(double seconds);
+
+  /// Sets the time of day, in seconds; it goes on from there with Advance() and wraps at midnight.
+  void SetSecondsSinceMidnight(double seconds) { midnightOffset_ = seconds - now_; }
+
+  /// How many actions wait.
+  [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
+
+ private:
+  struct Waiter {
+    double due = 0;
+    QPointer<QObject> context;
+    std::function<void()> action;
+  };
+
+  double now_ = 1000;
+  double midnightOffset_ = 0;
+  std::vector<Waiter> waiting_;
+};
+
+}  // namespace brindle

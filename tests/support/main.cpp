@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// The main of every test program: an application without a screen, in its own small world.
+
+#include <clocale>
+#include <cstring>
+#include <iostream>
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  // A run that is to prove something about the decimal comma must really have it.
+  if (qEnvironmentVariableIsSet("BRINDLE_EXPECT_COMMA") &&
+      std::strcmp(std::localeconv()->decimal_point, ",") != 0) {
+    std::cerr << "the locale of this run does not write a decimal comma\n";
+    return 1;
+  }
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,280 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <string>
+
+#include <QString>
+#include <gtest/gtest.h>
+
+#include "tests/video/bitrate_window.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class RunningTimeFields : public BitrateWindow {
+ protected:
+  void SetUp() override { OpenCalculator(); }
+
+  void OpenWith(double minutes) {
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    record.MovieLength = minutes;
+    OpenCalculator();
+  }
+
+  void TypeTime(const QString& hours, const QString& minutes, const QString& seconds) {
+    TabTo(Time1);
+    TypeOver(hours);
+    Key(Qt::Key_Tab);
+    TypeOver(minutes);
+    Key(Qt::Key_Tab);
+    TypeOver(seconds);
+    Key(Qt::Key_Tab);
+  }
+};
+
+TEST_F(RunningTimeFields, HoursMinutesAndSecondsGiveMinutes) {
+  TypeTime(u"1"_s, u"30"_s, u"0"_s);
+  EXPECT_EQ(record.MovieLength, 90);
+  EXPECT_EQ(Text("MLength"), "90");
+  EXPECT_EQ(Time(), "1:30:00.00");
+}
+
+TEST_F(RunningTimeFields, SecondsBecomeAFractionOfAMinute) {
+  TypeTime(u"0"_s, u"1"_s, u"30"_s);
+  EXPECT_EQ(record.MovieLength, 1.5);
+  EXPECT_EQ(Text("MLength"), "1.5");
+  EXPECT_EQ(Time(), "0:1:30.00");
+}
+
+TEST_F(RunningTimeFields, AllZeroBecomesOneMinute) {
+  TypeTime(u"0"_s, u"0"_s, u"0"_s);
+  EXPECT_EQ(Text("MLength"), "1");
+  EXPECT_EQ(Text("Time2"), "1");
+  EXPECT_EQ(record.MovieLength, 1);
+}
+
+TEST_F(RunningTimeFields, AThirdDecimalIsAsFineAsTheMinutesGo) {
+  TypeTime(u"1"_s, u"30"_s, u"20"_s);
+  EXPECT_EQ(Text("MLength"), "90.333");
+  EXPECT_EQ(record.MovieLength, 90.333);
+  EXPECT_EQ(Text("Time3"), "19.98");
+}
+
+TEST_F(RunningTimeFields, EachKeyShowsNewResults) {
+  TabTo(Time1);
+  Type(u"2"_s);
+  EXPECT_EQ(Text("MLength"), "160");
+  EXPECT_EQ(record.MovieLength, 160);
+  TabTo(Time2);
+  Type(u"5"_s);
+  EXPECT_EQ(Text("MLength"), "125");
+}
+
+TEST_F(RunningTimeFields, MinutesAboveAnHourAreCarriedAtOnce) {
+  TabTo(Time1);
+  Type(u"0"_s);
+  TabTo(Time2);
+  Type(u"75"_s);
+  EXPECT_EQ(Time(), "1:15:00.00");
+  EXPECT_EQ(Text("MLength"), "75");
+}
+
+TEST_F(RunningTimeFields, ATrailingPeriodInTheSecondsStaysUntilTheNextDigit) {
+  TabTo(Time3);
+  Type(u"12."_s);
+  EXPECT_EQ(Text("Time3"), "12.");
+  Type(u"5"_s);
+  EXPECT_EQ(Text("Time3"), "12.5");
+}
+
+TEST_F(RunningTimeFields, ZerosBehindThePeriodCanBeTyped) {
+  TabTo(Time3);
+  Type(u"10.05"_s);
+  EXPECT_EQ(Text("Time3"), "10.05");
+}
+
+TEST_F(RunningTimeFields, APeriodAloneCanBeginTheSeconds) {
+  TabTo(Time3);
+  Type(u"."_s);
+  EXPECT_EQ(Text("Time3"), ".");
+  Type(u"5"_s);
+  EXPECT_EQ(Text("Time3"), "0.5");
+}
+
+TEST_F(RunningTimeFields, TooManyHoursLoseADigit) {
+  TabTo(Time1);
+  Paste(u"5000"_s);
+  EXPECT_EQ(Text("Time1"), "500");
+  Time1->selectAll();
+  Paste(u"1234"_s);
+  EXPECT_EQ(Text("Time1"), "123");
+}
+
+TEST_F(RunningTimeFields, TooManyMinutesLoseADigit) {
+  TabTo(Time1);
+  Type(u"0"_s);
+  TabTo(Time2);
+  Paste(u"250"_s);
+  EXPECT_EQ(Text("Time2"), "25");
+}
+
+TEST_F(RunningTimeFields, TooManySecondsLoseADigit) {
+  TabTo(Time3);
+  Paste(u"123.5"_s);
+  EXPECT_EQ(Text("Time3"), "12.35");
+}
+
+TEST_F(RunningTimeFields, HoursAtTheirLimitStay) {
+  TabTo(Time1);
+  Paste(u"999"_s);
+  EXPECT_EQ(Text("Time1"), "999");
+  Time1->selectAll();
+  Paste(u"1000"_s);
+  EXPECT_EQ(Text("Time1"), "100");
+}
+
+TEST_F(RunningTimeFields, SecondsAboveAMinuteAreCarriedAndTheRestStays) {
+  OpenWith(0.5);
+  TabTo(Time3);
+  Type(u"75"_s);
+  EXPECT_EQ(Text("Time3"), "15");
+  EXPECT_EQ(Text("Time2"), "1");
+  EXPECT_EQ(Text("MLength"), "1.25");
+}
+
+TEST_F(RunningTimeFields, ExactlySixtySecondsStandBesideTheMinuteTheyMake) {
+  OpenWith(0.5);
+  TabTo(Time3);
+  Paste(u"60"_s);
+  EXPECT_EQ(Time(), "0:1:60");
+}
+
+TEST_F(RunningTimeFields, FractionsOfAnHourAreDropped) {
+  TabTo(Time1);
+  Paste(u"2.75"_s);
+  EXPECT_EQ(Text("Time1"), "2");
+}
+
+TEST_F(RunningTimeFields, NegativeHoursBecomePositive) {
+  TabTo(Time1);
+  Paste(u"-3"_s);
+  EXPECT_EQ(Text("Time1"), "3");
+}
+
+TEST_F(RunningTimeFields, LettersAreRepairedAtTheNextKeyPress) {
+  TabTo(Time2);
+  Time2->setText(u"7x"_s);
+  KeyDown(Qt::Key_Backspace);
+  EXPECT_EQ(Text("Time2"), "");  // the 7 was repaired first, then taken by the key
+  KeyLetGo(Qt::Key_Backspace);
+  EXPECT_EQ(Text("Time2"), "");
+}
+
+TEST_F(RunningTimeFields, HoursShrinkAtTheKeyPressThatFollows) {
+  TabTo(Time1);
+  Time1->setText(u"1234"_s);
+  KeyDown(Qt::Key_Return);
+  EXPECT_EQ(Text("Time1"), "123.4");
+  KeyLetGo(Qt::Key_Return);
+  EXPECT_EQ(Text("Time1"), "123");
+}
+
+TEST_F(RunningTimeFields, MinutesShrinkAtTheKeyPressThatFollows) {
+  TabTo(Time2);
+  Time2->setText(u"100"_s);
+  KeyDown(Qt::Key_Return);
+  EXPECT_EQ(Text("Time2"), "10");
+}
+
+TEST_F(RunningTimeFields, SecondsWithinTheirLimitAreNotRewrittenByAKeyPress) {
+  TabTo(Time3);
+  Time3->setText(u"099.999"_s);
+  KeyDown(Qt::Key_Return);
+  EXPECT_EQ(Text("Time3"), "099.999");
+  Time3->setText(u"100"_s);
+  KeyDown(Qt::Key_Return);
+  EXPECT_EQ(Text("Time3"), "10");
+}
+
+TEST_F(RunningTimeFields, LettingTheMouseGoRepairsTheSecondsOnly) {
+  TabTo(Time3);
+  Press(Time3);
+  Time3->setText(u"45x"_s);
+  ArmRecomputation();
+  const auto before = Text("Stat(2)");
+  LetGo(Time3);
+  EXPECT_EQ(Text("Time3"), "45");
+  EXPECT_EQ(Text("Stat(2)"), before);
+}
+
+TEST_F(RunningTimeFields, AnEmptiedFieldComputesNothingButFillsTheOthers) {
+  for (auto* field : {Time1, Time2, Time3}) {
+    Result->setFocus();
+    field->setFocus();
+    field->setText({});
+    Extra->setText({});
+    ArmRecomputation();
+    const auto before = Text("Stat(2)");
+    KeyLetGo(Qt::Key_Delete);
+    EXPECT_EQ(Text("Stat(2)"), before) << field->objectName().toStdString();
+    EXPECT_EQ(Text("Extra"), "0");
+    EXPECT_EQ(field->text(), QString());
+    Press(field);
+    EXPECT_EQ(Text("Stat(2)"), before) << field->objectName().toStdString();
+    LetGo(field);
+  }
+}
+
+TEST_F(RunningTimeFields, LeavingEmptyHoursKeepsThemEmptyUntilTheNextComputation) {
+  TabTo(Time1);
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(Text("Time1"), "");
+  Key(Qt::Key_Tab);
+  TabTo(MLength);
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(Text("Time1"), "1");
+}
+
+TEST_F(RunningTimeFields, LeavingEmptySecondsShowsZeros) {
+  TabTo(Time3);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Text("Time3"), "");
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Text("Time3"), "00.00");
+}
+
+TEST_F(RunningTimeFields, LeavingTheSecondsShowsTwoDecimals) {
+  TabTo(Time3);
+  Type(u"6"_s);
+  EXPECT_EQ(Text("Time3"), "6");
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Text("Time3"), "06.00");
+}
+
+TEST_F(RunningTimeFields, EmptySecondsAreFilledByAComputationElsewhere) {
+  TabTo(Time3);
+  Time3->setText({});
+  MLength->setFocus();
+  Time3->setText({});
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(Text("Time3"), "00.00");
+}
+
+TEST_F(RunningTimeFields, LengthTypedElsewhereIsShownInAllThree) {
+  TabTo(MLength);
+  TypeOver(u"125.5"_s);
+  EXPECT_EQ(Time(), "2:5:30.00");
+}
+
+TEST_F(RunningTimeFields, ManyHoursFromTheLengthAreShownAsTheyAre) {
+  TabTo(MLength);
+  Paste(u"600000"_s);
+  EXPECT_EQ(Time(), "10000:0:00.00");
+}
+
+}  // namespace
+}  // namespace brindle
