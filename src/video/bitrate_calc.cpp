@@ -19,6 +19,7 @@
 #include "app/numbers/running_time.h"
 #include "app/numbers/stepping.h"
 #include "app/windows/windows.h"
+#include "video/time_fields.h"
 #include "video/video_bitrate.h"
 
 namespace brindle {
@@ -26,10 +27,6 @@ namespace brindle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr double MostHours = 999;
-constexpr double MostMinutes = 99;
-constexpr double MostSeconds = 99.999;
 
 const auto WidestSize = u"8888888.8MB"_s;
 
@@ -39,29 +36,6 @@ QString SizeText(double megaBytes) {
     return {};
   }
   return ToQString(Formatted(megaBytes, "#.0")) + u"MB"_s;
-}
-
-// The repair that the hours and minutes undergo at every key: a leading number, then tens dropped.
-void RepairWithin(TextField* field, double limit) {
-  RepairText(field);
-  if (!IsEmpty(field)) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
-  }
-}
-
-// The seconds keep what stands unless it is above their limit.
-void RepairSeconds(TextField* field) {
-  RepairText(field);
-  if (!IsEmpty(field) && NumberIn(field) > MostSeconds) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), MostSeconds));
-  }
-}
-
-void TakeWholePart(TextField* field, double limit) {
-  if (!IsEmpty(field)) {
-    WriteNumber(field, WholePart(std::abs(LeadingNumberIn(field))));
-    WriteNumber(field, ShrinkByTens(NumberIn(field), limit));
-  }
 }
 
 }  // namespace
@@ -86,7 +60,7 @@ BitrateCalc::BitrateCalc(Services& services)
       ExtraP(new SpinButton(u"ExtraP"_s, SpinDirection::Plus)),
       ExtraM(new SpinButton(u"ExtraM"_s, SpinDirection::Minus)),
       DivX(u"DivX"_s),
-      Advance(new QPushButton(u"Advanced"_s)),
+      Advance(MakeButton(u"Advance"_s, u"Advanced"_s, u"Advanced interleaving settings"_s)),
       Interl(new ValueLabel(u"Interl"_s,
                             u"Indicates whether Interleaving is being calculated (Advanced)"_s,
                             {u"OFF"_s})),
@@ -111,9 +85,6 @@ void BitrateCalc::MakeLayout() {
       DivX.Add(0, u"3"_s, u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
   auto* divX4 =
       DivX.Add(1, u"4/5"_s, u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
-  Advance->setObjectName(u"Advance"_s);
-  Advance->setToolTip(u"Advanced interleaving settings"_s);
-  Advance->setAccessibleName(Advance->text());
   // Nothing pretends: without the overhead window there is nothing to open.
   Advance->setEnabled(services_.windows.Has(WindowId::Advanced));
   NameByTooltip(timeLabel, {Time1, Time2, Time3});
@@ -159,57 +130,32 @@ void BitrateCalc::MakeLayout() {
 void BitrateCalc::WireEvents() {
   using Self = BitrateCalc;
   const Wires on(this);
-  on(Audio)
-      .Click(&Self::Audio_Click)
-      .KeyUp(&Self::Audio_KeyUp)
-      .LostFocus(&Self::Audio_LostFocus)
-      .GotFocus(&Self::Audio_GotFocus);
-  on(CDs)
-      .Click(&Self::CDs_Click)
-      .KeyUp(&Self::CDs_KeyUp)
-      .GotFocus(&Self::CDs_GotFocus)
-      .LostFocus(&Self::CDs_LostFocus);
-  on(MLength)
-      .GotFocus(&Self::MLength_GotFocus)
-      .KeyUp(&Self::MLength_KeyUp)
-      .MouseDown(&Self::MLength_MouseDown)
-      .LostFocus(&Self::MLength_LostFocus)
-      .Arrows(MLengthP, MLengthM);
+  // clang-format off
+  on(Audio).Click(&Self::Audio_Click).KeyUp(&Self::Audio_KeyUp).LostFocus(&Self::Audio_LostFocus)
+    .GotFocus(&Self::Audio_GotFocus);
+  on(CDs).Click(&Self::CDs_Click).KeyUp(&Self::CDs_KeyUp).GotFocus(&Self::CDs_GotFocus)
+    .LostFocus(&Self::CDs_LostFocus);
+  on(MLength).GotFocus(&Self::MLength_GotFocus).KeyUp(&Self::MLength_KeyUp)
+    .MouseDown(&Self::MLength_MouseDown).LostFocus(&Self::MLength_LostFocus)
+    .Arrows(MLengthP, MLengthM);
   on(MLengthP).MouseDown(&Self::MLengthP_MouseDown).MouseUp(&Self::MLengthP_MouseUp);
   on(MLengthM).MouseDown(&Self::MLengthM_MouseDown).MouseUp(&Self::MLengthM_MouseUp);
-  on(Time1)
-      .GotFocus(&Self::Time1_GotFocus)
-      .KeyPress(&Self::Time1_KeyPress)
-      .KeyUp(&Self::Time1_KeyUp)
-      .MouseDown(&Self::Time1_MouseDown)
-      .LostFocus(&Self::Time1_LostFocus);
-  on(Time2)
-      .GotFocus(&Self::Time2_GotFocus)
-      .KeyPress(&Self::Time2_KeyPress)
-      .KeyUp(&Self::Time2_KeyUp)
-      .MouseDown(&Self::Time2_MouseDown)
-      .LostFocus(&Self::Time2_LostFocus);
-  on(Time3)
-      .GotFocus(&Self::Time3_GotFocus)
-      .KeyPress(&Self::Time3_KeyPress)
-      .KeyUp(&Self::Time3_KeyUp)
-      .MouseDown(&Self::Time3_MouseDown)
-      .MouseUp(&Self::Time3_MouseUp)
-      .LostFocus(&Self::Time3_LostFocus);
-  on(Capacity)
-      .Click(&Self::Capacity_Click)
-      .KeyUp(&Self::Capacity_KeyUp)
-      .GotFocus(&Self::Capacity_GotFocus)
-      .LostFocus(&Self::Capacity_LostFocus);
-  on(Extra)
-      .GotFocus(&Self::Extra_GotFocus)
-      .KeyUp(&Self::Extra_KeyUp)
-      .MouseUp(&Self::Extra_MouseUp)
-      .Arrows(ExtraP, ExtraM);
+  on(Time1).GotFocus(&Self::Time1_GotFocus).KeyPress(&Self::Time1_KeyPress)
+    .KeyUp(&Self::Time1_KeyUp).MouseDown(&Self::Time1_MouseDown).LostFocus(&Self::Time1_LostFocus);
+  on(Time2).GotFocus(&Self::Time2_GotFocus).KeyPress(&Self::Time2_KeyPress)
+    .KeyUp(&Self::Time2_KeyUp).MouseDown(&Self::Time2_MouseDown).LostFocus(&Self::Time2_LostFocus);
+  on(Time3).GotFocus(&Self::Time3_GotFocus).KeyPress(&Self::Time3_KeyPress)
+    .KeyUp(&Self::Time3_KeyUp).MouseDown(&Self::Time3_MouseDown).MouseUp(&Self::Time3_MouseUp)
+    .LostFocus(&Self::Time3_LostFocus);
+  on(Capacity).Click(&Self::Capacity_Click).KeyUp(&Self::Capacity_KeyUp)
+    .GotFocus(&Self::Capacity_GotFocus).LostFocus(&Self::Capacity_LostFocus);
+  on(Extra).GotFocus(&Self::Extra_GotFocus).KeyUp(&Self::Extra_KeyUp)
+    .MouseUp(&Self::Extra_MouseUp).Arrows(ExtraP, ExtraM);
   on(ExtraP).MouseDown(&Self::ExtraP_MouseDown).MouseUp(&Self::ExtraP_MouseUp);
   on(ExtraM).MouseDown(&Self::ExtraM_MouseDown).MouseUp(&Self::ExtraM_MouseUp);
   on(&DivX).Click(&Self::DivX_Click);
   on(Advance).Click(&Self::Advance_Click);
+  // clang-format on
 }
 
 void BitrateCalc::Form_Load() {
@@ -266,12 +212,12 @@ void BitrateCalc::MLengthM_MouseDown() { Hold(MLengthMHeld, MLength, StepDown, 1
 void BitrateCalc::MLengthM_MouseUp() { spin_.Release(MLength); }
 
 void BitrateCalc::Time1_GotFocus() { SelectFirstTen(Time1); }
-void BitrateCalc::Time1_KeyPress() { RepairWithin(Time1, MostHours); }
+void BitrateCalc::Time1_KeyPress() { RepairHours(Time1); }
 void BitrateCalc::Time1_KeyUp() {
   FillBlankFields(Editing::MLength);
   RepairText(Time1);
   RepairSign(Time1);
-  RepairWithin(Time1, MostHours);
+  RepairHours(Time1);
   TimeToLengthUnlessEmpty(Time1);
 }
 void BitrateCalc::Time1_MouseDown() {
@@ -281,7 +227,7 @@ void BitrateCalc::Time1_MouseDown() {
 void BitrateCalc::Time1_LostFocus() { TimeToLengthUnlessEmpty(Time1); }
 
 void BitrateCalc::Time2_GotFocus() { SelectFirstTen(Time2); }
-void BitrateCalc::Time2_KeyPress() { RepairWithin(Time2, MostMinutes); }
+void BitrateCalc::Time2_KeyPress() { RepairMinutes(Time2); }
 // Deliberately repairs nothing before TimeToLength() does, unlike the hours.
 void BitrateCalc::Time2_KeyUp() {
   FillBlankFields(Editing::MLength);
@@ -408,14 +354,7 @@ void BitrateCalc::TimeToLengthUnlessEmpty(const TextField* field) {
 }
 
 void BitrateCalc::TimeToLength() {
-  TakeWholePart(Time1, MostHours);
-  TakeWholePart(Time2, MostMinutes);
-  RepairSeconds(Time3);
-  // A trailing period stays, so that decimals can be typed behind it.
-  if (!IsEmpty(Time3) && !Time3->text().endsWith(u'.')) {
-    WriteOwnNumber(Time3, NumberIn(Time3));
-  }
-  record_.MovieLength = InMinutes({NumberIn(Time1), NumberIn(Time2), NumberIn(Time3)});
+  record_.MovieLength = RepairedMinutes({Time1, Time2, Time3});
   if (record_.MovieLength == 0) {
     MLength->Write(u"1"_s);
     record_.MovieLength = 1;
@@ -429,19 +368,7 @@ void BitrateCalc::LengthToTime() {
   if (NumberIn(MLength) == 0) {
     MLength->Write(u"1"_s);
   }
-  const auto time = TakeApart(NumberIn(MLength));
-  WriteNumber(Time1, time.hours);
-  WriteNumber(Time2, time.minutes);
-  if (!IsNumericIn(Time3)) {
-    WriteNumber(Time3, LeadingNumberIn(Time3));
-  }
-  // Exactly 60 deliberately stays.
-  if (NumberIn(Time3) > 60) {
-    WriteNumber(Time3, static_cast<double>(Modulo(NumberIn(Time3), 60).value_or(0)));
-  }
-  if (!IsEmpty(Time3) && !EditingSeconds && IsNumericIn(Time3)) {
-    WriteFormatted(Time3, time.seconds, "00.00");
-  }
+  ShowTime({Time1, Time2, Time3}, NumberIn(MLength), EditingSeconds);
 }
 
 void BitrateCalc::ShowInterleaving() {

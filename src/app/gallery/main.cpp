@@ -63,7 +63,7 @@ void SetRealisticFigures(Settings& record) {
 
 class Gallery {
  public:
-  Gallery(QDir folder, QString label) : folder_(std::move(folder)), label_(std::move(label)) {}
+  Gallery(const QDir& folder, QString label) : folder_(folder), label_(std::move(label)) {}
 
   bool Take(QWidget& window) const {
     const auto path = folder_.filePath(window.objectName() + u'-' + label_ + u".png"_s);

@@ -34,12 +34,12 @@ FocusTracker::FocusTracker(QWidget* window) : QObject(window), window_(window) {
           [this](QWidget*, QWidget* now) { FocusChanged(now); });
 }
 
-void FocusTracker::OnGotFocus(QWidget* control, std::function<void()> handler) {
-  gotFocus_.insert(control, std::move(handler));
+void FocusTracker::OnGotFocus(QWidget* control, const std::function<void()>& handler) {
+  gotFocus_.insert(control, handler);
 }
 
-void FocusTracker::OnLostFocus(QWidget* control, std::function<void()> handler) {
-  lostFocus_.insert(control, std::move(handler));
+void FocusTracker::OnLostFocus(QWidget* control, const std::function<void()>& handler) {
+  lostFocus_.insert(control, handler);
 }
 
 void FocusTracker::Begin(QWidget* first) {

@@ -20,8 +20,8 @@ class FocusTracker : public QObject {
  public:
   explicit FocusTracker(QWidget* window);
 
-  void OnGotFocus(QWidget* control, std::function<void()> handler);
-  void OnLostFocus(QWidget* control, std::function<void()> handler);
+  void OnGotFocus(QWidget* control, const std::function<void()>& handler);
+  void OnLostFocus(QWidget* control, const std::function<void()>& handler);
 
   /// Gives the focus to the first control of a window that is not shown yet and runs its handler.
   void Begin(QWidget* first);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -14,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QWidget>
@@ -51,6 +53,14 @@ QLabel* MakeLabel(const QString& text) {
   return label;
 }
 
+QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tooltip) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(name);
+  button->setAccessibleName(caption);
+  button->setToolTip(tooltip);
+  return button;
+}
+
 DescriptionLabel::DescriptionLabel(const QString& text) : QLabel(text) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
@@ -64,8 +74,8 @@ QSize DescriptionLabel::sizeHint() const {
 
 QSize DescriptionLabel::minimumSizeHint() const { return sizeHint(); }
 
-ValueLabel::ValueLabel(const QString& name, const QString& tooltip, const QStringList& widest)
-    : widest_(widest) {
+ValueLabel::ValueLabel(const QString& name, const QString& tooltip, QStringList widest)
+    : widest_(std::move(widest)) {
   setObjectName(name);
   setToolTip(tooltip);
   setTextFormat(Qt::PlainText);

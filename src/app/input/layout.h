@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QList>
+#include <QPushButton>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
@@ -30,6 +31,10 @@ inline constexpr double ResultScale = 1.6;
 /// A label that shows plain text, never markup.
 [[nodiscard]] QLabel* MakeLabel(const QString& text);
 
+/// A push button with a caption; its accessible name is the caption.
+[[nodiscard]] QPushButton* MakeButton(const QString& name, const QString& caption,
+                                      const QString& tooltip = {});
+
 /// A sentence beside a button: plain text, wrapped to a column that grows with the font.
 class DescriptionLabel : public QLabel {
   Q_OBJECT
@@ -46,7 +51,7 @@ class ValueLabel : public QLabel {
   Q_OBJECT
 
  public:
-  ValueLabel(const QString& name, const QString& tooltip, const QStringList& widest);
+  ValueLabel(const QString& name, const QString& tooltip, QStringList widest);
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -92,7 +97,7 @@ class Item {
   Item(QWidget* widget)
       : widget_(widget) {}  // NOLINT(google-explicit-constructor): a tree of nodes
   Item(QLayout* layout) : layout_(layout) {}  // NOLINT(google-explicit-constructor)
-  static Item Stretch() { return Item(static_cast<QWidget*>(nullptr)); }
+  static Item Stretch() { return {static_cast<QWidget*>(nullptr)}; }
 
   void AddTo(QBoxLayout* box) const;
 

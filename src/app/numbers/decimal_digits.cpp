@@ -3,6 +3,7 @@
 
 #include "app/numbers/decimal_digits.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -50,13 +51,13 @@ std::string Scientific(const DecimalDigits& number) {
 
 // Adds one unit in the last place of `digits`; true where a new digit came in front.
 bool AddUnit(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
-      return false;
-    }
-    *digit = '0';
+  const auto lastBelowNine = digits.find_last_not_of('9');
+  if (lastBelowNine != std::string::npos) {
+    ++digits[lastBelowNine];
+    std::fill(digits.begin() + static_cast<std::ptrdiff_t>(lastBelowNine) + 1, digits.end(), '0');
+    return false;
   }
+  std::fill(digits.begin(), digits.end(), '0');
   digits.insert(digits.begin(), '1');
   return true;
 }

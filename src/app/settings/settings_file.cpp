@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 LargestFile = 1024 * 1024;
+constexpr qint64 LargestFile = 1'048'576;  // bytes
 
 QString Message(const char* cannot, const FileError& error) {
   return QLatin1StringView(cannot) + error.path + u": "_s + error.reason;

@@ -53,7 +53,7 @@ constexpr std::string_view True = "#TRUE#";
 constexpr std::string_view False = "#FALSE#";
 
 // A value that is not finite has no text; it is stored as 0, like a rate that cannot be computed.
-std::string NumberOrZero(std::string text) { return text.empty() ? "0" : text; }
+std::string NumberOrZero(const std::string& text) { return text.empty() ? "0" : text; }
 
 std::string Text(double value) { return NumberOrZero(TextOf(value)); }
 std::string Text(float value) { return NumberOrZero(TextOfSingle(value)); }

@@ -20,12 +20,8 @@ DefaultW::DefaultW(Services& services, std::function<void()> initDat)
     : Form(u"DefaultW"_s, u"Load Default Settings"_s),
       services_(services),
       initDat_(std::move(initDat)) {
-  auto* command1 = new QPushButton(u"Load Defaults"_s);
-  command1->setObjectName(u"Command1"_s);
-  command1->setAccessibleName(command1->text());
-  auto* command2 = new QPushButton(u"Cancel"_s);
-  command2->setObjectName(u"Command2"_s);
-  command2->setAccessibleName(command2->text());
+  auto* command1 = MakeButton(u"Command1"_s, u"Load Defaults"_s);
+  auto* command2 = MakeButton(u"Command2"_s, u"Cancel"_s);
 
   // clang-format off
   LayOut(this,

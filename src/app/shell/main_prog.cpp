@@ -46,14 +46,6 @@ QPushButton* PictureButton(const QString& name, const QString& picture, const QS
   return button;
 }
 
-QPushButton* TextButton(const QString& name, const QString& caption, const QString& tooltip = {}) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setAccessibleName(caption);
-  button->setToolTip(tooltip);
-  return button;
-}
-
 QGroupBox* Framed(const QString& caption, QLayout* content) {
   auto* frame = new QGroupBox(caption);
   content->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -82,10 +74,10 @@ QLayout* DescribedButtons(const std::array<Described, 5>& buttons) {
 
 }  // namespace
 
-MainProg::MainProg(Services& services, const ProgramFolders& folders)
+MainProg::MainProg(Services& services, ProgramFolders folders)
     : Form(u"MainProg"_s, u"Velbrin's Brindle 2.91 DX"_s, Escape::IsIgnored),
       services_(services),
-      folders_(folders),
+      folders_(std::move(folders)),
       VideoBC(PictureButton(u"VideoBC"_s, u"video_bitrate"_s,
                             u"Velbrin's Brindle 2 : Video Bitrate Calc"_s)),
       AudioBC(PictureButton(u"AudioBC"_s, u"audio_bitrate"_s,
@@ -95,22 +87,22 @@ MainProg::MainProg(Services& services, const ProgramFolders& folders)
           PictureButton(u"AVISplitC"_s, u"avi_split"_s, u"Velbrin's Brindle 2 : AVI Split Calc"_s)),
       RAR(PictureButton(u"RAR"_s, u"resolution"_s,
                         u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s)),
-      QuickCon(TextButton(u"QuickCon"_s, u"Quick Converter"_s)),
-      WinCalc(TextButton(u"WinCalc"_s, u"Windows Calculator"_s)),
+      QuickCon(MakeButton(u"QuickCon"_s, u"Quick Converter"_s)),
+      WinCalc(MakeButton(u"WinCalc"_s, u"Windows Calculator"_s)),
       Normalize(PictureButton(u"Normalize"_s, u"normalizer"_s, u"WAV Normalizer (rev3)"_s,
                               u"Easily normalize any 16bit PCM WAV file"_s)),
       Adremove(PictureButton(u"Adremove"_s, u"start_up_entry"_s,
                              u"Disable DivX 5 pro GAIN spyware"_s,
                              u"Disable DivX 5 pro GAIN spyware"_s)),
-      HelpWin(TextButton(u"HelpWin"_s, u"Help"_s)),
-      Update(TextButton(u"Update"_s, u"Check for Updates"_s,
+      HelpWin(MakeButton(u"HelpWin"_s, u"Help"_s)),
+      Update(MakeButton(u"Update"_s, u"Check for Updates"_s,
                         u"If you are connected to the internet you can check for updates"_s)),
       SaveOnExit(new QCheckBox(u"Save On Exit"_s)),
-      Defaults(TextButton(u"Defaults"_s, u"Load Defaults"_s, u"Load the default settings"_s)),
-      SaveSettings(TextButton(u"SaveSettings"_s, u"Save Settings"_s, u"Save current settings"_s)),
-      About(TextButton(u"About"_s, u"About..."_s,
+      Defaults(MakeButton(u"Defaults"_s, u"Load Defaults"_s, u"Load the default settings"_s)),
+      SaveSettings(MakeButton(u"SaveSettings"_s, u"Save Settings"_s, u"Save current settings"_s)),
+      About(MakeButton(u"About"_s, u"About..."_s,
                        u"Some basic info on the program and the author"_s)),
-      Webs(TextButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
+      Webs(MakeButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
   SaveOnExit->setObjectName(u"SaveOnExit"_s);
   SaveOnExit->setAccessibleName(SaveOnExit->text());
   SaveOnExit->setToolTip(u"Save settings upon exiting the program"_s);

@@ -25,7 +25,7 @@ class MainProg : public Form {
   Q_OBJECT
 
  public:
-  MainProg(Services& services, const ProgramFolders& folders);
+  MainProg(Services& services, ProgramFolders folders);
 
   /// Sets every stored field to its built-in value (but for the two that keep theirs), ticks
   /// SaveOnExit and writes the file.
