@@ -34,8 +34,8 @@ class Silence : public Desktop, public MessageBoxes {
 };
 
 QPalette DarkPalette() {
-  const QColor window(0x2b, 0x2b, 0x2b);
-  const QColor base(0x1e, 0x1e, 0x1e);
+  const QColor window(0x3a, 0x3a, 0x3a);
+  const QColor base(0x24, 0x24, 0x24);
   const QColor text(0xee, 0xee, 0xee);
   const QColor faint(0x80, 0x80, 0x80);
   QPalette palette(window);

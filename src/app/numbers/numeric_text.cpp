@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -98,24 +99,28 @@ bool IsBelowRange(std::string_view number) {
 
 // The value of a text that has the form of a number and nothing around it; nothing where it is not
 // finite.
-std::optional<double> ValueOfForm(std::string_view number) {
+template <class Float>
+std::optional<Float> ValueOfForm(std::string_view number) {
   const auto unsignedPlus = number.starts_with('+') ? number.substr(1) : number;
-  double value = 0;
+  Float value = 0;
   const auto read =
       std::from_chars(unsignedPlus.data(), unsignedPlus.data() + unsignedPlus.size(), value);
   if (read.ec == std::errc::result_out_of_range) {
-    return IsBelowRange(unsignedPlus) ? std::optional(0.0) : std::nullopt;
+    return IsBelowRange(unsignedPlus) ? std::optional(Float{0}) : std::nullopt;
   }
   return value;
 }
 
-std::optional<double> NumericValue(std::string_view text) {
+// The number in a text of that form without the blanks around it; empty for any other text.
+std::string_view NumericForm(std::string_view text) {
   const auto number = WithoutLeadingBlanks(text);
   const auto length = NumberLength(number);
-  if (length == 0 || !IsAllBlanks(From(number, length))) {
-    return std::nullopt;
-  }
-  return ValueOfForm(number.substr(0, length));
+  return IsAllBlanks(From(number, length)) ? number.substr(0, length) : std::string_view();
+}
+
+std::optional<double> NumericValue(std::string_view text) {
+  const auto number = NumericForm(text);
+  return number.empty() ? std::nullopt : ValueOfForm<double>(number);
 }
 
 std::string Zeros(int count) {
@@ -176,10 +181,20 @@ bool IsJustBegun(std::string_view text) {
 double LeadingNumber(std::string_view text) {
   const auto number = WithoutLeadingBlanks(text);
   const auto length = NumberLength(number);
-  return length == 0 ? 0 : ValueOfForm(number.substr(0, length)).value_or(0);
+  return length == 0 ? 0 : ValueOfForm<double>(number.substr(0, length)).value_or(0);
 }
 
 double NumberOf(std::string_view text) { return NumericValue(text).value_or(0); }
+
+float SingleOf(std::string_view text) {
+  constexpr float largest = std::numeric_limits<float>::max();
+  const auto value = NumericValue(text);
+  if (!value) {
+    return 0;
+  }
+  // Not by way of the double: rounding twice can end beside the nearest float.
+  return ValueOfForm<float>(NumericForm(text)).value_or(std::signbit(*value) ? -largest : largest);
+}
 
 std::string TextOf(double value) {
   return std::isfinite(value) ? Written(FifteenDigits(value)) : std::string();

@@ -25,6 +25,10 @@ namespace brindle {
 /// The value of a numeric text, 0 for any other text ("12xyz" gives 0). Always finite.
 [[nodiscard]] double NumberOf(std::string_view text);
 
+/// The 32-bit float nearest to a numeric text, 0 for any other text; what lies outside the type stops
+/// at its end.
+[[nodiscard]] float SingleOf(std::string_view text);
+
 /// The number in at most 15 significant digits, rounded on its exact value, without trailing zeros:
 /// plain digits where the rounded number lies in 1e-15 <= |x| < 1e21 ("0.5", "1024"), else with an
 /// exponent ("1.5E+300", "2E-16"); "0" for both zeros, empty for what is not finite. NumberOf()

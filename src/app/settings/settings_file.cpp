@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <variant>
 
 #include <QByteArray>
@@ -54,6 +56,24 @@ FileError ErrorOf(const QString& path, const QFileDevice& file) {
   return {QDir::toNativeSeparators(path), file.errorString()};
 }
 
+// Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
+bool OpenForReplacing(QSaveFile& file) {
+  return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+// A disk that fills up takes a part first and tells its reason only when asked to take the rest.
+bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
+  qint64 written = 0;
+  while (written < bytes.size()) {
+    const qint64 more = file.write(bytes.constData() + written, bytes.size() - written);
+    if (more <= 0) {
+      return false;
+    }
+    written += more;
+  }
+  return true;
+}
+
 }  // namespace
 
 QString CannotRead(const FileError& error) { return Message("Cannot read ", error); }
@@ -75,11 +95,15 @@ QString DesktopConfigFolder() {
 SettingsFile::SettingsFile(const QString& folder) : path_(folder + u"/Brindle2.ini"_s) {}
 
 std::variant<QByteArray, FileError> SettingsFile::Read() const {
-  const QFileInfo info(path_);
-  if (!info.exists()) {
+  std::error_code error;
+  const auto status = std::filesystem::status(path_.toStdU16String(), error);
+  if (status.type() == std::filesystem::file_type::not_found) {
     return QByteArray();
   }
-  if (!info.isFile()) {
+  if (error) {
+    return FileError{QDir::toNativeSeparators(path_), QString::fromStdString(error.message())};
+  }
+  if (!std::filesystem::is_regular_file(status)) {
     return FileError{QDir::toNativeSeparators(path_), u"not a file"_s};
   }
   QFile file(path_);
@@ -94,7 +118,7 @@ std::variant<QByteArray, FileError> SettingsFile::Read() const {
 
 std::optional<FileError> SettingsFile::Write(const QByteArray& bytes) const {
   QSaveFile file(path_);
-  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
+  if (OpenForReplacing(file) && WriteAll(file, bytes) && file.commit()) {
     return std::nullopt;
   }
   return ErrorOf(path_, file);
@@ -108,15 +132,19 @@ std::optional<FileError> SettingsFile::KeepUnusable() const {
   if (!source.open(QIODevice::ReadOnly)) {
     return ErrorOf(path_, source);
   }
-  if (!kept.open(QIODevice::WriteOnly)) {
-    return ErrorOf(keptPath, kept);
-  }
-  for (auto piece = source.read(pieceSize); !piece.isEmpty(); piece = source.read(pieceSize)) {
-    if (kept.write(piece) != piece.size()) {
-      return ErrorOf(keptPath, kept);
+  bool written = OpenForReplacing(kept);
+  QByteArray piece;
+  do {
+    piece = source.read(pieceSize);
+    if (source.error() != QFileDevice::NoError) {
+      return ErrorOf(path_, source);
     }
+    written = written && WriteAll(kept, piece);
+  } while (written && !piece.isEmpty());
+  if (written && kept.commit()) {
+    return std::nullopt;
   }
-  return kept.commit() ? std::nullopt : std::optional(ErrorOf(keptPath, kept));
+  return ErrorOf(keptPath, kept);
 }
 
 }  // namespace brindle

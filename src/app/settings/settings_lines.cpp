@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,6 +16,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringDecoder>
 
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
@@ -70,8 +70,7 @@ bool Read(std::string_view text, double& value) {
 }
 
 bool Read(std::string_view text, float& value) {
-  constexpr double largest = std::numeric_limits<float>::max();
-  value = static_cast<float>(std::clamp(NumberOf(text), -largest, largest));
+  value = SingleOf(text);
   return IsNumeric(text);
 }
 
@@ -90,7 +89,9 @@ bool Read(std::string_view text, bool& value) {
 }
 
 bool Read(std::string_view text, QString& value) {
-  value = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  // A byte order mark in front is part of the text like any other character.
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  value = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
   return true;
 }
 

@@ -7,7 +7,7 @@
 #include <QIcon>
 #include <QString>
 
-#include "product_settings.h"
+#include "app/shell/product_settings.h"
 
 namespace brindle {
 

@@ -495,8 +495,9 @@ TEST(FullDiskOfASettingsFileTest, FailsAtEveryLengthShortOfTheWhole) {
     for (rlim_t bytes = 0; bytes < newBytes.size() && found.Text().empty(); ++bytes) {
       limit.rlim_cur = bytes;
       setrlimit(RLIMIT_FSIZE, &limit);
-      found.Expect(SaysWhyItCannotWrite(Write(folder.Path(), newBytes), folder.PathOf(FileName)),
-                   "no error at " + std::to_string(bytes));
+      const auto message = Write(folder.Path(), newBytes);
+      found.Expect(SaysWhyItCannotWrite(message, folder.PathOf(FileName)),
+                   "with room for " + std::to_string(bytes) + " it says: \"" + message + "\"");
       found.ExpectEqual(folder.Bytes(FileName), OldBytes, "the file");
     }
     if (found.Text().empty()) {
