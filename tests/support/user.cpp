@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 #include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
@@ -60,7 +61,9 @@ void Wheel(QWidget* widget, int steps) {
   const auto middle = widget->rect().center();
   QWheelEvent event(middle, widget->mapToGlobal(middle), {}, {0, steps * 120}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(widget, &event);
+  // As if it came from the window system: only such a wheel may bring the focus.
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  QApplication::instance()->notify(widget, &event);
 }
 
 void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {

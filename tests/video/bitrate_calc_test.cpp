@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPushButton>
 #include <QString>

@@ -20,6 +20,8 @@ EditableList::EditableList(const QString& name, const QString& tooltip)
   setToolTip(tooltip);
   setEditable(true);
   setLineEdit(field_);
+  // Not the toolkit's usual policy, by which turning the wheel brings the focus.
+  setFocusPolicy(Qt::StrongFocus);
   setCompleter(nullptr);
   setInsertPolicy(NoInsert);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);

@@ -26,7 +26,7 @@ TEST(SystemClock, NeverGoesBack) {
 TEST(SystemClock, TellsTheTimeOfDay) {
   const SystemClock clock;
   const double before = QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
-  const double told = static_cast<double>(clock.SecondsSinceMidnight());
+  const auto told = static_cast<double>(clock.SecondsSinceMidnight());
   const double after = QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
   // Midnight may fall between the readings; a Single of a day is exact to about 0.01 s.
   EXPECT_TRUE((told >= before - 0.01 && told <= after + 0.01) || after < before);

@@ -3,6 +3,7 @@
 
 #include "app/input/editable_list.h"
 
+#include <QAbstractItemView>
 #include <QString>
 #include <QTest>
 #include <gtest/gtest.h>

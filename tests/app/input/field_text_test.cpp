@@ -19,7 +19,7 @@ class FieldTextTest : public ::testing::Test {
  protected:
   void SetUp() override { window.Start(); }  // the focus is in B
 
-  std::string Repaired(const QString& text) {
+  [[nodiscard]] std::string Repaired(const QString& text) const {
     window.A->setText(text);
     RepairText(window.A);
     RepairSign(window.A);

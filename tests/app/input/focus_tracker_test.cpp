@@ -4,6 +4,7 @@
 #include "app/input/focus_tracker.h"
 
 #include <QMenu>
+#include <QAbstractItemView>
 #include <QString>
 #include <QTest>
 #include <gtest/gtest.h>
