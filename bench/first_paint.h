@@ -8,13 +8,13 @@
 #include <utility>
 
 #include <QEvent>
-#include <QGuiApplication>
+#include <QMetaObject>
 #include <QObject>
-#include <QTimer>
 
 namespace brindle {
 
-/// Runs an action once, when the first paint of a window is over and with the display.
+/// Runs an action once, when the first paint of a window is over and has been sent to the display,
+/// before anything else is painted.
 class AtFirstPaint : public QObject {
  public:
   AtFirstPaint(QObject* window, std::function<void()> action) : action_(std::move(action)) {
@@ -24,10 +24,7 @@ class AtFirstPaint : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Paint) {
       watched->removeEventFilter(this);
-      QTimer::singleShot(0, watched, [this] {
-        QGuiApplication::sync();
-        action_();
-      });
+      QMetaObject::invokeMethod(watched, action_, Qt::QueuedConnection);
     }
     return false;
   }

@@ -58,8 +58,6 @@ void Start(benchmark::State& state, const std::string& program) {
     processorSeconds += run.processorSeconds;
   }
   // What this process itself uses meanwhile says nothing; the child's time is a figure of its own.
-  state.counters["wall_ms"] =
-      benchmark::Counter(1, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
   state.counters["processor_ms"] = processorSeconds * 1000;
 }
 

@@ -22,25 +22,24 @@
 namespace brindle {
 namespace {
 
-// Sees the two windows when they get their first event.
+// Sees every event of the two windows.
 class Impatient : public QObject {
  public:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Show) {
-      if (auto* splash = qobject_cast<Splash*>(watched); splash != nullptr) {
-        splash_ = std::make_unique<AtFirstPaint>(splash, [splash] {
-          QApplication::postEvent(splash,
-                                  new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
-        });
-      } else if (qobject_cast<MainProg*>(watched) != nullptr) {
-        mainProg_ = std::make_unique<AtFirstPaint>(watched, EndNow);
-      }
+    if (event->type() == QEvent::Paint && !dismissed_ &&
+        qobject_cast<Splash*>(watched) != nullptr) {
+      dismissed_ = true;
+      QApplication::postEvent(watched,
+                              new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
+    }
+    if (event->type() == QEvent::Show && qobject_cast<MainProg*>(watched) != nullptr) {
+      mainProg_ = std::make_unique<AtFirstPaint>(watched, EndNow);
     }
     return false;
   }
 
  private:
-  std::unique_ptr<AtFirstPaint> splash_;
+  bool dismissed_ = false;
   std::unique_ptr<AtFirstPaint> mainProg_;
 };
 

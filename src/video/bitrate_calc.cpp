@@ -93,7 +93,7 @@ void BitrateCalc::MakeLayout() {
     part->SetVisibleDigits(5);
   }
   Time3->setText(u"00.00"_s);
-  Qual->setText(u"Medium"_s);
+  Qual->Show(u"Medium"_s);
 
   // clang-format off
   LayOut(this,
@@ -318,15 +318,15 @@ void BitrateCalc::CalcVideoBitrate() {
       .divXFactor = DivXFactor,
   });
   Result->setText(result.kiloBits > 0 ? ToQString(Formatted(result.kiloBits, "#")) : QString());
-  Stat[0]->setText(SizeText(result.videoMegaBytes));
-  Stat[1]->setText(SizeText(result.audioMegaBytes));
-  Stat[2]->setText(SizeText(result.overheadMegaBytes));
+  Stat[0]->Show(SizeText(result.videoMegaBytes));
+  Stat[1]->Show(SizeText(result.audioMegaBytes));
+  Stat[2]->Show(SizeText(result.overheadMegaBytes));
   RateQuality(result.kiloBits);
 }
 
 void BitrateCalc::RateQuality(double bitrate) {
   if (const auto rating = QualityRating(bitrate, record_.DivXOption)) {
-    Qual->setText(QString::fromLatin1(rating->data(), static_cast<qsizetype>(rating->size())));
+    Qual->Show(QString::fromLatin1(rating->data(), static_cast<qsizetype>(rating->size())));
   }
 }
 
@@ -373,7 +373,7 @@ void BitrateCalc::LengthToTime() {
 
 void BitrateCalc::ShowInterleaving() {
   const bool isOn = record_.VideoFrameOverhead + record_.AudioInterleaveOverhead > 0;
-  Interl->setText(isOn ? u"ON"_s : u"OFF"_s);
+  Interl->Show(isOn ? u"ON"_s : u"OFF"_s);
 }
 
 void BitrateCalc::Hold(Spin state, TextField* field, double (*step)(double, std::optional<double>),

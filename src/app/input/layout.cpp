@@ -15,11 +15,15 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QStylePainter>
 #include <QWidget>
 
+#include "app/input/editable_list.h"
 #include "app/input/spin_button.h"
 
 namespace brindle {
@@ -79,17 +83,32 @@ ValueLabel::ValueLabel(const QString& name, const QString& tooltip, QStringList 
   setObjectName(name);
   setToolTip(tooltip);
   setTextFormat(Qt::PlainText);
+  FixSize();
 }
 
 QSize ValueLabel::sizeHint() const {
-  QSize size = QLabel::sizeHint();
+  QSize size(0, fontMetrics().height());
   for (const auto& text : widest_) {
     size.setWidth(std::max(size.width(), fontMetrics().size(0, text).width()));
   }
-  return size.expandedTo({0, fontMetrics().height()});
+  return size;
 }
 
-QSize ValueLabel::minimumSizeHint() const { return sizeHint(); }
+void ValueLabel::Show(const QString& text) {
+  if (text != this->text()) {
+    setText(text);
+    setAccessibleDescription(text);
+  }
+}
+
+void ValueLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    FixSize();
+  }
+}
+
+void ValueLabel::FixSize() { setFixedSize(sizeHint()); }
 
 ResultField::ResultField(const QString& name, const QString& tooltip, int digits)
     : digits_(digits) {
@@ -124,8 +143,29 @@ void ResultField::FollowFont() {
   setFont(large);
 }
 
+void Frame::paintEvent(QPaintEvent* event) {
+  const qreal ratio = devicePixelRatioF();
+  const QSize pixels = (QSizeF(size()) * ratio).toSize();
+  if (picture_.size() != pixels || picture_.devicePixelRatio() != ratio) {
+    picture_ = QPixmap(pixels);
+    picture_.setDevicePixelRatio(ratio);
+    picture_.fill(Qt::transparent);
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    QStylePainter(&picture_, this).drawComplexControl(QStyle::CC_GroupBox, option);
+  }
+  QPainter painter(this);
+  painter.setClipRegion(event->region());
+  painter.drawPixmap(0, 0, picture_);
+}
+
+void Frame::changeEvent(QEvent* event) {
+  picture_ = {};
+  QGroupBox::changeEvent(event);
+}
+
 QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
-  auto* frame = new QGroupBox(caption);
+  auto* frame = new Frame(caption);
   auto* grid = new QGridLayout(frame);
   grid->setContentsMargins(Margin, Margin, Margin, Margin);
   grid->setHorizontalSpacing(Spacing);
@@ -142,6 +182,9 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
       controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1);
       if (!isPlainLabel && control->accessibleName().isEmpty()) {
         control->setAccessibleName(AccessibleName(row.label, control));
+      }
+      if (auto* list = qobject_cast<EditableList*>(control)) {
+        list->Field()->setAccessibleName(row.label);
       }
     }
     grid->addLayout(controls, line, 1);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QList>
+#include <QPixmap>
 #include <QPushButton>
 #include <QString>
 #include <QStringList>
@@ -46,16 +47,23 @@ class DescriptionLabel : public QLabel {
 };
 
 /// A label for a value. It keeps room for the widest of the texts that it may have to show, so that
-/// nothing moves when the value changes.
+/// nothing moves, and nothing is laid out anew, when the value changes.
 class ValueLabel : public QLabel {
   Q_OBJECT
 
  public:
   ValueLabel(const QString& name, const QString& tooltip, QStringList widest);
+  /// Shows a text; a screen reader says it behind the label's name.
+  void Show(const QString& text);
   [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
 
  private:
+  // A label of a fixed size does not trouble its layout when its text changes.
+  void FixSize();
+
   QStringList widest_;
 };
 
@@ -83,6 +91,22 @@ class ResultField : public QLineEdit {
 struct Row {
   QString label;
   QList<QWidget*> controls;
+};
+
+/// A frame with a caption. It paints itself once and then from its own picture: everything that
+/// changes inside a frame has the frame painted under it, at every key.
+class Frame : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QPixmap picture_;
 };
 
 /// A frame with a caption whose rows stand in one grid: labels left, controls right, all aligned.

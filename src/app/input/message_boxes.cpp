@@ -54,6 +54,7 @@ std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& 
   }
   const QPointer box(new QMessageBox(owner));
   box->setObjectName(u"MessageBox"_s);
+  box->setWindowTitle(u"Brindle"_s);
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
   box->setWindowModality(Qt::ApplicationModal);

@@ -62,8 +62,9 @@ void SpinHold::GoOn() {
     }
     Step(held.press);
     if (SpinState_ == held.press.state) {
+      // By way of the event loop even when there is no interval, so that the release is heard.
       held.since = clock_.Now();
-      continue;
+      return WaitFor(static_cast<double>(record_.SpinRepeatInterval));
     }
     const SpinPress ended = std::move(held.press);
     held_.pop_back();

@@ -25,8 +25,8 @@ namespace brindle {
 /// The value of a numeric text, 0 for any other text ("12xyz" gives 0). Always finite.
 [[nodiscard]] double NumberOf(std::string_view text);
 
-/// The 32-bit float nearest to a numeric text, 0 for any other text; what lies outside the type stops
-/// at its end.
+/// The 32-bit float nearest to a numeric text, 0 for any other text; what lies outside the type
+/// stops at its end.
 [[nodiscard]] float SingleOf(std::string_view text);
 
 /// The number in at most 15 significant digits, rounded on its exact value, without trailing zeros:

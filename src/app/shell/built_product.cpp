@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QString>
 
+#include "app/shell/picture.h"
 #include "app/shell/product_settings.h"
 
 namespace brindle {
@@ -22,10 +23,9 @@ Product BuiltProduct() {
 
 void SetUpApplication() {
   QApplication::setApplicationName(u"brindle2"_s);
-  QApplication::setApplicationDisplayName(u"Brindle"_s);
   QApplication::setApplicationVersion(u"2.91"_s);
   QApplication::setDesktopFileName(u"brindle2"_s);
-  QApplication::setWindowIcon(QIcon(u":/pictures/application.png"_s));
+  QApplication::setWindowIcon(QIcon(LoadPicture(u"application"_s, qApp->devicePixelRatio())));
   // The splash is the last window for a moment before the main window stands.
   QApplication::setQuitOnLastWindowClosed(false);
 }

@@ -22,6 +22,7 @@
 #include "app/settings/settings.h"
 #include "app/settings/settings_file.h"
 #include "app/settings/settings_lines.h"
+#include "app/shell/picture.h"
 #include "app/shell/quoted_part.h"
 
 namespace brindle {
@@ -38,7 +39,7 @@ QPushButton* PictureButton(const QString& name, const QString& picture, const QS
                            const QString& tooltip = {}) {
   auto* button = new QPushButton;
   button->setObjectName(name);
-  button->setIcon(QIcon(u":/pictures/"_s + picture + u".png"_s));
+  button->setIcon(QIcon(LoadPicture(picture, button->devicePixelRatio())));
   button->setIconSize(PictureSize);
   button->setAccessibleName(opens);
   button->setToolTip(tooltip);
@@ -47,7 +48,7 @@ QPushButton* PictureButton(const QString& name, const QString& picture, const QS
 }
 
 QGroupBox* Framed(const QString& caption, QLayout* content) {
-  auto* frame = new QGroupBox(caption);
+  auto* frame = new Frame(caption);
   content->setContentsMargins(Margin, Margin, Margin, Margin);
   frame->setLayout(content);
   return frame;

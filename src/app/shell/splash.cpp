@@ -7,14 +7,15 @@
 #include <utility>
 
 #include <QCloseEvent>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPalette>
 #include <QVBoxLayout>
 #include <QWidget>
 
 #include "app/input/layout.h"
+#include "app/shell/picture.h"
 
 namespace brindle {
 
@@ -22,16 +23,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize PictureSize(480, 270);  // the picture's own size, device-independent pixels
-constexpr float LongestWait = 2;        // seconds
-constexpr double Turn = 0.02;           // seconds between two looks at the clock
+constexpr float LongestWait = 2;  // seconds
+constexpr double Turn = 0.02;     // seconds between two looks at the clock
 
 QLabel* MakeLine(const QString& name, const QString& text, QWidget* picture) {
   auto* label = MakeLabel(text);
   label->setParent(picture);
   label->setObjectName(name);
   // The picture is dark in every palette, and so its text is light in every palette.
-  label->setStyleSheet(u"color: #f4efe6"_s);
+  QPalette light = label->palette();
+  light.setColor(QPalette::WindowText, QColor(0xf4, 0xef, 0xe6));
+  label->setPalette(light);
   return label;
 }
 
@@ -44,7 +46,7 @@ Splash::Splash(Services& services) : QWidget(nullptr, Qt::SplashScreen), service
   auto* picture = new QLabel(this);
   picture->setObjectName(u"Image1"_s);
   picture->setAccessibleName(windowTitle());
-  picture->setPixmap(QIcon(u":/pictures/splash.png"_s).pixmap(PictureSize, devicePixelRatio()));
+  picture->setPixmap(LoadPicture(u"splash"_s, devicePixelRatio()));
 
   auto* version = MakeLine(u"Label1"_s, u"Version 2.91 DX"_s, picture);
   auto* website = MakeLine(u"Label2"_s, u"URL"_s, picture);
@@ -106,14 +108,21 @@ void Splash::closeEvent(QCloseEvent* event) {
 }
 
 void Splash::Wait() {
+  if (finished_) {
+    return;
+  }
   const float passed = services_.clock.SecondsSinceMidnight() - start_;
   if (passed < LongestWait && services_.record.SplashDone == 0) {
     services_.clock.After(Turn, this, [this] { Wait(); });
     return;
   }
+  finished_ = true;
   Q_EMIT Finished();
 }
 
-void Splash::Dismiss() { services_.record.SplashDone = 1; }
+void Splash::Dismiss() {
+  services_.record.SplashDone = 1;
+  services_.clock.After(0, this, [this] { Wait(); });
+}
 
 }  // namespace brindle

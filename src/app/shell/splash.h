@@ -37,6 +37,7 @@ class Splash : public QWidget {
   Services& services_;
   float start_ = 0;
   QWidget* pressed_ = nullptr;
+  bool finished_ = false;
 };
 
 }  // namespace brindle

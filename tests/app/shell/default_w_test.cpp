@@ -74,7 +74,7 @@ TEST_F(DefaultWTest, OnlyShownItChangesNothing) {
 TEST_F(DefaultWTest, ConfirmedItLoadsTheDefaultsAndCloses) {
   Ask();
   Click(Find(window, u"Command1"_s));
-  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(Standing(u"DefaultW"_s).empty());
   ExpectDefaultsLoaded();
   EXPECT_EQ(desktop.beeps, 1);
 }
@@ -83,7 +83,7 @@ TEST_F(DefaultWTest, ConfirmedByKeyboardItLoadsTheDefaultsAndCloses) {
   Ask();
   TabTo(Find(window, u"Command1"_s));
   Key(Qt::Key_Space);
-  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(Standing(u"DefaultW"_s).empty());
   ExpectDefaultsLoaded();
 }
 
@@ -107,14 +107,14 @@ TEST_F(DefaultWTest, ConfirmedItKeepsNoOldFile) {
 TEST_F(DefaultWTest, TheSecondButtonOnlyCloses) {
   Ask();
   Click(Find(window, u"Command2"_s));
-  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(Standing(u"DefaultW"_s).empty());
   ExpectNothingChanged();
 }
 
 TEST_F(DefaultWTest, EscapeOnlyCloses) {
   Ask();
   Key(Qt::Key_Escape);
-  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(Standing(u"DefaultW"_s).empty());
   ExpectNothingChanged();
 }
 
@@ -149,7 +149,7 @@ TEST_F(DefaultWTest, AFileThatCannotBeWrittenIsToldOnceAndTheWindowCloses) {
   boxes.answers.emplace_back(BoxAnswer::Ok);
   Click(Find(window, u"Command1"_s));
   ExpectOneBox(Cannot("write"));
-  EXPECT_FALSE(window->isVisible());
+  EXPECT_TRUE(Standing(u"DefaultW"_s).empty());
   EXPECT_TRUE(main->isVisible());
   ExpectDefaultsLoaded();
 }

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include <QComboBox>
+#include <QString>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "app/shell/main_prog.h"
+#include "app/shell/splash.h"
+#include "tests/support/window_test.h"
+
+namespace brindle {
+
+/// Any window of the program, opened by its name on the built-in settings.
+class AnyWindow : public WindowTest {
+ protected:
+  QWidget* OpenByName(const std::string& name) {
+    static const std::map<std::string, WindowId> listed{{"DefaultW", WindowId::DefaultW},
+                                                        {"BitrateCalc", WindowId::BitrateCalc}};
+    if (name == "Splash") {
+      splash = std::make_unique<Splash>(services);
+      splash->Run();
+      return Shown(splash.get());
+    }
+    if (name == "MainProg") {
+      main = std::make_unique<MainProg>(
+          services, ProgramFolders{.program = folder.path(), .config = folder.path()});
+      main->show();
+      main->activateWindow();
+      return Shown(main.get());
+    }
+    return Open(listed.at(name));
+  }
+
+  /// The control that a widget belongs to: a list is one control with its text part.
+  static const QWidget* ControlOf(const QWidget* widget) {
+    const auto* list = qobject_cast<const QComboBox*>(widget->parentWidget());
+    return list != nullptr ? list : widget;
+  }
+
+ private:
+  static QWidget* Shown(QWidget* window) {
+    WaitForActive(window);
+    return window;
+  }
+
+  std::unique_ptr<Splash> splash;
+  std::unique_ptr<MainProg> main;
+};
+
+}  // namespace brindle

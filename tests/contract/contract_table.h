@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace brindle {
+
+/// A window and what stands in its title bar.
+struct WindowRow {
+  std::string name;
+  std::string caption;
+};
+
+inline const std::vector<WindowRow>& WindowRows() {
+  static const std::vector<WindowRow> rows{
+      {"Splash", "Brindle"},
+      {"MainProg", "Velbrin's Brindle 2.91 DX"},
+      {"DefaultW", "Load Default Settings"},
+      {"BitrateCalc", "Velbrin's Brindle 2 : Video Bitrate Calc"},
+  };
+  return rows;
+}
+
+enum class Kind {
+  Picture,
+  Label,
+  Button,
+  PictureButton,
+  SpinButton,
+  CheckBox,
+  Option,
+  Field,
+  List
+};
+
+/// The place of a control that Tab does not reach.
+inline constexpr int NoTab = -1;
+
+/// One control of a window, as a person and the tools of a person find it.
+struct ControlRow {
+  std::string window;
+  std::string name;
+  Kind kind = Kind::Label;
+  std::string frame;    ///< the caption of the frame around it, empty where there is none
+  std::string caption;  ///< what stands on it; of labels, fields and lists with built-in settings
+  std::string tooltip;
+  std::string accessibleName;
+  int tab = NoTab;  ///< its place in the tab order, from 0, with every control enabled; the options
+                    ///< of an array share one
+};
+
+inline const std::vector<ControlRow>& ControlRows() {
+  using K = Kind;
+  static const std::string basic = "Basic Settings";
+  static const std::string extra = "Extra Settings";
+  static const std::string time = "Hr:Min:Secs :";
+  static const std::string divX = "DivX version :";
+  static const std::string website = "https://example.org/brindle";
+  static const std::string author = "Velbrin 2026";
+  // clang-format off
+  static const std::vector<ControlRow> rows{
+      {"Splash", "Image1", K::Picture, "", "", "", "Brindle"},
+      {"Splash", "Label1", K::Label, "", "Version 2.91 DX", "", "Version 2.91 DX"},
+      {"Splash", "Label2", K::Label, "", website, "", website},
+      {"Splash", "Label3", K::Label, "", author, "", author},
+
+      {"MainProg", "VideoBC", K::PictureButton, "Calculators", "", "",
+       "Velbrin's Brindle 2 : Video Bitrate Calc", 0},
+      {"MainProg", "AudioBC", K::PictureButton, "Calculators", "", "",
+       "Velbrin's Brindle 2 : Audio Bitrate Calc", 1},
+      {"MainProg", "HDC", K::PictureButton, "Calculators", "", "",
+       "Velbrin's Brindle 2 : HD Space Calc", 2},
+      {"MainProg", "AVISplitC", K::PictureButton, "Calculators", "", "",
+       "Velbrin's Brindle 2 : AVI Splitting Calc", 3},
+      {"MainProg", "RAR", K::PictureButton, "Calculators", "", "",
+       "Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc", 4},
+      {"MainProg", "QuickCon", K::Button, "Calculators", "Quick Converter", "",
+       "Quick Converter", 5},
+      {"MainProg", "WinCalc", K::Button, "Calculators", "Windows Calculator", "",
+       "Windows Calculator", 6},
+      {"MainProg", "Normalize", K::PictureButton, "Tools", "",
+       "Easily normalize any 16bit PCM WAV file", "WAV Normalizer (rev3)", 7},
+      {"MainProg", "Adremove", K::PictureButton, "Tools", "", "Disable DivX 5 pro GAIN spyware",
+       "Disable DivX 5 pro GAIN spyware", 8},
+      {"MainProg", "HelpWin", K::Button, "Extra", "Help", "", "Help", 9},
+      {"MainProg", "Update", K::Button, "Extra", "Check for Updates",
+       "If you are connected to the internet you can check for updates", "Check for Updates", 10},
+      {"MainProg", "SaveOnExit", K::CheckBox, "Extra", "Save On Exit",
+       "Save settings upon exiting the program", "Save On Exit", 11},
+      {"MainProg", "Defaults", K::Button, "Extra", "Load Defaults", "Load the default settings",
+       "Load Defaults", 12},
+      {"MainProg", "SaveSettings", K::Button, "Extra", "Save Settings", "Save current settings",
+       "Save Settings", 13},
+      {"MainProg", "About", K::Button, "Extra", "About...",
+       "Some basic info on the program and the author", "About...", 14},
+      {"MainProg", "Webs", K::Button, "Extra", "Velbrin's Website", "Visit velbrin's website.",
+       "Velbrin's Website", 15},
+
+      {"DefaultW", "Command1", K::Button, "", "Load Defaults", "", "Load Defaults", 0},
+      {"DefaultW", "Command2", K::Button, "", "Cancel", "", "Cancel", 1},
+
+      {"BitrateCalc", "Audio", K::List, basic, "128",
+       "Audio bitrate in kbps (assumes constant bitrate)", "Audio Bitrate (kbps) :", 0},
+      {"BitrateCalc", "CDs", K::List, basic, "1", "Number of CD's to fit the movie on",
+       "No.Of CD's :", 1},
+      {"BitrateCalc", "MLength", K::Field, basic, "100", "Movie length in minutes",
+       "Movie Length (Min) :", 2},
+      {"BitrateCalc", "MLengthP", K::SpinButton, basic, "+", "", "Movie Length (Min) : plus"},
+      {"BitrateCalc", "MLengthM", K::SpinButton, basic, "\u2212", "",
+       "Movie Length (Min) : minus"},
+      {"BitrateCalc", "Time1", K::Field, basic, "1", "Movie running time (Hours)",
+       time + " Movie running time (Hours)", 3},
+      {"BitrateCalc", "Time2", K::Field, basic, "40", "Movie running time (Minutes)",
+       time + " Movie running time (Minutes)", 4},
+      {"BitrateCalc", "Time3", K::Field, basic, "00.00", "Movie running time (Seconds)",
+       time + " Movie running time (Seconds)", 5},
+      {"BitrateCalc", "Capacity", K::List, extra, "700",
+       "Size of the storage medium, or AVI target size in Megabytes", "CD Capacity (MB) :", 6},
+      {"BitrateCalc", "Extra", K::Field, extra, "0",
+       "Reserve diskspace in Megabytes for extra material (Trailers, menus...)",
+       "Extra material (MB) :", 7},
+      {"BitrateCalc", "ExtraP", K::SpinButton, extra, "+", "", "Extra material (MB) : plus"},
+      {"BitrateCalc", "ExtraM", K::SpinButton, extra, "\u2212", "",
+       "Extra material (MB) : minus"},
+      {"BitrateCalc", "DivX(0)", K::Option, extra, "3",
+       "DivX 3.xx codec (results are accurate for low-motion codec)",
+       divX + " DivX 3.xx codec (results are accurate for low-motion codec)", 8},
+      {"BitrateCalc", "DivX(1)", K::Option, extra, "4/5",
+       "DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)",
+       divX + " DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)", 8},
+      {"BitrateCalc", "Interl", K::Label, extra, "ON",
+       "Indicates whether Interleaving is being calculated (Advanced)", "Interleaving:"},
+      {"BitrateCalc", "Advance", K::Button, extra, "Advanced", "Advanced interleaving settings",
+       "Advanced", 9},
+      {"BitrateCalc", "Result", K::Field, "", "841",
+       "Video bitrate setting for DivX 3 (low-motion) or DivX 4/5 (2-pass)",
+       "Estimated Video Bitrate :", 10},
+      {"BitrateCalc", "Qual", K::Label, "", "Average",
+       "Estimated quality is a very coarse estimation for a 640x... resolution",
+       "Estimated Quality :"},
+      {"BitrateCalc", "Stat(0)", K::Label, "", "601.6MB", "Total size of the video.", "Video:"},
+      {"BitrateCalc", "Stat(1)", K::Label, "", "91.6MB", "Total size of the audio.", "Audio:"},
+      {"BitrateCalc", "Stat(2)", K::Label, "", "6.9MB", "Total size of the AVI overhead.",
+       "Overhead:"},
+  };
+  // clang-format on
+  return rows;
+}
+
+/// The rows of one window, in the order of the table.
+inline std::vector<ControlRow> RowsOf(const std::string& window) {
+  std::vector<ControlRow> rows;
+  for (const auto& row : ControlRows()) {
+    if (row.window == window) {
+      rows.push_back(row);
+    }
+  }
+  return rows;
+}
+
+}  // namespace brindle

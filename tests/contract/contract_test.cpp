@@ -1,0 +1,338 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QString>
+#include <QToolButton>
+#include <QVariant>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "tests/contract/any_window.h"
+#include "tests/contract/contract_table.h"
+
+namespace brindle {
+
+void PrintTo(const WindowRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const ControlRow& row, std::ostream* out) { *out << row.window << '.' << row.name; }
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using NameList = std::vector<std::string>;
+
+std::string NameOf(const QWidget* widget) { return widget->objectName().toStdString(); }
+
+// The kind that a tool sees; empty for what is no control.
+std::string KindOf(const QWidget* control) {
+  if (const auto* list = qobject_cast<const QComboBox*>(control)) {
+    return list->isEditable() ? "list" : "";
+  }
+  if (qobject_cast<const QLineEdit*>(control) != nullptr) {
+    return "field";
+  }
+  if (qobject_cast<const QRadioButton*>(control) != nullptr) {
+    return "option";
+  }
+  if (qobject_cast<const QCheckBox*>(control) != nullptr) {
+    return "check box";
+  }
+  if (qobject_cast<const QToolButton*>(control) != nullptr) {
+    return "spin button";
+  }
+  if (const auto* button = qobject_cast<const QPushButton*>(control)) {
+    return button->icon().isNull() ? "button" : "picture button";
+  }
+  if (const auto* label = qobject_cast<const QLabel*>(control)) {
+    return label->pixmap(Qt::ReturnByValue).isNull() ? "label" : "picture";
+  }
+  return "";
+}
+
+std::string NameOf(Kind kind) {
+  switch (kind) {
+    case Kind::Picture:
+      return "picture";
+    case Kind::Label:
+      return "label";
+    case Kind::Button:
+      return "button";
+    case Kind::PictureButton:
+      return "picture button";
+    case Kind::SpinButton:
+      return "spin button";
+    case Kind::CheckBox:
+      return "check box";
+    case Kind::Option:
+      return "option";
+    case Kind::Field:
+      return "field";
+    case Kind::List:
+      return "list";
+  }
+  return "";
+}
+
+std::string CaptionOf(const QWidget* control) {
+  if (const auto* list = qobject_cast<const QComboBox*>(control)) {
+    return list->currentText().toStdString();
+  }
+  if (const auto* field = qobject_cast<const QLineEdit*>(control)) {
+    return field->text().toStdString();
+  }
+  if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+    return button->text().toStdString();
+  }
+  const auto* label = qobject_cast<const QLabel*>(control);
+  return label != nullptr ? label->text().toStdString() : "";
+}
+
+std::string FrameOf(const QWidget* control) {
+  for (const auto* outer = control->parentWidget(); outer != nullptr;
+       outer = outer->parentWidget()) {
+    if (const auto* frame = qobject_cast<const QGroupBox*>(outer)) {
+      return frame->title().toStdString();
+    }
+  }
+  return "";
+}
+
+// The name that was given, else the one that the toolkit makes of the caption.
+std::string AccessibleNameOf(QWidget* control) {
+  if (!control->accessibleName().isEmpty()) {
+    return control->accessibleName().toStdString();
+  }
+  return QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name).toStdString();
+}
+
+// The text part of a list, what drops down from it, and all that these are made of.
+bool IsPartOfAList(const QWidget* widget) {
+  for (const auto* outer = widget->parentWidget(); outer != nullptr;
+       outer = outer->parentWidget()) {
+    if (qobject_cast<const QComboBox*>(outer) != nullptr) {
+      return true;
+    }
+  }
+  return false;
+}
+
+// Everything in a window that can be named, clicked or typed into; the parts of a list and the bare
+// captions are none.
+std::vector<QWidget*> ControlsIn(const QWidget* window) {
+  std::vector<QWidget*> controls;
+  for (auto* widget : window->findChildren<QWidget*>()) {
+    const bool isNamed =
+        !widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"_s);
+    const bool isInteractive =
+        widget->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(widget) != nullptr;
+    if (!IsPartOfAList(widget) && (isNamed || isInteractive)) {
+      controls.push_back(widget);
+    }
+  }
+  return controls;
+}
+
+class WindowContract : public AnyWindow, public ::testing::WithParamInterface<WindowRow> {
+ protected:
+  QWidget* OpenIt() { return OpenByName(GetParam().name); }
+};
+
+TEST_P(WindowContract, CarriesItsNameAndCaption) {
+  const auto* window = OpenIt();
+  EXPECT_EQ(NameOf(window), GetParam().name);
+  EXPECT_EQ(window->windowTitle().toStdString(), GetParam().caption);
+}
+
+TEST_P(WindowContract, HasExactlyTheControlsOfTheTable) {
+  std::multiset<std::string> found;
+  for (const auto* control : ControlsIn(OpenIt())) {
+    found.insert(NameOf(control));
+  }
+  std::multiset<std::string> expected;
+  for (const auto& row : RowsOf(GetParam().name)) {
+    expected.insert(row.name);
+  }
+  EXPECT_EQ(found, expected);
+}
+
+TEST_P(WindowContract, ShowsPlainTextEverywhere) {
+  const auto* window = OpenIt();
+  for (const auto* label : window->findChildren<QLabel*>()) {
+    if (!label->text().isEmpty()) {
+      EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+    }
+  }
+  for (const auto* widget : window->findChildren<QWidget*>()) {
+    EXPECT_FALSE(Qt::mightBeRichText(widget->toolTip())) << NameOf(widget);
+  }
+}
+
+// With every control enabled: those that have nothing to open yet keep their place.
+class TabOrder : public WindowContract {
+ protected:
+  QWidget* OpenEnabled() {
+    auto* window = OpenIt();
+    for (auto* control : ControlsIn(window)) {
+      control->setEnabled(true);
+    }
+    return window;
+  }
+
+  // The options of an array are one stop: "DivX" for "DivX(0)" and "DivX(1)".
+  static std::string StopOf(const std::string& name) { return name.substr(0, name.find('(')); }
+
+  static NameList Expected() {
+    std::map<int, std::string> places;
+    for (const auto& row : RowsOf(GetParam().name)) {
+      if (row.tab != NoTab) {
+        const auto stop = StopOf(row.name);
+        EXPECT_EQ(places.emplace(row.tab, stop).first->second, stop) << "two at " << row.tab;
+      }
+    }
+    NameList stops;
+    for (const auto& [place, stop] : places) {
+      stops.push_back(stop);
+    }
+    return stops;
+  }
+
+  // What has the focus at first and after each press of the key.
+  static NameList Walk(const QWidget* window, Qt::Key key, std::size_t length) {
+    NameList stops;
+    for (std::size_t i = 0; i < length; ++i) {
+      const auto* focused = window->focusWidget();
+      stops.push_back(focused != nullptr ? StopOf(NameOf(ControlOf(focused))) : "none");
+      Key(key);
+    }
+    return stops;
+  }
+};
+
+TEST_P(TabOrder, IsReadingOrderAndComesRound) {
+  auto expected = Expected();
+  expected.push_back(expected.front());
+  EXPECT_EQ(Walk(OpenEnabled(), Qt::Key_Tab, expected.size()), expected);
+}
+
+TEST_P(TabOrder, GoesBackTheSameWay) {
+  const auto names = Expected();
+  NameList expected{names.front()};
+  expected.insert(expected.end(), names.rbegin(), names.rend());
+  EXPECT_EQ(Walk(OpenEnabled(), Qt::Key_Backtab, expected.size()), expected);
+}
+
+TEST_P(TabOrder, LeavesOutWhatIsDisabled) {
+  auto* window = OpenIt();
+  std::set<std::string> disabled;
+  for (const auto* control : ControlsIn(window)) {
+    if (!control->isEnabled()) {
+      disabled.insert(NameOf(control));
+    }
+  }
+  auto expected = Expected();
+  std::erase_if(expected, [&](const auto& stop) { return disabled.contains(stop); });
+  expected.push_back(expected.front());
+  EXPECT_EQ(Walk(window, Qt::Key_Tab, expected.size()), expected);
+}
+
+std::vector<WindowRow> WindowsWithTabOrder() {
+  auto rows = WindowRows();
+  std::erase_if(rows, [](const auto& row) { return row.name == "Splash"; });
+  return rows;
+}
+
+constexpr auto WindowName = [](const auto& instance) { return instance.param.name; };
+
+INSTANTIATE_TEST_SUITE_P(Each, WindowContract, ::testing::ValuesIn(WindowRows()), WindowName);
+INSTANTIATE_TEST_SUITE_P(Each, TabOrder, ::testing::ValuesIn(WindowsWithTabOrder()), WindowName);
+
+class ControlContract : public AnyWindow, public ::testing::WithParamInterface<ControlRow> {
+ protected:
+  void SetUp() override {
+    window = OpenByName(GetParam().window);
+    control = Find(window, QString::fromStdString(GetParam().name));
+    ASSERT_NE(control, nullptr);
+  }
+
+  QWidget* window = nullptr;
+  QWidget* control = nullptr;
+};
+
+TEST_P(ControlContract, HoldsWhatTheTableSays) {
+  const auto& row = GetParam();
+  EXPECT_EQ(KindOf(control), NameOf(row.kind));
+  EXPECT_EQ(FrameOf(control), row.frame);
+  EXPECT_EQ(CaptionOf(control), row.caption);
+  EXPECT_EQ(control->toolTip().toStdString(), row.tooltip);
+  EXPECT_EQ(AccessibleNameOf(control), row.accessibleName);
+  EXPECT_TRUE(control->isVisible());
+  EXPECT_TRUE(window->isAncestorOf(control));
+}
+
+TEST_P(ControlContract, OfAnArrayItCarriesItsIndex) {
+  const auto& [windowName, name, kind, frame, caption, tooltip, accessibleName, tab] = GetParam();
+  if (kind == Kind::Option) {
+    const auto index = name.substr(name.find('(') + 1, 1);
+    EXPECT_EQ(control->property("Index"), QVariant(std::atoi(index.c_str())));
+  }
+}
+
+// Fields, lists, spin buttons, options and values of a frame are named by the label that a person
+// sees on their line.
+TEST_P(ControlContract, IsNamedByTheLabelBesideIt) {
+  const auto& row = GetParam();
+  const std::set<Kind> labelled{Kind::Field, Kind::List, Kind::SpinButton, Kind::Option,
+                                Kind::Label};
+  if (row.window == "Splash" || !labelled.contains(row.kind)) {
+    return;
+  }
+  const QLabel* nearest = nullptr;
+  for (const auto* label : control->parentWidget()->findChildren<QLabel*>()) {
+    const auto middle = control->geometry().center().y();
+    if (label->objectName().isEmpty() && label->geometry().right() < control->x() &&
+        label->geometry().top() <= middle && middle <= label->geometry().bottom() &&
+        (nearest == nullptr || label->x() > nearest->x())) {
+      nearest = label;
+    }
+  }
+  ASSERT_NE(nearest, nullptr) << "no label beside it";
+  const auto text = nearest->text().toStdString();
+  const NameList possible{text, text + " plus", text + " minus", text + " " + row.tooltip};
+  EXPECT_NE(std::find(possible.begin(), possible.end(), row.accessibleName), possible.end())
+      << "the label beside it is " << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ControlContract, ::testing::ValuesIn(ControlRows()),
+                         [](const auto& instance) {
+                           auto name = instance.param.window + instance.param.name;
+                           std::erase(name, '(');
+                           std::erase(name, ')');
+                           return name;
+                         });
+
+TEST(ContractTable, NamesEveryControlOnce) {
+  std::set<std::string> seen;
+  for (const auto& row : ControlRows()) {
+    EXPECT_TRUE(seen.insert(row.window + "." + row.name).second) << row.window << "." << row.name;
+  }
+}
+
+}  // namespace
+}  // namespace brindle

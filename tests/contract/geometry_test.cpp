@@ -1,0 +1,399 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// Nothing is cut off, overlaps, stands out of line or moves. The scale comes from QT_SCALE_FACTOR,
+// the size of the font from BRINDLE_TEST_POINT_SIZE.
+
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QFont>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRect>
+#include <QString>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "tests/contract/any_window.h"
+#include "tests/contract/contract_table.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int Tolerance = 2;  // device-independent pixels
+
+const char* PointSize() { return std::getenv("BRINDLE_TEST_POINT_SIZE"); }
+
+std::string Called(const QWidget* widget) {
+  auto name = widget->objectName().toStdString();
+  if (const auto* label = qobject_cast<const QLabel*>(widget); label != nullptr) {
+    name += " \"" + label->text().toStdString() + "\"";
+  }
+  const auto box = widget->geometry();
+  return std::string(widget->metaObject()->className()) + " " + name + " at " +
+         std::to_string(box.x()) + "," + std::to_string(box.y()) + " of " +
+         std::to_string(box.width()) + "x" + std::to_string(box.height());
+}
+
+// The visible children of a widget that are no windows, from top to bottom.
+std::vector<QWidget*> ChildrenOf(const QWidget* parent) {
+  std::vector<QWidget*> children;
+  for (auto* child : parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (child->isVisible() && !child->isWindow()) {
+      children.push_back(child);
+    }
+  }
+  std::stable_sort(children.begin(), children.end(), [](const auto* a, const auto* b) {
+    return a->geometry().center().y() < b->geometry().center().y();
+  });
+  return children;
+}
+
+void ForEach(const QWidget* parent, const std::function<void(const QWidget*)>& action) {
+  action(parent);
+  for (const auto* child : ChildrenOf(parent)) {
+    ForEach(child, action);
+  }
+}
+
+bool IsFrame(const QWidget* widget) { return qobject_cast<const QGroupBox*>(widget) != nullptr; }
+
+bool ShareARow(const QWidget* a, const QWidget* b) {
+  return a->geometry().top() <= b->geometry().bottom() &&
+         b->geometry().top() <= a->geometry().bottom();
+}
+
+// The lines of a frame or window, each from left to right; frames in it are no lines.
+std::vector<std::vector<QWidget*>> RowsIn(const QWidget* parent) {
+  std::vector<std::vector<QWidget*>> rows;
+  for (auto* child : ChildrenOf(parent)) {
+    if (IsFrame(child)) {
+      continue;
+    }
+    if (rows.empty() || !ShareARow(rows.back().front(), child)) {
+      rows.emplace_back();
+    }
+    rows.back().push_back(child);
+  }
+  for (auto& row : rows) {
+    std::stable_sort(row.begin(), row.end(),
+                     [](const auto* a, const auto* b) { return a->x() < b->x(); });
+  }
+  return rows;
+}
+
+// How much room the text of a field or list has.
+int RoomForText(const QLineEdit* field) {
+  QStyleOptionFrame option;
+  option.initFrom(field);
+  option.rect = field->rect();
+  option.lineWidth = field->hasFrame()
+                         ? field->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, field)
+                         : 0;
+  constexpr int innerMargins = 4;  // the toolkit's own, both sides together
+  return field->style()->subElementRect(QStyle::SE_LineEditContents, &option, field).width() -
+         innerMargins;
+}
+
+// Empty where all of the widget's own text can be read.
+std::string CutOff(const QWidget* widget) {
+  const auto fits = [&](QSize needed) {
+    return needed.width() <= widget->width() && needed.height() <= widget->height();
+  };
+  const auto metrics = widget->fontMetrics();
+  if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) {
+    return fits(metrics.size(Qt::TextSingleLine, frame->title())) ? "" : "frame";
+  }
+  if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+    if (label->wordWrap()) {
+      const auto needed = metrics.boundingRect(QRect(0, 0, label->contentsRect().width(), 10000),
+                                               Qt::TextWordWrap, label->text());
+      return fits(needed.size()) ? "" : "wrapped text";
+    }
+    return fits(metrics.size(0, label->text())) ? "" : "text";
+  }
+  if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+    return fits(button->sizeHint()) ? "" : "button";
+  }
+  if (const auto* list = qobject_cast<const QComboBox*>(widget)) {
+    for (int i = 0; i < list->count(); ++i) {
+      if (metrics.horizontalAdvance(list->itemText(i)) > RoomForText(list->lineEdit())) {
+        return "entry " + list->itemText(i).toStdString();
+      }
+    }
+    return "";
+  }
+  if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
+    if (metrics.horizontalAdvance(field->text()) > RoomForText(field)) {
+      return "field";
+    }
+    return metrics.height() <= field->height() ? "" : "height of field";
+  }
+  return "";
+}
+
+class GeometryOf : public AnyWindow, public ::testing::WithParamInterface<WindowRow> {
+ protected:
+  static void SetUpTestSuite() {
+    if (PointSize() != nullptr) {
+      QFont font = QApplication::font();
+      font.setPointSize(std::atoi(PointSize()));
+      QApplication::setFont(font);
+    }
+  }
+
+  void SetUp() override {
+    window = OpenByName(GetParam().name);
+    ASSERT_NE(window, nullptr);
+  }
+
+  QWidget* window = nullptr;
+};
+
+TEST_P(GeometryOf, TheRunHasItsScaleAndFont) {
+  if (const char* scale = std::getenv("QT_SCALE_FACTOR")) {
+    EXPECT_DOUBLE_EQ(window->devicePixelRatioF(), std::atof(scale));
+  }
+  if (PointSize() != nullptr) {
+    EXPECT_EQ(window->font().pointSize(), std::atoi(PointSize()));
+    for (const auto* label : window->findChildren<QLabel*>()) {
+      EXPECT_GE(label->font().pointSize(), std::atoi(PointSize())) << Called(label);
+    }
+  }
+}
+
+TEST_P(GeometryOf, NoTwoNeighboursOverlap) {
+  ForEach(window, [](const QWidget* parent) {
+    const auto children = ChildrenOf(parent);
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      for (std::size_t j = i + 1; j < children.size(); ++j) {
+        EXPECT_FALSE(children[i]->geometry().intersects(children[j]->geometry()))
+            << Called(children[i]) << " and " << Called(children[j]);
+      }
+    }
+  });
+}
+
+TEST_P(GeometryOf, NothingLeavesItsParent) {
+  ForEach(window, [](const QWidget* parent) {
+    for (const auto* child : ChildrenOf(parent)) {
+      EXPECT_TRUE(parent->rect().contains(child->geometry()))
+          << Called(child) << " in " << Called(parent);
+    }
+  });
+}
+
+TEST_P(GeometryOf, NoTextIsCutOff) {
+  int seen = 0;
+  ForEach(window, [&](const QWidget* widget) {
+    ++seen;
+    EXPECT_EQ(CutOff(widget), "") << Called(widget);
+  });
+  EXPECT_GT(seen, 3);
+}
+
+TEST_P(GeometryOf, WhatSharesALineIsCentredOnIt) {
+  ForEach(window, [](const QWidget* parent) {
+    if (qobject_cast<const QComboBox*>(parent) != nullptr) {
+      return;
+    }
+    const auto children = ChildrenOf(parent);
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      for (std::size_t j = i + 1; j < children.size(); ++j) {
+        const auto* a = children[i];
+        const auto* b = children[j];
+        if (ShareARow(a, b) && !IsFrame(a) && !IsFrame(b)) {
+          // Twice the middle, which for an even height lies between two pixels.
+          const auto middles = [](const QWidget* widget) {
+            return widget->geometry().top() + widget->geometry().bottom();
+          };
+          EXPECT_LE(std::abs(middles(a) - middles(b)), 2 * Tolerance)
+              << Called(a) << " and " << Called(b);
+        }
+      }
+    }
+  });
+}
+
+TEST_P(GeometryOf, TheLinesOfAFrameBeginAtOneEdge) {
+  for (const auto* frame : window->findChildren<QGroupBox*>()) {
+    const auto rows = RowsIn(frame);
+    ASSERT_FALSE(rows.empty()) << frame->title().toStdString();
+    for (const auto& row : rows) {
+      EXPECT_EQ(row.front()->x(), rows.front().front()->x())
+          << frame->title().toStdString() << ": " << Called(row.front());
+    }
+  }
+}
+
+// Behind labels, that is; the lines of buttons need no second edge.
+TEST_P(GeometryOf, TheControlsBehindLabelsBeginAtOneEdge) {
+  for (const auto* frame : window->findChildren<QGroupBox*>()) {
+    const QWidget* first = nullptr;
+    for (const auto& row : RowsIn(frame)) {
+      if (row.size() > 1 && qobject_cast<const QLabel*>(row.front()) != nullptr) {
+        first = first == nullptr ? row[1] : first;
+        EXPECT_EQ(row[1]->x(), first->x())
+            << frame->title().toStdString() << ": " << Called(row[1]);
+      }
+    }
+  }
+}
+
+TEST_P(GeometryOf, FramesBesideAndBelowEachOtherShareTheirEdges) {
+  const auto frames = window->findChildren<QGroupBox*>();
+  for (const auto* a : frames) {
+    for (const auto* b : frames) {
+      if (a->x() <= b->geometry().right() && b->x() <= a->geometry().right()) {
+        EXPECT_EQ(a->x(), b->x()) << Called(a) << " and " << Called(b);
+        EXPECT_EQ(a->geometry().right(), b->geometry().right())
+            << Called(a) << " and " << Called(b);
+      }
+      if (ShareARow(a, b) && a->y() != b->y()) {
+        // One tall frame beside a column of others: the first of the column is level with it.
+        EXPECT_TRUE(std::any_of(frames.begin(), frames.end(),
+                                [&](const auto* c) {
+                                  return c->y() == std::min(a->y(), b->y()) &&
+                                         c->x() == (a->y() < b->y() ? b : a)->x();
+                                }))
+            << Called(a) << " and " << Called(b);
+      }
+    }
+  }
+}
+
+TEST_P(GeometryOf, ItIsAsLargeAsItsContentsAsk) { EXPECT_EQ(window->size(), window->sizeHint()); }
+
+INSTANTIATE_TEST_SUITE_P(Each, GeometryOf, ::testing::ValuesIn(WindowRows()),
+                         [](const auto& instance) { return instance.param.name; });
+
+// The boxes of a window and of everything in it, before and after something happened.
+class GeometryStays : public AnyWindow {
+ protected:
+  static void SetUpTestSuite() {
+    if (PointSize() != nullptr) {
+      QFont font = QApplication::font();
+      font.setPointSize(std::atoi(PointSize()));
+      QApplication::setFont(font);
+    }
+  }
+
+  void SetUp() override {
+    window = OpenByName("BitrateCalc");
+    ASSERT_NE(window, nullptr);
+    before = Boxes();
+    ASSERT_GT(before.size(), 40U);
+  }
+
+  [[nodiscard]] std::map<const QWidget*, QRect> Boxes() const {
+    QCoreApplication::processEvents();
+    std::map<const QWidget*, QRect> found;
+    ForEach(window, [&](const QWidget* widget) {
+      found[widget] = widget == window ? QRect(QPoint(), widget->size()) : widget->geometry();
+    });
+    return found;
+  }
+
+  void ExpectAllAsBefore() const {
+    const auto after = Boxes();
+    EXPECT_EQ(after.size(), before.size());
+    for (const auto& [widget, box] : after) {
+      EXPECT_TRUE(before.contains(widget) && before.at(widget) == box) << Called(widget);
+      EXPECT_EQ(qobject_cast<const QLabel*>(widget) != nullptr ? CutOff(widget) : "", "")
+          << Called(widget);
+    }
+  }
+
+  void Enter(const QString& name, const QString& text) const {
+    TabTo(Find(window, name));
+    TypeOver(text);
+    Key(Qt::Key_Tab);
+  }
+
+  [[nodiscard]] QString TextOf(const QString& name) const {
+    return Find<QLabel>(window, name)->text();
+  }
+
+  QWidget* window = nullptr;
+  std::map<const QWidget*, QRect> before;
+};
+
+TEST_F(GeometryStays, WithTheLongestRating) {
+  Enter(u"MLength"_s, u"1"_s);
+  ASSERT_EQ(TextOf(u"Qual"_s), u"Max. setting is 10000"_s);
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WithEveryOtherRating) {
+  for (const int minutes : {10, 30, 50, 60, 70, 90, 110, 130, 180, 300}) {
+    Enter(u"MLength"_s, QString::number(minutes));
+    ExpectAllAsBefore();
+  }
+}
+
+TEST_F(GeometryStays, WithoutAnyResult) {
+  Enter(u"Capacity"_s, u"0"_s);
+  Enter(u"Audio"_s, u"0"_s);
+  record.VideoFrameOverhead = 0;
+  record.AudioInterleaveOverhead = 0;
+  Enter(u"MLength"_s, u"100"_s);
+  ASSERT_EQ(Find<QLineEdit>(window, u"Result"_s)->text(), QString());
+  ASSERT_EQ(TextOf(u"Qual"_s), QString());
+  ASSERT_EQ(TextOf(u"Stat(0)"_s), QString());
+  ASSERT_EQ(TextOf(u"Stat(1)"_s), QString());
+  ASSERT_EQ(TextOf(u"Stat(2)"_s), QString());
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WithTheSizesOfALargeShelfOfDiscs) {
+  Enter(u"Capacity"_s, u"99999"_s);
+  Enter(u"CDs"_s, u"99"_s);
+  Enter(u"MLength"_s, u"99999"_s);
+  ASSERT_GE(TextOf(u"Stat(0)"_s).size(), 9) << TextOf(u"Stat(0)"_s).toStdString();
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WithFieldsFullOfDigits) {
+  for (const auto& name : {u"Time1"_s, u"Time2"_s, u"Time3"_s}) {
+    Enter(name, u"99.9999999999"_s);
+  }
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WithTheOtherOption) {
+  Find<QAbstractButton>(window, u"DivX(0)"_s)->click();
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WhileAFieldIsEmpty) {
+  TabTo(Find(window, u"MLength"_s));
+  TypeOver(u"1"_s);
+  Key(Qt::Key_Backspace);
+  ExpectAllAsBefore();
+}
+
+TEST_F(GeometryStays, WithInterleavingSwitchedOff) {
+  window->close();
+  record.VideoFrameOverhead = 0;
+  record.AudioInterleaveOverhead = 0;
+  const auto sizeBefore = before.at(window);
+  window = OpenByName("BitrateCalc");
+  ASSERT_EQ(TextOf(u"Interl"_s), u"OFF"_s);
+  EXPECT_EQ(window->size(), sizeBefore.size());
+}
+
+}  // namespace
+}  // namespace brindle
