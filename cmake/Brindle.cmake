@@ -23,7 +23,7 @@ if(BRINDLE_FUZZ)
 endif()
 
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
-  QT_USE_QSTRINGBUILDER QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
 if(BRINDLE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

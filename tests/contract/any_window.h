@@ -25,16 +25,16 @@ class AnyWindow : public WindowTest {
     static const std::map<std::string, WindowId> listed{{"DefaultW", WindowId::DefaultW},
                                                         {"BitrateCalc", WindowId::BitrateCalc}};
     if (name == "Splash") {
-      splash = std::make_unique<Splash>(services);
-      splash->Run();
-      return Shown(splash.get());
+      splash_ = std::make_unique<Splash>(services);
+      splash_->Run();
+      return Shown(splash_.get());
     }
     if (name == "MainProg") {
-      main = std::make_unique<MainProg>(
+      main_ = std::make_unique<MainProg>(
           services, ProgramFolders{.program = folder.path(), .config = folder.path()});
-      main->show();
-      main->activateWindow();
-      return Shown(main.get());
+      main_->show();
+      main_->activateWindow();
+      return Shown(main_.get());
     }
     return Open(listed.at(name));
   }
@@ -51,8 +51,8 @@ class AnyWindow : public WindowTest {
     return window;
   }
 
-  std::unique_ptr<Splash> splash;
-  std::unique_ptr<MainProg> main;
+  std::unique_ptr<Splash> splash_;
+  std::unique_ptr<MainProg> main_;
 };
 
 }  // namespace brindle

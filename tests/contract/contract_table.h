@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,8 @@ struct WindowRow {
   std::string name;
   std::string caption;
 };
+
+inline void PrintTo(const WindowRow& row, std::ostream* out) { *out << row.name; }
 
 inline const std::vector<WindowRow>& WindowRows() {
   static const std::vector<WindowRow> rows{
@@ -51,6 +54,10 @@ struct ControlRow {
   int tab = NoTab;  ///< its place in the tab order, from 0, with every control enabled; the options
                     ///< of an array share one
 };
+
+inline void PrintTo(const ControlRow& row, std::ostream* out) {
+  *out << row.window << '.' << row.name;
+}
 
 inline const std::vector<ControlRow>& ControlRows() {
   using K = Kind;

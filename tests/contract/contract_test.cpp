@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
-#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -28,9 +27,6 @@
 #include "tests/contract/contract_table.h"
 
 namespace brindle {
-
-void PrintTo(const WindowRow& row, std::ostream* out) { *out << row.name; }
-void PrintTo(const ControlRow& row, std::ostream* out) { *out << row.window << '.' << row.name; }
 
 namespace {
 

@@ -89,7 +89,7 @@ ValueLabel::ValueLabel(const QString& name, const QString& tooltip, QStringList 
 QSize ValueLabel::sizeHint() const {
   QSize size(0, fontMetrics().height());
   for (const auto& text : widest_) {
-    size.setWidth(std::max(size.width(), fontMetrics().size(0, text).width()));
+    size = size.expandedTo(fontMetrics().size(0, text));
   }
   return size;
 }

@@ -84,8 +84,8 @@ MainProg::MainProg(Services& services, ProgramFolders folders)
       AudioBC(PictureButton(u"AudioBC"_s, u"audio_bitrate"_s,
                             u"Velbrin's Brindle 2 : Audio Bitrate Calc"_s)),
       HDC(PictureButton(u"HDC"_s, u"disk_space"_s, u"Velbrin's Brindle 2 : HD Space Calc"_s)),
-      AVISplitC(
-          PictureButton(u"AVISplitC"_s, u"avi_split"_s, u"Velbrin's Brindle 2 : AVI Split Calc"_s)),
+      AVISplitC(PictureButton(u"AVISplitC"_s, u"avi_split"_s,
+                              u"Velbrin's Brindle 2 : AVI Splitting Calc"_s)),
       RAR(PictureButton(u"RAR"_s, u"resolution"_s,
                         u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s)),
       QuickCon(MakeButton(u"QuickCon"_s, u"Quick Converter"_s)),
@@ -261,10 +261,10 @@ void MainProg::GuardedShow(WindowId id) {
   try {
     services_.windows.Show(id);
   } catch (const std::exception& error) {
-    const auto text = u"You are missing a shared library file ("_s +
-                      QuotedPart(QString::fromUtf8(error.what())) +
-                      u"). Please visit the program homepage\r\nat : "_s +
-                      services_.product.website + u" and download the FULL installation package."_s;
+    const QString text =
+        u"You are missing a shared library file ("_s + QuotedPart(QString::fromUtf8(error.what())) +
+        u"). Please visit the program homepage\r\nat : "_s + services_.product.website +
+        u" and download the FULL installation package."_s;
     services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue);
   }
 }

@@ -384,14 +384,6 @@ TEST_F(MainWindow, TickingAndUntickingWritesNothing) {
   EXPECT_EQ(Names(), NameList{});
 }
 
-TEST_F(MainWindow, ClosedAgainItSavesNoMore) {
-  Start();
-  main->close();
-  record.MovieLength = 125.5;
-  main->close();
-  EXPECT_EQ(File(), FirstFile());
-}
-
 TEST_F(MainWindow, TellsOnceThatItIsClosedAfterItHasSaved) {
   Start();
   record.MovieLength = 125.5;

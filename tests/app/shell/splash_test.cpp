@@ -4,6 +4,7 @@
 #include "app/shell/splash.h"
 
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include <QLabel>
@@ -166,6 +167,8 @@ struct KeyCase {
   Qt::Key key = Qt::Key_Space;
 };
 
+void PrintTo(const KeyCase& row, std::ostream* out) { *out << row.name; }
+
 class SplashKey : public SplashTest, public ::testing::WithParamInterface<KeyCase> {};
 
 TEST_P(SplashKey, EndsItAtTheNextTurn) {
@@ -190,6 +193,8 @@ struct MidnightCase {
   double start = 0;  // seconds since midnight
   bool ends = true;  // after two seconds
 };
+
+void PrintTo(const MidnightCase& row, std::ostream* out) { *out << row.name; }
 
 class SplashBeforeMidnight : public SplashTest,
                              public ::testing::WithParamInterface<MidnightCase> {};

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <csignal>
+#include <cstddef>
+#include <ostream>
 #include <string>
 
 #include <QTest>
@@ -17,6 +19,8 @@ struct SignalCase {
   std::string name;
   int number = 0;
 };
+
+void PrintTo(const SignalCase& row, std::ostream* out) { *out << row.name; }
 
 // Puts back what the signals meant before, for the tests that follow.
 class TerminationSignal : public ::testing::TestWithParam<SignalCase> {
