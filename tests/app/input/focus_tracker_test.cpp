@@ -3,8 +3,8 @@
 
 #include "app/input/focus_tracker.h"
 
-#include <QMenu>
 #include <QAbstractItemView>
+#include <QMenu>
 #include <QString>
 #include <QTest>
 #include <gtest/gtest.h>
