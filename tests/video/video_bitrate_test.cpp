@@ -8,12 +8,13 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <ostream>
 #include <random>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -35,8 +36,6 @@ struct BitrateCase {
   VideoBitrateInputs inputs;
   VideoBitrate expected;
 };
-
-void PrintTo(const BitrateCase& instance, std::ostream* out) { *out << instance.name; }
 
 class ComputesVideoBitrate : public ::testing::TestWithParam<BitrateCase> {};
 
@@ -87,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                       With("NoDiscs", [](auto& i) { i.discs = 0; },
                            {(-7031.25 * 8 / 6000 - 125) * 1.024, -98.419189453125, 91.552734375,
                             6.866455078125})),
-    [](const auto& instance) { return instance.param.name; });
+    NameOf);
 
 TEST(VideoBitrate, IsNotFiniteWhereTheDiscsAreOutOfRange) {
   auto inputs = BuiltIn();
@@ -133,16 +132,12 @@ struct RatingCase {
   std::string_view rating;
 };
 
-void PrintTo(const RatingCase& instance, std::ostream* out) { *out << instance.name; }
-
 class RatesQuality : public ::testing::TestWithParam<RatingCase> {};
 
 TEST_P(RatesQuality, AsExpected) {
   const auto& [name, bitrate, option, rating] = GetParam();
   EXPECT_EQ(QualityRating(bitrate, option), rating);
 }
-
-const auto RatingName = [](const auto& instance) { return instance.param.name; };
 
 INSTANTIATE_TEST_SUITE_P(
     CodecVersion3, RatesQuality,
@@ -170,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(
         RatingCase{"JustAbove6000", 6000.5, 0, "Max. setting is 6000"},
         RatingCase{"Largest", std::numeric_limits<double>::max(), 0, "Max. setting is 6000"},
         RatingCase{"NotFinite", Infinity, 0, ""}),
-    RatingName);
+    NameOf);
 
 INSTANTIATE_TEST_SUITE_P(
     CodecVersions4And5, RatesQuality,
@@ -199,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
         RatingCase{"At10000", 10000, 1, "Maximum"},
         RatingCase{"JustAbove10000", 10000.001, 1, "Max. setting is 10000"},
         RatingCase{"NotANumber", std::nan(""), 1, ""}),
-    RatingName);
+    NameOf);
 
 TEST(Quality, OtherOptionsHaveNoScale) {
   for (const auto option : std::array<std::int16_t, 5>{-32768, -1, 2, 9, 32767}) {

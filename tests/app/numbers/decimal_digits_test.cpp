@@ -10,22 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/named_case.h"
+
 namespace brindle {
 namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 void ExpectDigits(const DecimalDigits& number, const DecimalDigits& expected) {
   EXPECT_EQ(number.negative, expected.negative);

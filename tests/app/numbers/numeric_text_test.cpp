@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/named_case.h"
+
 namespace brindle {
 namespace {
 
@@ -24,18 +26,6 @@ constexpr double LargestDouble = std::numeric_limits<double>::max();
 constexpr double SmallestNormal = std::numeric_limits<double>::min();
 constexpr double SmallestSubnormal = std::numeric_limits<double>::denorm_min();
 constexpr float InfinityF = std::numeric_limits<float>::infinity();
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 struct NumericCase {
   const char* name = "";

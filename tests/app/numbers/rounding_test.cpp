@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "app/numbers/numeric_text.h"
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -23,18 +24,6 @@ constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 constexpr double SmallestSubnormal = std::numeric_limits<double>::denorm_min();
 constexpr double Lowest32 = std::numeric_limits<std::int32_t>::min();
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 struct IntegerCase {
   const char* name = "";

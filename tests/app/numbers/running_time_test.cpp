@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "app/numbers/numeric_text.h"
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -18,18 +19,6 @@ namespace {
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double LargestDouble = std::numeric_limits<double>::max();
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 struct ApartCase {
   const char* name = "";

@@ -31,6 +31,7 @@
 #include "app/settings/settings_lines.h"
 #include "tests/app/settings/child_process.h"
 #include "tests/app/settings/temporary_folder.h"
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -38,18 +39,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 using Names = std::vector<std::string>;
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 constexpr const char* FileName = "Brindle2.ini";
 constexpr const char* BackupName = "Brindle2.ini.bak";

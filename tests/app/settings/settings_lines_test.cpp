@@ -26,6 +26,7 @@
 
 #include "app/settings/settings.h"
 #include "tests/app/settings/known_lines.h"
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -35,18 +36,6 @@ using namespace Qt::StringLiterals;
 constexpr std::size_t LineOfSaveOnExit = 12;
 constexpr float LargestSingle = std::numeric_limits<float>::max();
 constexpr double LargestDouble = std::numeric_limits<double>::max();
-
-template <class Case>
-concept Named = requires(const Case& row) {
-  row.name;
-};
-
-template <Named Case>
-void PrintTo(const Case& row, std::ostream* out) {
-  *out << row.name;
-}
-
-constexpr auto NameOf = [](const auto& info) { return std::string(info.param.name); };
 
 std::string Written(const Stored& stored) {
   return WriteLines(stored.record, stored.saveOnExit).toStdString();

@@ -8,6 +8,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "tests/support/named_case.h"
+
 namespace brindle {
 namespace {
 
@@ -35,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, TakesQuotedPart,
                                            QuotedCase{"QuotesAround", u"'abc'"_s, u"abc"_s},
                                            QuotedCase{"ThreeQuotes", u"a'b'c'd"_s, u"b"_s},
                                            QuotedCase{"FourQuotes", u"'a' and 'b'"_s, u"a"_s}),
-                         [](const auto& instance) { return instance.param.name; });
+                         NameOf);
 
 }  // namespace
 }  // namespace brindle
