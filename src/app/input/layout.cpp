@@ -109,7 +109,7 @@ void ValueLabel::changeEvent(QEvent* event) {
   }
 }
 
-void ValueLabel::FixSize() { setFixedSize(sizeHint()); }
+void ValueLabel::FixSize() { setFixedSize(ValueLabel::sizeHint()); }
 
 ResultField::ResultField(const QString& name, const QString& tooltip, int digits)
     : digits_(digits) {
