@@ -164,8 +164,9 @@ class GeometryOf : public AnyWindow, public ::testing::WithParamInterface<Window
 };
 
 TEST_P(GeometryOf, TheRunHasItsScaleAndFont) {
-  if (const char* scale = std::getenv("QT_SCALE_FACTOR")) {
-    EXPECT_DOUBLE_EQ(window->devicePixelRatioF(), std::atof(scale));
+  if (qEnvironmentVariableIsSet("QT_SCALE_FACTOR")) {
+    // Not by the C library, which would look for a comma where the locale has one.
+    EXPECT_DOUBLE_EQ(window->devicePixelRatioF(), qgetenv("QT_SCALE_FACTOR").toDouble());
   }
   if (PointSize() != nullptr) {
     EXPECT_EQ(window->font().pointSize(), std::atoi(PointSize()));

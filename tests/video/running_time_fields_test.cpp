@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QString>
 #include <gtest/gtest.h>
 

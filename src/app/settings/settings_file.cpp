@@ -101,7 +101,7 @@ std::variant<QByteArray, FileError> SettingsFile::Read() const {
     return QByteArray();
   }
   if (error) {
-    return FileError{QDir::toNativeSeparators(path_), QString::fromStdString(error.message())};
+    return FileError{QDir::toNativeSeparators(path_), qt_error_string(error.value())};
   }
   if (!std::filesystem::is_regular_file(status)) {
     return FileError{QDir::toNativeSeparators(path_), u"not a file"_s};

@@ -60,9 +60,7 @@ const std::string& LongBytes() {
 
 std::string BuiltInBytes() { return WriteLines(BuiltInSettings(), true).toStdString(); }
 
-std::string ReasonOf(int error) {
-  return QString::fromLocal8Bit(std::strerror(error)).toStdString();
-}
+std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
 
 std::string NativePath(const QString& path) { return QDir::toNativeSeparators(path).toStdString(); }
 

@@ -527,7 +527,7 @@ TEST_F(MainWindowInChild, AFileWithoutPermissionIsToldAndNothingWritten) {
     SetMode(PathOf("Brindle2.ini"), 0);
     boxes.answers.emplace_back(BoxAnswer::Ok);
     Load();
-    FindOneBox(found, Cannot("read") + std::strerror(EACCES));
+    FindOneBox(found, Cannot("read") + qt_error_string(EACCES).toStdString());
     found.ExpectEqual(std::to_string(record.MovieLength), std::to_string(100.0), "MovieLength");
     found.Expect(!SaveOnExit()->isChecked(), "ticked");
     main->close();
@@ -544,7 +544,7 @@ TEST_F(MainWindowInChild, AFolderThatBecomesReadOnlyKeepsItsFile) {
     record.MovieLength = 125.5;
     boxes.answers.emplace_back(BoxAnswer::Ok);
     main->close();
-    FindOneBox(found, Cannot("write") + std::strerror(EACCES));
+    FindOneBox(found, Cannot("write") + qt_error_string(EACCES).toStdString());
     found.ExpectEqual(File(), FirstFile(), "the file");
   });
 }
@@ -559,7 +559,7 @@ TEST_F(MainWindowInChild, AFirstStartOnAFullDiskIsToldOnceAndGoesOn) {
     Findings found;
     boxes.answers.emplace_back(BoxAnswer::Ok);
     Load();
-    FindOneBox(found, Cannot("write") + std::strerror(EFBIG));
+    FindOneBox(found, Cannot("write") + qt_error_string(EFBIG).toStdString());
     found.ExpectEqual(std::to_string(record.MovieLength), std::to_string(100.0), "MovieLength");
     found.Expect(Names().empty(), "something stays in the folder");
     return found.Text();
