@@ -180,7 +180,10 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
     for (auto* control : row.controls) {
       const bool isPlainLabel = control->metaObject() == &QLabel::staticMetaObject;
       const bool isSpin = qobject_cast<SpinButton*>(control) != nullptr;
-      controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1);
+      const bool isValue = qobject_cast<ValueLabel*>(control) != nullptr;
+      // A value of fixed size begins where the fields of the frame begin.
+      controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1,
+                          isValue ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment());
       if (!isPlainLabel && control->accessibleName().isEmpty()) {
         control->setAccessibleName(AccessibleName(row.label, control));
       }
