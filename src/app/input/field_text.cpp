@@ -55,6 +55,12 @@ void RepairSign(TextField* field) {
   }
 }
 
+double RepairedNumber(TextField* field) {
+  RepairText(field);
+  RepairSign(field);
+  return NumberIn(field);
+}
+
 void FillBlank(TextField* field, const QString& text) {
   if (IsEmpty(field)) {
     field->Write(text);

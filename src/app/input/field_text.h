@@ -45,6 +45,9 @@ void RepairText(TextField* field);
 /// A text that is not empty and whose value is below 0 becomes its value times -1.
 void RepairSign(TextField* field);
 
+/// Repairs the text, then the sign, and gives the value; 0 for an empty field, which stays empty.
+double RepairedNumber(TextField* field);
+
 /// Writes `text` into an empty field.
 void FillBlank(TextField* field, const QString& text);
 

@@ -7,24 +7,24 @@
 #include <initializer_list>
 #include <utility>
 
-#include <QApplication>
+#include <QAbstractButton>
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QEvent>
-#include <QFont>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
-#include <QStyle>
+#include <QRadioButton>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 #include <QWidget>
 
 #include "app/input/editable_list.h"
+#include "app/input/labels.h"
 #include "app/input/spin_button.h"
 
 namespace brindle {
@@ -41,6 +41,41 @@ QString AccessibleName(const QString& label, const QWidget* control) {
   return label + (spin->Direction() == SpinDirection::Plus ? u" plus"_s : u" minus"_s);
 }
 
+template <class Button>
+Button* Captioned(const QString& name, const QString& caption, const QString& tooltip) {
+  auto* button = new Button(caption);
+  button->setObjectName(name);
+  button->setAccessibleName(caption);
+  button->setToolTip(tooltip);
+  return button;
+}
+
+// A value of fixed size begins where the fields of the frame begin. An option or box is no wider
+// than its caption: whatever of it is clicked, it answers.
+Qt::Alignment AlignmentOf(const QWidget* control) {
+  const bool isAtTheLeft = qobject_cast<const ValueLabel*>(control) != nullptr ||
+                           qobject_cast<const QRadioButton*>(control) != nullptr ||
+                           qobject_cast<const QCheckBox*>(control) != nullptr;
+  return isAtTheLeft ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment();
+}
+
+QLayout* ControlsOf(const Row& row) {
+  auto* controls = new QHBoxLayout;
+  controls->setSpacing(Spacing / 2);
+  for (auto* control : row.controls) {
+    const bool isPlainLabel = control->metaObject() == &QLabel::staticMetaObject;
+    const bool isSpin = qobject_cast<SpinButton*>(control) != nullptr;
+    controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1, AlignmentOf(control));
+    if (!isPlainLabel && control->accessibleName().isEmpty()) {
+      NameByLabel(row.head.Text(), {control});
+    }
+    if (auto* list = qobject_cast<EditableList*>(control)) {
+      list->Field()->setAccessibleName(row.head.Text());
+    }
+  }
+  return controls;
+}
+
 QBoxLayout* Filled(QBoxLayout* box, std::initializer_list<Item> items, int spacing) {
   box->setContentsMargins(0, 0, 0, 0);
   box->setSpacing(spacing);
@@ -52,96 +87,18 @@ QBoxLayout* Filled(QBoxLayout* box, std::initializer_list<Item> items, int spaci
 
 }  // namespace
 
-QLabel* MakeLabel(const QString& text) {
-  auto* label = new QLabel(text);
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
+RowHead::RowHead(const QString& text) : widget_(MakeLabel(text)), text_(text) {}
+
+RowHead::RowHead(QLabel* label) : widget_(label), text_(label->text()) {}
+
+RowHead::RowHead(QAbstractButton* button) : widget_(button), text_(button->text()) {}
 
 QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tooltip) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setAccessibleName(caption);
-  button->setToolTip(tooltip);
-  return button;
+  return Captioned<QPushButton>(name, caption, tooltip);
 }
 
-DescriptionLabel::DescriptionLabel(const QString& text) : QLabel(text) {
-  setTextFormat(Qt::PlainText);
-  setWordWrap(true);
-}
-
-QSize DescriptionLabel::sizeHint() const {
-  constexpr int columns = 44;
-  const int width = fontMetrics().averageCharWidth() * columns;
-  return {width, heightForWidth(width)};
-}
-
-QSize DescriptionLabel::minimumSizeHint() const { return sizeHint(); }
-
-ValueLabel::ValueLabel(const QString& name, const QString& tooltip, QStringList widest)
-    : widest_(std::move(widest)) {
-  setObjectName(name);
-  setToolTip(tooltip);
-  setTextFormat(Qt::PlainText);
-  FixSize();
-}
-
-QSize ValueLabel::sizeHint() const {
-  QSize size(0, fontMetrics().height());
-  for (const auto& text : widest_) {
-    size = size.expandedTo(fontMetrics().size(0, text));
-  }
-  return size;
-}
-
-void ValueLabel::Show(const QString& text) {
-  if (text != this->text()) {
-    setText(text);
-    setAccessibleDescription(text);
-  }
-}
-
-void ValueLabel::changeEvent(QEvent* event) {
-  QLabel::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-    FixSize();
-  }
-}
-
-void ValueLabel::FixSize() { setFixedSize(ValueLabel::sizeHint()); }
-
-ResultField::ResultField(const QString& name, const QString& tooltip, int digits)
-    : digits_(digits) {
-  setObjectName(name);
-  setToolTip(tooltip);
-  setReadOnly(true);
-  setAlignment(Qt::AlignRight);
-  FollowFont();
-}
-
-QSize ResultField::sizeHint() const {
-  QStyleOptionFrame option;
-  initStyleOption(&option);
-  const QSize digits(fontMetrics().horizontalAdvance(QString(digits_ + 1, u'0')),
-                     fontMetrics().height());
-  return style()->sizeFromContents(QStyle::CT_LineEdit, &option, digits, this);
-}
-
-QSize ResultField::minimumSizeHint() const { return sizeHint(); }
-
-bool ResultField::event(QEvent* event) {
-  if (event->type() == QEvent::ApplicationFontChange) {
-    FollowFont();
-  }
-  return QLineEdit::event(event);
-}
-
-void ResultField::FollowFont() {
-  QFont large = QApplication::font();
-  large.setPointSizeF(large.pointSizeF() * ResultScale);
-  large.setBold(true);
-  setFont(large);
+QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& tooltip) {
+  return Captioned<QCheckBox>(name, caption, tooltip);
 }
 
 void Frame::paintEvent(QPaintEvent* event) {
@@ -173,34 +130,35 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
   grid->setVerticalSpacing(Spacing);
   grid->setColumnStretch(1, 1);
   int line = 0;
+  if (caption.isEmpty()) {
+    // Higher than its lines need beside a frame with a caption: they stand in its middle.
+    grid->setRowStretch(line, 1);
+    ++line;
+  }
   for (const auto& row : rows) {
-    grid->addWidget(MakeLabel(row.label), line, 0);
-    auto* controls = new QHBoxLayout;
-    controls->setSpacing(Spacing / 2);
-    for (auto* control : row.controls) {
-      const bool isPlainLabel = control->metaObject() == &QLabel::staticMetaObject;
-      const bool isSpin = qobject_cast<SpinButton*>(control) != nullptr;
-      const bool isValue = qobject_cast<ValueLabel*>(control) != nullptr;
-      // A value of fixed size begins where the fields of the frame begin.
-      controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1,
-                          isValue ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment());
-      if (!isPlainLabel && control->accessibleName().isEmpty()) {
-        control->setAccessibleName(AccessibleName(row.label, control));
-      }
-      if (auto* list = qobject_cast<EditableList*>(control)) {
-        list->Field()->setAccessibleName(row.label);
-      }
+    auto* head = row.head.Widget();
+    if (head != nullptr) {
+      grid->addWidget(head, line, 0, 1, row.controls.isEmpty() ? 2 : 1, AlignmentOf(head));
     }
-    grid->addLayout(controls, line, 1);
+    if (!row.controls.isEmpty()) {
+      auto* controls = ControlsOf(row);
+      grid->addLayout(controls, line, head != nullptr ? 1 : 0, 1, head != nullptr ? 1 : 2);
+    }
     ++line;
   }
   grid->setRowStretch(line, 1);
   return frame;
 }
 
+QGroupBox* MakeFrame(const QString& name, const QString& caption, std::initializer_list<Row> rows) {
+  auto* frame = MakeFrame(caption, rows);
+  frame->setObjectName(name);
+  return frame;
+}
+
 void Item::AddTo(QBoxLayout* box) const {
   if (widget_ != nullptr) {
-    box->addWidget(widget_);
+    box->addWidget(widget_, 0, AlignmentOf(widget_));
   } else if (layout_ != nullptr) {
     box->addLayout(layout_);
   } else {
@@ -235,6 +193,12 @@ void LayOut(QWidget* window, QLayout* tree) {
   tree->setContentsMargins(Margin, Margin, Margin, Margin);
   tree->setSizeConstraint(QLayout::SetFixedSize);
   window->setLayout(tree);
+}
+
+void NameByLabel(const QString& label, std::initializer_list<QWidget*> controls) {
+  for (auto* control : controls) {
+    control->setAccessibleName(AccessibleName(label, control));
+  }
 }
 
 void NameByTooltip(const QString& label, std::initializer_list<QWidget*> controls) {

@@ -5,15 +5,15 @@
 
 #include <initializer_list>
 
+#include <QAbstractButton>
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QList>
 #include <QPixmap>
 #include <QPushButton>
 #include <QString>
-#include <QStringList>
 #include <QWidget>
 
 namespace brindle {
@@ -26,70 +26,37 @@ inline constexpr int Margin = 12;
 inline constexpr int Spacing = 8;
 /// Between frames.
 inline constexpr int FrameSpacing = 12;
-/// How much larger than the window's text a result is.
-inline constexpr double ResultScale = 1.6;
-
-/// A label that shows plain text, never markup.
-[[nodiscard]] QLabel* MakeLabel(const QString& text);
 
 /// A push button with a caption; its accessible name is the caption.
 [[nodiscard]] QPushButton* MakeButton(const QString& name, const QString& caption,
                                       const QString& tooltip = {});
 
-/// A sentence beside a button: plain text, wrapped to a column that grows with the font.
-class DescriptionLabel : public QLabel {
-  Q_OBJECT
+/// A check box with a caption; its accessible name is the caption.
+[[nodiscard]] QCheckBox* MakeCheckBox(const QString& name, const QString& caption,
+                                      const QString& tooltip = {});
 
+/// What begins a line: a text, which becomes a label, or a label, option or box of its own.
+class RowHead {
  public:
-  explicit DescriptionLabel(const QString& text);
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override;
-};
+  RowHead() = default;
+  RowHead(const QString& text);      // NOLINT(google-explicit-constructor): a tree of nodes
+  RowHead(QLabel* label);            // NOLINT(google-explicit-constructor)
+  RowHead(QAbstractButton* button);  // NOLINT(google-explicit-constructor)
 
-/// A label for a value. It keeps room for the widest of the texts that it may have to show, so that
-/// nothing moves, and nothing is laid out anew, when the value changes.
-class ValueLabel : public QLabel {
-  Q_OBJECT
-
- public:
-  ValueLabel(const QString& name, const QString& tooltip, QStringList widest);
-  /// Shows a text; a screen reader says it behind the label's name.
-  void Show(const QString& text);
-  [[nodiscard]] QSize sizeHint() const override;
-
- protected:
-  void changeEvent(QEvent* event) override;
+  /// Null where the line has no head.
+  [[nodiscard]] QWidget* Widget() const { return widget_; }
+  [[nodiscard]] const QString& Text() const { return text_; }
 
  private:
-  // A label of a fixed size does not trouble its layout when its text changes.
-  void FixSize();
-
-  QStringList widest_;
+  QWidget* widget_ = nullptr;
+  QString text_;
 };
 
-/// The read-only field of a calculator's main result: large, selectable, copyable.
-class ResultField : public QLineEdit {
-  Q_OBJECT
-
- public:
-  ResultField(const QString& name, const QString& tooltip, int digits);
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override;
-
- protected:
-  bool event(QEvent* event) override;
-
- private:
-  // The program's font made larger; again whenever that changes.
-  void FollowFont();
-
-  int digits_;
-};
-
-/// A line "label, control, control..." of a frame. A control without an accessible name takes the
-/// label; spin buttons take it with "plus" or "minus" behind.
+/// A line "head, control, control..." of a frame; with only one of the two, that takes the whole
+/// line. A control without an accessible name takes the text of the head; spin buttons take it with
+/// "plus" or "minus" behind.
 struct Row {
-  QString label;
+  RowHead head;
   QList<QWidget*> controls;
 };
 
@@ -111,6 +78,12 @@ class Frame : public QGroupBox {
 
 /// A frame with a caption whose rows stand in one grid: labels left, controls right, all aligned.
 [[nodiscard]] QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows);
+[[nodiscard]] QGroupBox* MakeFrame(const QString& name, const QString& caption,
+                                   std::initializer_list<Row> rows);
+
+/// Gives each control `label` as its accessible name, spin buttons with "plus" or "minus" behind:
+/// for controls whose label does not begin their line.
+void NameByLabel(const QString& label, std::initializer_list<QWidget*> controls);
 
 /// Gives each control "label tooltip" as its accessible name: for controls that share one label.
 void NameByTooltip(const QString& label, std::initializer_list<QWidget*> controls);

@@ -3,6 +3,8 @@
 
 #include "app/input/option_group.h"
 
+#include <optional>
+
 #include <QRadioButton>
 #include <QString>
 
@@ -23,6 +25,7 @@ OptionButton* OptionGroup::Add(int index, const QString& caption, const QString&
   buttons_.push_back(button);
   connect(button, &QRadioButton::toggled, this, [this, index](bool selected) {
     if (selected) {
+      StopTabAtSelected();
       Q_EMIT Click(index);
     }
   });
@@ -35,6 +38,28 @@ void OptionGroup::Select(int index) {
       button->setChecked(true);
     }
   }
+}
+
+void OptionGroup::StopTabAtSelected() {
+  for (auto* button : buttons_) {
+    button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+  }
+}
+
+std::optional<int> OptionGroup::Selected() const {
+  if (exclusive_.checkedButton() == nullptr) {
+    return std::nullopt;
+  }
+  return exclusive_.checkedId();
+}
+
+OptionButton* OptionGroup::TabStop() const {
+  for (auto* button : buttons_) {
+    if (button->isChecked()) {
+      return button;
+    }
+  }
+  return buttons_.front();
 }
 
 }  // namespace brindle

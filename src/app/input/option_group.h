@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <QButtonGroup>
@@ -38,6 +39,12 @@ class OptionGroup : public QObject {
   /// Selects an option; an index that no option has changes nothing.
   void Select(int index);
 
+  /// The index of the selected option; empty where none is.
+  [[nodiscard]] std::optional<int> Selected() const;
+
+  /// Where Tab stops: the selected option, the first one where none is.
+  [[nodiscard]] OptionButton* TabStop() const;
+
   [[nodiscard]] const std::vector<OptionButton*>& Buttons() const { return buttons_; }
 
  Q_SIGNALS:
@@ -45,6 +52,9 @@ class OptionGroup : public QObject {
   void Click(int index);
 
  private:
+  // The toolkit lets Tab stop at the first option, until one has had the focus.
+  void StopTabAtSelected();
+
   QButtonGroup exclusive_;
   std::vector<OptionButton*> buttons_;
 };

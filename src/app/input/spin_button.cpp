@@ -3,6 +3,9 @@
 
 #include "app/input/spin_button.h"
 
+#include <utility>
+
+#include <QEvent>
 #include <QMouseEvent>
 #include <QToolButton>
 
@@ -24,6 +27,7 @@ void SpinButton::ClickShortly() {
 void SpinButton::mousePressEvent(QMouseEvent* event) {
   QToolButton::mousePressEvent(event);
   if (event->button() == Qt::LeftButton) {
+    isHeld_ = true;
     Q_EMIT MouseDown();
   }
 }
@@ -31,6 +35,19 @@ void SpinButton::mousePressEvent(QMouseEvent* event) {
 void SpinButton::mouseReleaseEvent(QMouseEvent* event) {
   QToolButton::mouseReleaseEvent(event);
   if (event->button() == Qt::LeftButton) {
+    LetGo();
+  }
+}
+
+void SpinButton::changeEvent(QEvent* event) {
+  QToolButton::changeEvent(event);
+  if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+    LetGo();
+  }
+}
+
+void SpinButton::LetGo() {
+  if (std::exchange(isHeld_, false)) {
     Q_EMIT MouseUp();
   }
 }

@@ -11,7 +11,7 @@ enum class SpinDirection { Plus, Minus };
 
 /// One of the two small buttons beside a field. It takes no focus and no place in the tab order,
 /// and heeds the left mouse button only; the second press of a double click is a press like any
-/// other.
+/// other. A button that is disabled while it is held counts as let go: the release would not come.
 class SpinButton : public QToolButton {
   Q_OBJECT
 
@@ -28,11 +28,15 @@ class SpinButton : public QToolButton {
   void MouseUp();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void LetGo();
+
   SpinDirection direction_;
+  bool isHeld_ = false;
 };
 
 }  // namespace brindle

@@ -3,6 +3,8 @@
 
 #include "app/input/spin_hold.h"
 
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include <QObject>
@@ -11,9 +13,17 @@
 #include "app/input/field_text.h"
 #include "app/input/form.h"
 #include "app/input/text_field.h"
+#include "app/numbers/stepping.h"
 #include "app/settings/settings.h"
 
 namespace brindle {
+
+namespace {
+
+constexpr int PlusHeld = 1;
+constexpr int MinusHeld = 2;
+
+}  // namespace
 
 SpinHold::SpinHold(Form& form, Clock& clock, const Settings& record)
     : clock_(clock), record_(record) {
@@ -26,6 +36,16 @@ void SpinHold::Press(SpinPress press) {
   press.recompute();
   held_.push_back({std::move(press), Phase::FirstDelay, clock_.Now()});
   GoOn();
+}
+
+void SpinHold::PressPlus(TextField* field, std::optional<double> highest,
+                         std::function<void()> recompute) {
+  Press({PlusHeld, field, StepUp, highest, std::move(recompute)});
+}
+
+void SpinHold::PressMinus(TextField* field, std::optional<double> lowest,
+                          std::function<void()> recompute) {
+  Press({MinusHeld, field, StepDown, lowest, std::move(recompute)});
 }
 
 void SpinHold::Release(TextField* field) {

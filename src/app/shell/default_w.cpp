@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QString>
 
+#include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QString>
 
+#include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/settings/settings.h"
@@ -98,15 +99,13 @@ MainProg::MainProg(Services& services, ProgramFolders folders)
       HelpWin(MakeButton(u"HelpWin"_s, u"Help"_s)),
       Update(MakeButton(u"Update"_s, u"Check for Updates"_s,
                         u"If you are connected to the internet you can check for updates"_s)),
-      SaveOnExit(new QCheckBox(u"Save On Exit"_s)),
+      SaveOnExit(MakeCheckBox(u"SaveOnExit"_s, u"Save On Exit"_s,
+                              u"Save settings upon exiting the program"_s)),
       Defaults(MakeButton(u"Defaults"_s, u"Load Defaults"_s, u"Load the default settings"_s)),
       SaveSettings(MakeButton(u"SaveSettings"_s, u"Save Settings"_s, u"Save current settings"_s)),
       About(MakeButton(u"About"_s, u"About..."_s,
                        u"Some basic info on the program and the author"_s)),
       Webs(MakeButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
-  SaveOnExit->setObjectName(u"SaveOnExit"_s);
-  SaveOnExit->setAccessibleName(SaveOnExit->text());
-  SaveOnExit->setToolTip(u"Save settings upon exiting the program"_s);
   MakeLayout();
   WireEvents();
   EnableWhatExists();

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/shell/picture.h"
 

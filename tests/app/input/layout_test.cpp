@@ -3,13 +3,18 @@
 
 #include "app/input/layout.h"
 
-#include <QApplication>
-#include <QEvent>
+#include <memory>
+
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "app/input/editable_list.h"
+#include "app/input/labels.h"
+#include "app/input/option_group.h"
 #include "app/input/spin_button.h"
 #include "app/input/text_field.h"
 
@@ -40,27 +45,57 @@ TEST(Layout, LabelsShowPlainText) {
   }
 }
 
-TEST(ValueLabel, KeepsRoomForItsWidestText) {
-  ValueLabel label(u"V"_s, {}, {u"short"_s, u"a much longer text"_s});
-  const auto empty = label.sizeHint();
-  label.setText(u"a much longer text"_s);
-  EXPECT_EQ(label.sizeHint(), empty);
-  label.setText(u"short"_s);
-  EXPECT_EQ(label.sizeHint(), empty);
+TEST(Layout, AnOptionThatBeginsALineNamesItsControls) {
+  OptionGroup options(u"O"_s);
+  auto* field = new TextField(u"F"_s, {});
+  auto* plus = new SpinButton(u"P"_s, SpinDirection::Plus);
+  auto* list = new EditableList(u"L"_s, {});
+  QWidget window;
+  auto* first = options.Add(0, u"First"_s, {});
+  auto* second = options.Add(1, u"Second"_s, {});
+  LayOut(&window, Down({MakeFrame({}, {{first, {field, plus}}, {second, {list}}})}));
+  EXPECT_EQ(field->accessibleName(), u"First"_s);
+  EXPECT_EQ(plus->accessibleName(), u"First plus"_s);
+  EXPECT_EQ(list->accessibleName(), u"Second"_s);
+  EXPECT_EQ(list->Field()->accessibleName(), u"Second"_s);
 }
 
-TEST(ResultField, IsLargerThanTheTextAroundItAndFollowsTheFont) {
-  const QFont before = QApplication::font();
-  ResultField field(u"R"_s, {}, 6);
-  EXPECT_TRUE(field.isReadOnly());
-  EXPECT_DOUBLE_EQ(field.font().pointSizeF(), before.pointSizeF() * ResultScale);
-  QFont larger = before;
-  larger.setPointSizeF(14);
-  QApplication::setFont(larger);
-  QEvent changed(QEvent::ApplicationFontChange);  // sent by itself only in a running program
-  QApplication::sendEvent(&field, &changed);
-  EXPECT_DOUBLE_EQ(field.font().pointSizeF(), 14 * ResultScale);
-  QApplication::setFont(before);
+TEST(Layout, ALineOfOnlyOneKindTakesTheWholeWidth) {
+  auto* box = MakeCheckBox(u"B"_s, u"A caption much longer than any label of this frame"_s);
+  auto* field = new TextField(u"F"_s, {});
+  auto* wide = new TextField(u"W"_s, {});
+  QWidget window;
+  LayOut(&window,
+         Down({MakeFrame(u"N"_s, u"Frame"_s, {{box, {}}, {u"Label :"_s, {field}}, {{}, {wide}}})}));
+  window.show();
+  const auto* frame = window.findChild<QGroupBox*>(u"N"_s);
+  ASSERT_NE(frame, nullptr);
+  EXPECT_EQ(frame->title(), u"Frame"_s);
+  EXPECT_EQ(wide->x(), box->x());
+  EXPECT_LT(field->x(), box->geometry().right());
+  EXPECT_EQ(wide->geometry().right(), field->geometry().right());
+}
+
+TEST(Layout, AControlIsNamedByALabelElsewhere) {
+  TextField field(u"F"_s, {});
+  SpinButton minus(u"M"_s, SpinDirection::Minus);
+  NameByLabel(u"Length"_s, {&field, &minus});
+  EXPECT_EQ(field.accessibleName(), u"Length"_s);
+  EXPECT_EQ(minus.accessibleName(), u"Length minus"_s);
+}
+
+TEST(Layout, ButtonsAndBoxesAreNamedByTheirCaption) {
+  const std::unique_ptr<QPushButton> button(MakeButton(u"B"_s, u"Do it"_s, u"Does it"_s));
+  EXPECT_EQ(button->objectName(), u"B"_s);
+  EXPECT_EQ(button->text(), u"Do it"_s);
+  EXPECT_EQ(button->accessibleName(), u"Do it"_s);
+  EXPECT_EQ(button->toolTip(), u"Does it"_s);
+  const std::unique_ptr<QCheckBox> box(MakeCheckBox(u"C"_s, u"Allow it"_s, u"Allows it"_s));
+  EXPECT_EQ(box->objectName(), u"C"_s);
+  EXPECT_EQ(box->text(), u"Allow it"_s);
+  EXPECT_EQ(box->accessibleName(), u"Allow it"_s);
+  EXPECT_EQ(box->toolTip(), u"Allows it"_s);
+  EXPECT_FALSE(box->isChecked());
 }
 
 }  // namespace

@@ -4,9 +4,11 @@
 #include "app/input/option_group.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QString>
 #include <QTest>
 #include <QWidget>
@@ -40,6 +42,34 @@ TEST_F(OptionGroupTest, NothingIsSelectedAtFirst) {
   for (const auto* button : group.Buttons()) {
     EXPECT_FALSE(button->isChecked());
   }
+}
+
+TEST_F(OptionGroupTest, TellsWhichIsSelected) {
+  EXPECT_EQ(group.Selected(), std::nullopt);
+  group.Select(4);
+  EXPECT_EQ(group.Selected(), 4);
+  Click(group.Buttons()[0]);
+  EXPECT_EQ(group.Selected(), 1);
+}
+
+TEST_F(OptionGroupTest, TabStopsAtTheSelectedOneElseAtTheFirst) {
+  EXPECT_EQ(group.TabStop(), group.Buttons()[0]);
+  group.Select(4);
+  EXPECT_EQ(group.TabStop(), group.Buttons()[2]);
+}
+
+TEST_F(OptionGroupTest, TabGoesToTheSelectedOneAndOutAgain) {
+  auto* before = new QLineEdit;
+  qobject_cast<QHBoxLayout*>(window.layout())->insertWidget(0, before);
+  QWidget::setTabOrder(before, group.Buttons()[0]);
+  group.Select(2);
+  before->setFocus();
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(group.Buttons()[1]->hasFocus());
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(before->hasFocus());
+  Key(Qt::Key_Backtab);
+  EXPECT_TRUE(group.Buttons()[1]->hasFocus());
 }
 
 TEST_F(OptionGroupTest, EveryOptionCarriesItsIndex) {

@@ -43,6 +43,21 @@ TEST_F(SpinButtonTest, HearsOfTheReleaseWhereverItIs) {
   EXPECT_EQ(ups, 1);
 }
 
+TEST_F(SpinButtonTest, DisabledWhileItIsHeldItCountsAsLetGoOnce) {
+  Press(window.S);
+  window.S->setEnabled(false);
+  EXPECT_EQ(ups, 1);
+  window.S->setEnabled(true);
+  LetGo(window.S);
+  EXPECT_EQ(ups, 1);
+}
+
+TEST_F(SpinButtonTest, DisabledWhileItRestsItTellsNothing) {
+  window.S->setEnabled(false);
+  window.S->setEnabled(true);
+  EXPECT_EQ(ups, 0);
+}
+
 TEST_F(SpinButtonTest, StandsInNoTabOrder) {
   for (int i = 0; i < 6; ++i) {
     Key(Qt::Key_Tab);

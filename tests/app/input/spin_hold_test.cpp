@@ -50,6 +50,23 @@ TEST_F(SpinHoldTest, StepsAndRecomputesOnceAtThePress) {
   EXPECT_EQ(spin.SpinState(), 1);
 }
 
+TEST_F(SpinHoldTest, AllPlusButtonsShareOneCodeAndAllMinusButtonsAnother) {
+  spin.PressPlus(window.A, 101, [this] { ++recomputations; });
+  EXPECT_EQ(spin.SpinState(), 1);
+  EXPECT_EQ(Text(), "101");
+  spin.Release(window.A);
+  spin.PressPlus(window.A, 101, [this] { ++recomputations; });
+  EXPECT_EQ(Text(), "101");
+  spin.Release(window.A);
+  spin.PressMinus(window.A, 100, [this] { ++recomputations; });
+  EXPECT_EQ(spin.SpinState(), 2);
+  EXPECT_EQ(Text(), "100");
+  spin.Release(window.A);
+  spin.PressMinus(window.A, std::nullopt, [this] { ++recomputations; });
+  EXPECT_EQ(Text(), "99");
+  EXPECT_EQ(recomputations, 4);
+}
+
 TEST_F(SpinHoldTest, AReleaseBeforeTheFirstDelayEndsItThere) {
   PressPlus();
   clock.Advance(0.5 - Tiny);

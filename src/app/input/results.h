@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+#include "app/input/labels.h"
+
+namespace brindle {
+
+/// How much larger than the window's text a result is.
+inline constexpr double ResultScale = 1.6;
+
+/// The read-only field of a calculator's main result: large, selectable, copyable.
+class ResultField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  ResultField(const QString& name, const QString& tooltip, int digits);
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  // The program's font made larger; again whenever that changes.
+  void FollowFont();
+
+  int digits_;
+};
+
+/// The label of a calculator's main result: it looks like a ResultField, and can be selected and
+/// copied like one, by mouse and keyboard.
+class ResultLabel : public ValueLabel {
+  Q_OBJECT
+
+ public:
+  ResultLabel(const QString& name, const QString& tooltip, int digits);
+
+ protected:
+  bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void FollowFont();
+};
+
+}  // namespace brindle

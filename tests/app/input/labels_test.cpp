@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/input/labels.h"
+
+#include <memory>
+
+#include <QLabel>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include "app/input/interleaving_label.h"
+#include "app/settings/settings.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(Label, CanCarryANameAndATooltip) {
+  const std::unique_ptr<QLabel> label(MakeLabel(u"L"_s, u"<b>Text</b>"_s, u"Tip"_s));
+  EXPECT_EQ(label->objectName(), u"L"_s);
+  EXPECT_EQ(label->text(), u"<b>Text</b>"_s);
+  EXPECT_EQ(label->toolTip(), u"Tip"_s);
+  EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+TEST(ValueLabel, KeepsRoomForItsWidestText) {
+  ValueLabel label(u"V"_s, {}, {u"short"_s, u"a much longer text"_s});
+  const auto empty = label.sizeHint();
+  label.setText(u"a much longer text"_s);
+  EXPECT_EQ(label.sizeHint(), empty);
+  label.setText(u"short"_s);
+  EXPECT_EQ(label.sizeHint(), empty);
+}
+
+TEST(ValueLabel, TellsAScreenReaderWhatItShows) {
+  ValueLabel label(u"V"_s, {}, {u"888"_s});
+  label.Show(u"7"_s);
+  EXPECT_EQ(label.text(), u"7"_s);
+  EXPECT_EQ(label.accessibleDescription(), u"7"_s);
+}
+
+TEST(InterleavingLabel, IsOnWhereAnyOverheadIsCounted) {
+  Settings record;
+  InterleavingLabel label(record);
+  label.Refresh();
+  EXPECT_EQ(label.text(), u"OFF"_s);
+  record.VideoFrameOverhead = 0.001;
+  EXPECT_EQ(label.text(), u"OFF"_s);
+  label.Refresh();
+  EXPECT_EQ(label.text(), u"ON"_s);
+  record.VideoFrameOverhead = 0;
+  record.AudioInterleaveOverhead = 0.001;
+  label.Refresh();
+  EXPECT_EQ(label.text(), u"ON"_s);
+  record.VideoFrameOverhead = -0.001;
+  label.Refresh();
+  EXPECT_EQ(label.text(), u"OFF"_s);
+}
+
+}  // namespace
+}  // namespace brindle
