@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include "app/input/field_text.h"
+#include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
@@ -61,9 +62,7 @@ BitrateCalc::BitrateCalc(Services& services)
       ExtraM(new SpinButton(u"ExtraM"_s, SpinDirection::Minus)),
       DivX(u"DivX"_s),
       Advance(MakeButton(u"Advance"_s, u"Advanced"_s, u"Advanced interleaving settings"_s)),
-      Interl(new ValueLabel(u"Interl"_s,
-                            u"Indicates whether Interleaving is being calculated (Advanced)"_s,
-                            {u"OFF"_s})),
+      Interl(new InterleavingLabel(services.record)),
       Result(new ResultField(
           u"Result"_s, u"Video bitrate setting for DivX 3 (low-motion) or DivX 4/5 (2-pass)"_s, 6)),
       Stat{new ValueLabel(u"Stat(0)"_s, u"Total size of the video."_s, {WidestSize}),
@@ -85,8 +84,6 @@ void BitrateCalc::MakeLayout() {
       DivX.Add(0, u"3"_s, u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
   auto* divX4 =
       DivX.Add(1, u"4/5"_s, u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
-  // Nothing pretends: without the overhead window there is nothing to open.
-  Advance->setEnabled(services_.windows.Has(WindowId::Advanced));
   NameByTooltip(timeLabel, {Time1, Time2, Time3});
   NameByTooltip(divXLabel, {divX3, divX4});
   for (auto* part : {Time1, Time2, Time3}) {
@@ -174,7 +171,7 @@ void BitrateCalc::Form_Load() {
                u"256"_s, u"320"_s, u"384"_s, u"448"_s, u"512"_s, u"576"_s, u"640"_s});
   CDs->Fill({u"1"_s, u"2"_s, u"3"_s, u"4"_s});
   Capacity->Fill({u"648"_s, u"650"_s, u"654"_s, u"700"_s, u"800"_s, u"880"_s});
-  ShowInterleaving();
+  Interl->Refresh();
   CalcVideoBitrate();
 }
 
@@ -290,16 +287,15 @@ void BitrateCalc::Advance_Click() {
   services_.windows.Show(WindowId::Advanced);
 }
 
+void BitrateCalc::Recompute() { CalcVideoBitrate(); }
+
+void BitrateCalc::ShowInterleaving() { Interl->Refresh(); }
+
 void BitrateCalc::CalcVideoBitrate() {
-  const auto repaired = [](TextField* field) {
-    RepairText(field);
-    RepairSign(field);
-    return NumberIn(field);
-  };
-  record_.AudioBitrate = repaired(Audio->Field());
-  record_.CDCapacity = repaired(Capacity->Field());
-  record_.CDCount = ToInteger16(repaired(CDs->Field()));
-  record_.ExtraMaterial = repaired(Extra);
+  record_.AudioBitrate = RepairedNumber(Audio->Field());
+  record_.CDCapacity = RepairedNumber(Capacity->Field());
+  record_.CDCount = ToInteger16(RepairedNumber(CDs->Field()));
+  record_.ExtraMaterial = RepairedNumber(Extra);
   RepairText(MLength);
   if (!IsEmpty(MLength)) {
     // Deliberately before the sign is repaired and the running time stored.
@@ -369,11 +365,6 @@ void BitrateCalc::LengthToTime() {
     MLength->Write(u"1"_s);
   }
   ShowTime({Time1, Time2, Time3}, NumberIn(MLength), EditingSeconds);
-}
-
-void BitrateCalc::ShowInterleaving() {
-  const bool isOn = record_.VideoFrameOverhead + record_.AudioInterleaveOverhead > 0;
-  Interl->Show(isOn ? u"ON"_s : u"OFF"_s);
 }
 
 void BitrateCalc::Hold(Spin state, TextField* field, double (*step)(double, std::optional<double>),

@@ -11,11 +11,14 @@
 
 #include "app/input/editable_list.h"
 #include "app/input/form.h"
-#include "app/input/layout.h"
+#include "app/input/interleaving_label.h"
+#include "app/input/labels.h"
 #include "app/input/option_group.h"
+#include "app/input/results.h"
 #include "app/input/spin_button.h"
 #include "app/input/spin_hold.h"
 #include "app/input/text_field.h"
+#include "app/windows/overhead_opener.h"
 #include "app/windows/services.h"
 
 class QPushButton;
@@ -23,11 +26,14 @@ class QPushButton;
 namespace brindle {
 
 /// The video bitrate calculator: media, running time and audio in; bitrate, sizes and quality out.
-class BitrateCalc : public Form {
+class BitrateCalc : public Form, public OverheadOpener {
   Q_OBJECT
 
  public:
   explicit BitrateCalc(Services& services);
+
+  void Recompute() override;
+  void ShowInterleaving() override;
 
  private:
   /// The field that FillBlankFields() leaves alone.
@@ -90,7 +96,6 @@ class BitrateCalc : public Form {
   void TimeToLength();
   void LengthToTime();
   void TimeToLengthUnlessEmpty(const TextField* field);
-  void ShowInterleaving();
   void Hold(Spin state, TextField* field, double (*step)(double, std::optional<double>),
             std::optional<double> limit);
 
@@ -114,7 +119,7 @@ class BitrateCalc : public Form {
   SpinButton* ExtraM;
   OptionGroup DivX;
   QPushButton* Advance;
-  ValueLabel* Interl;
+  InterleavingLabel* Interl;
   ResultField* Result;
   std::array<ValueLabel*, 3> Stat;
   ValueLabel* Qual;

@@ -17,14 +17,13 @@
 #include <gtest/gtest.h>
 
 #include "app/numbers/numeric_text.h"
+#include "tests/support/handler_event.h"
 #include "tests/video/bitrate_window.h"
 
 namespace brindle {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-enum class Event { Click, KeyPress, KeyUp, GotFocus, LostFocus, MouseDown, MouseUp };
 
 // One event of one control, and all that it does: whether the window recomputes, and which of the
 // five input fields, all of them emptied before, hold something afterwards.
@@ -53,39 +52,14 @@ TEST_P(BitrateHandlers, DoWhatTheirTableSays) {
   OpenCalculator();
   auto* target = Find(window, QString::fromStdString(control));
   auto* elsewhere = Result;  // has no handlers
-  (event == Event::GotFocus ? elsewhere : target)->setFocus();
-  if (event == Event::MouseUp) {
-    Press(target);
-  }
+  Prepare(event, target, elsewhere);
   for (const auto& name : All) {
     Field(QString::fromStdString(name))->setText({});
   }
   ArmRecomputation();
   const auto overheadBefore = Text("Stat(2)");
 
-  switch (event) {
-    case Event::Click:
-      KeyDown(Qt::Key_Down);  // picks the first entry
-      break;
-    case Event::KeyPress:
-      KeyDown(Qt::Key_Backspace);
-      break;
-    case Event::KeyUp:
-      KeyLetGo(Qt::Key_Backspace);
-      break;
-    case Event::GotFocus:
-      target->setFocus();
-      break;
-    case Event::LostFocus:
-      elsewhere->setFocus();
-      break;
-    case Event::MouseDown:
-      Press(target);
-      break;
-    case Event::MouseUp:
-      LetGo(target);
-      break;
-  }
+  Cause(event, target, elsewhere);
 
   EXPECT_EQ(Text("Stat(2)") != overheadBefore, recomputes);
   std::set<std::string> holding;
@@ -95,26 +69,6 @@ TEST_P(BitrateHandlers, DoWhatTheirTableSays) {
     }
   }
   EXPECT_EQ(holding, filled);
-}
-
-std::string EventName(Event event) {
-  switch (event) {
-    case Event::Click:
-      return "Picked";
-    case Event::KeyPress:
-      return "KeyPressed";
-    case Event::KeyUp:
-      return "KeyLetGo";
-    case Event::GotFocus:
-      return "GotFocus";
-    case Event::LostFocus:
-      return "LostFocus";
-    case Event::MouseDown:
-      return "MousePressed";
-    case Event::MouseUp:
-      return "MouseLetGo";
-  }
-  return {};
 }
 
 const auto HandlerName = [](const auto& instance) {
@@ -476,11 +430,6 @@ TEST_F(BitrateCalcTest, InterleavingIsOnlyLookedAtWhenTheWindowLoads) {
   Type(u"5"_s);
   EXPECT_EQ(Text("Stat(2)"), "");
   EXPECT_EQ(Text("Interl"), "ON");
-}
-
-TEST_F(BitrateCalcTest, AdvancedIsDisabledWhileThereIsNothingBehindIt) {
-  OpenCalculator();
-  EXPECT_FALSE(Find<QPushButton>(window, u"Advance"_s)->isEnabled());
 }
 
 TEST_F(BitrateCalcTest, AdvancedTellsWhoOpensIt) {

@@ -3,25 +3,21 @@
 
 #pragma once
 
-#include <array>
 #include <string>
 
-#include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QRadioButton>
 #include <QString>
-#include <QWidget>
 
 #include "app/input/editable_list.h"
 #include "app/input/spin_button.h"
 #include "app/input/text_field.h"
-#include "tests/support/window_test.h"
+#include "tests/support/calculator_window.h"
 
 namespace brindle {
 
 /// The video bitrate calculator, open, with its controls at hand as a user sees them.
-class BitrateWindow : public WindowTest {
+class BitrateWindow : public CalculatorWindow {
  protected:
   void OpenCalculator() {
     window = Open(WindowId::BitrateCalc);
@@ -42,35 +38,14 @@ class BitrateWindow : public WindowTest {
     Result = Find<QLineEdit>(window, QStringLiteral("Result"));
   }
 
-  /// The text of a field, list or label.
-  [[nodiscard]] std::string Text(const QString& name) const {
-    auto* control = Find(window, name);
-    if (auto* list = qobject_cast<EditableList*>(control)) {
-      return list->Field()->text().toStdString();
-    }
-    if (auto* field = qobject_cast<QLineEdit*>(control)) {
-      return field->text().toStdString();
-    }
-    return qobject_cast<QLabel*>(control)->text().toStdString();
-  }
-  [[nodiscard]] std::string Text(const char* name) const { return Text(QString::fromLatin1(name)); }
-
   /// The running time as the three fields show it: "1:40:00.00".
   [[nodiscard]] std::string Time() const {
     return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3");
   }
 
-  /// The field or text part of this name.
-  [[nodiscard]] TextField* Field(const QString& name) const {
-    auto* control = Find(window, name);
-    auto* list = qobject_cast<EditableList*>(control);
-    return list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
-  }
-
   /// Makes the next recomputation visible: Stat(2) shows another size then.
   void ArmRecomputation() { record.VideoFrameOverhead += 50; }
 
-  QPointer<QWidget> window;
   EditableList* Audio = nullptr;
   EditableList* CDs = nullptr;
   EditableList* Capacity = nullptr;

@@ -7,12 +7,18 @@
 #include <memory>
 
 #include "app/shell/default_w.h"
+#include "audiodisk/audio_calc.h"
+#include "audiodisk/hd_calc.h"
+#include "video/advanced.h"
 #include "video/bitrate_calc.h"
 
 namespace brindle {
 
 void AddAllWindows(WindowList& windows, Services& services, const std::function<void()>& initDat) {
   windows.Add(WindowId::BitrateCalc, [&] { return std::make_unique<BitrateCalc>(services); });
+  windows.Add(WindowId::AudioCalc, [&] { return std::make_unique<AudioCalc>(services); });
+  windows.Add(WindowId::HDCalc, [&] { return std::make_unique<HDCalc>(services); });
+  windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
   windows.Add(WindowId::DefaultW,
               [&services, initDat] { return std::make_unique<DefaultW>(services, initDat); });
 }

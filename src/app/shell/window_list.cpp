@@ -13,13 +13,17 @@ void WindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(
 
 bool WindowList::Has(WindowId id) const { return factories_.contains(id); }
 
-void WindowList::Show(WindowId id) {
+Form& WindowList::Load(WindowId id) {
   auto window = windows_.find(id);
   if (window == windows_.end()) {
     window = windows_.emplace(id, factories_.at(id)()).first;
     connect(window->second.get(), &Form::Closed, this, [this, id] { Forget(id); });
   }
-  auto& form = *window->second;
+  return *window->second;
+}
+
+void WindowList::Show(WindowId id) {
+  auto& form = Load(id);
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   form.show();
   form.raise();

@@ -14,8 +14,8 @@
 
 namespace brindle {
 
-/// Owns the windows that other windows open, at most one of each kind. A window that is closed is
-/// deleted once control is back in the event loop; the next show makes a new one.
+/// Owns the windows that other windows open or load, at most one of each kind. A window that is
+/// closed is deleted once control is back in the event loop; the next show makes a new one.
 class WindowList : public QObject, public Windows {
   Q_OBJECT
 
@@ -27,6 +27,7 @@ class WindowList : public QObject, public Windows {
   void Add(WindowId id, Factory factory);
 
   [[nodiscard]] bool Has(WindowId id) const override;
+  Form& Load(WindowId id) override;
   void Show(WindowId id) override;
 
  private:

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "app/input/form.h"
+
 namespace brindle {
 
 /// Every window that another window can open.
@@ -32,6 +34,10 @@ class Windows {
 
   /// Whether this program can open the window at all.
   [[nodiscard]] virtual bool Has(WindowId id) const = 0;
+
+  /// The one window of this kind. Creates it when it does not exist, without showing it: its next
+  /// show does not load it again.
+  virtual Form& Load(WindowId id) = 0;
 
   /// Shows the one window of this kind, without making the others wait: creates it when it does not
   /// exist, else brings it to the front. What its creation throws comes out; no window is left

@@ -135,6 +135,86 @@ TEST_F(WindowListTest, ClosedAndShownBeforeTheEventLoopRunsTheNewOneStays) {
   EXPECT_EQ(made, 2) << "the new one is forgotten";
 }
 
+TEST_F(WindowListTest, ALoadedWindowIsMadeButNotShown) {
+  auto& loaded = list.Load(WindowId::QuickC);
+  EXPECT_EQ(made, 1);
+  EXPECT_EQ(&loaded, first);
+  EXPECT_FALSE(first->isVisible());
+  EXPECT_EQ(second, nullptr);
+}
+
+TEST_F(WindowListTest, LoadedTwiceItIsTheSameOne) {
+  auto& loaded = list.Load(WindowId::QuickC);
+  EXPECT_EQ(&list.Load(WindowId::QuickC), &loaded);
+  EXPECT_NE(&list.Load(WindowId::HDCalc), &loaded);
+  EXPECT_EQ(made, 1);
+}
+
+TEST_F(WindowListTest, TheNextShowShowsTheLoadedOne) {
+  const auto* loaded = &list.Load(WindowId::QuickC);
+  list.Show(WindowId::QuickC);
+  EXPECT_EQ(made, 1);
+  EXPECT_EQ(first, loaded);
+  EXPECT_TRUE(first->isVisible());
+  EXPECT_TRUE(QTest::qWaitForWindowActive(first, 10000));
+}
+
+TEST_F(WindowListTest, LoadingAShownOneGivesThatAndLeavesItWhereItIs) {
+  list.Show(WindowId::QuickC);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
+  list.Show(WindowId::HDCalc);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(second, 10000));
+
+  EXPECT_EQ(&list.Load(WindowId::QuickC), first);
+  RunEventLoop();
+  EXPECT_EQ(made, 1);
+  EXPECT_TRUE(first->isVisible());
+  EXPECT_TRUE(second->isActiveWindow());
+}
+
+TEST_F(WindowListTest, AMinimizedOneStaysMinimizedWhenLoaded) {
+  list.Show(WindowId::QuickC);
+  first->showMinimized();
+  EXPECT_EQ(&list.Load(WindowId::QuickC), first);
+  EXPECT_TRUE(first->isMinimized());
+}
+
+TEST_F(WindowListTest, AfterAClosedOneANewOneIsLoaded) {
+  list.Show(WindowId::QuickC);
+  const auto old = first;
+  old->close();
+  const auto* loaded = &list.Load(WindowId::QuickC);
+  EXPECT_EQ(made, 2);
+  EXPECT_NE(loaded, old);
+  RunEventLoop();
+  EXPECT_EQ(old, nullptr);
+  ASSERT_EQ(first, loaded);
+  EXPECT_FALSE(first->isVisible());
+}
+
+TEST_F(WindowListTest, ALoadedOneThatWasShownAndClosedIsForgotten) {
+  list.Load(WindowId::QuickC);
+  list.Show(WindowId::QuickC);
+  first->close();
+  RunEventLoop();
+  EXPECT_EQ(first, nullptr);
+  list.Load(WindowId::QuickC);
+  EXPECT_EQ(made, 2);
+}
+
+TEST_F(WindowListTest, AWindowThatCannotBeLoadedLeavesNothingAndCanBeTriedAgain) {
+  bool fails = true;
+  list.Add(WindowId::AspectRa, [&] {
+    if (fails) {
+      throw std::runtime_error("no such file");
+    }
+    return std::make_unique<Form>(u"Third"_s, u"Third"_s);
+  });
+  EXPECT_THROW(list.Load(WindowId::AspectRa), std::runtime_error);
+  fails = false;
+  EXPECT_EQ(list.Load(WindowId::AspectRa).objectName(), u"Third"_s);
+}
+
 TEST_F(WindowListTest, AWindowThatCannotBeMadeLeavesNothingAndCanBeTriedAgain) {
   bool fails = true;
   QPointer<Form> third;
@@ -168,6 +248,17 @@ TEST_F(WindowListTest, WhatTheFactoryThrowsComesOut) {
   }
 }
 
+TEST(WindowListEnd, TakesTheLoadedWindowsWithIt) {
+  QPointer<Form> form;
+  {
+    WindowList list;
+    list.Add(WindowId::QuickC, [] { return std::make_unique<Form>(u"First"_s, u"First"_s); });
+    form = &list.Load(WindowId::QuickC);
+    ASSERT_NE(form, nullptr);
+  }
+  EXPECT_EQ(form, nullptr);
+}
+
 TEST(WindowListEnd, TakesTheOpenWindowsWithIt) {
   QPointer<Form> form;
   {
@@ -195,6 +286,14 @@ TEST_F(RealWindows, ANewOneIsLoadedFromTheRecord) {
   record.MovieLength = 90.5;
   auto* second = Open(WindowId::BitrateCalc);
   EXPECT_EQ(Find<QLineEdit>(second, u"MLength"_s)->text(), u"90.5"_s);
+}
+
+TEST_F(RealWindows, ALoadedOneIsNotLoadedAgainWhenItIsShown) {
+  auto& loaded = windows.Load(WindowId::BitrateCalc);
+  record.MovieLength = 90.5;
+  windows.Show(WindowId::BitrateCalc);
+  WaitForActive(&loaded);
+  EXPECT_EQ(Find<QLineEdit>(&loaded, u"MLength"_s)->text(), u"100"_s);
 }
 
 TEST_F(RealWindows, TheOldOneIsNotLoadedAgain) {

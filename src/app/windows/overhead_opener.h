@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace brindle {
+
+/// A window that the overhead window was opened from, as that window sees it.
+class OverheadOpener {
+ public:
+  OverheadOpener() = default;
+  OverheadOpener(const OverheadOpener&) = delete;
+  OverheadOpener& operator=(const OverheadOpener&) = delete;
+  OverheadOpener(OverheadOpener&&) = delete;
+  OverheadOpener& operator=(OverheadOpener&&) = delete;
+  virtual ~OverheadOpener() = default;
+
+  /// Works out its bitrate anew, with the overheads of the settings record.
+  virtual void Recompute() = 0;
+
+  /// Shows whether any overhead is counted.
+  virtual void ShowInterleaving() = 0;
+};
+
+}  // namespace brindle
