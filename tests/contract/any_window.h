@@ -23,7 +23,10 @@ class AnyWindow : public WindowTest {
  protected:
   QWidget* OpenByName(const std::string& name) {
     static const std::map<std::string, WindowId> listed{{"DefaultW", WindowId::DefaultW},
-                                                        {"BitrateCalc", WindowId::BitrateCalc}};
+                                                        {"BitrateCalc", WindowId::BitrateCalc},
+                                                        {"AudioCalc", WindowId::AudioCalc},
+                                                        {"HDCalc", WindowId::HDCalc},
+                                                        {"Advanced", WindowId::Advanced}};
     if (name == "Splash") {
       splash_ = std::make_unique<Splash>(services);
       splash_->Run();

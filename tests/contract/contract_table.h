@@ -23,6 +23,9 @@ inline const std::vector<WindowRow>& WindowRows() {
       {"MainProg", "Velbrin's Brindle 2.91 DX"},
       {"DefaultW", "Load Default Settings"},
       {"BitrateCalc", "Velbrin's Brindle 2 : Video Bitrate Calc"},
+      {"Advanced", "Advanced"},
+      {"AudioCalc", "Velbrin's Brindle 2 : Audio Bitrate Calc"},
+      {"HDCalc", "Velbrin's Brindle 2 : HD Space Calc"},
   };
   return rows;
 }
@@ -36,7 +39,8 @@ enum class Kind {
   CheckBox,
   Option,
   Field,
-  List
+  List,
+  Frame
 };
 
 /// The place of a control that Tab does not reach.
@@ -65,6 +69,9 @@ inline const std::vector<ControlRow>& ControlRows() {
   static const std::string extra = "Extra Settings";
   static const std::string time = "Hr:Min:Secs :";
   static const std::string divX = "DivX version :";
+  static const std::string interleave = "AVI Interleaving Settings";
+  static const std::string settings = "Settings";
+  static const std::string same = "Choose the same setting you are using when creating your AVIs";
   static const std::string website = "https://example.org/brindle";
   static const std::string author = "Velbrin 2026";
   // clang-format off
@@ -152,6 +159,106 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"BitrateCalc", "Stat(1)", K::Label, "", "91.6MB", "Total size of the audio.", "Audio:"},
       {"BitrateCalc", "Stat(2)", K::Label, "", "6.9MB", "Total size of the AVI overhead.",
        "Overhead:"},
+
+      {"Advanced", "Frame2", K::Frame, "", "AVI Interleaving Settings", "",
+       "AVI Interleaving Settings"},
+      {"Advanced", "VOver", K::CheckBox, interleave, "Calc. video frame overhead",
+       "Enable this if you are encoding to AVI format", "Calc. video frame overhead", 0},
+      {"Advanced", "AOver", K::CheckBox, interleave, "Calc. A/V interleaving overhead",
+       "Enable this if you are encoding to AVI format with audio",
+       "Calc. A/V interleaving overhead", 1},
+      {"Advanced", "Label10", K::Label, interleave, "Interleave audio every:", "",
+       "Interleave audio every:"},
+      {"Advanced", "Label1", K::Label, interleave, "(frames)", "", "(frames)"},
+      {"Advanced", "InterlOpt(4)", K::Option, interleave, "NTSC 29.97 fps", same,
+       "NTSC 29.97 fps", 4},
+      {"Advanced", "Iframe3", K::Field, interleave, "1", same, "NTSC 29.97 fps", 2},
+      {"Advanced", "InterlOpt(1)", K::Option, interleave, "Time (ms)", same, "Time (ms)", 4},
+      {"Advanced", "Itime", K::Field, interleave, "400", same, "Time (ms)", 3},
+      {"Advanced", "InterlOpt(2)", K::Option, interleave, "PAL 25 fps", same, "PAL 25 fps", 4},
+      {"Advanced", "Iframe1", K::Field, interleave, "1", same, "PAL 25 fps", 5},
+      {"Advanced", "InterlOpt(3)", K::Option, interleave, "NTSC 23.976 fps", same,
+       "NTSC 23.976 fps", 4},
+      {"Advanced", "Iframe2", K::Field, interleave, "1", same, "NTSC 23.976 fps", 6},
+      {"Advanced", "Command1", K::Button, "", "OK", "", "OK", 7},
+
+      {"AudioCalc", "Frame1", K::Frame, "", "Settings", "", "Settings"},
+      {"AudioCalc", "Label1", K::Label, settings, "Movie Length (min) :", "",
+       "Movie Length (min) :"},
+      {"AudioCalc", "MLength", K::Field, settings, "100", "The movie length in minutes",
+       "Movie Length (min) :", 0},
+      {"AudioCalc", "MLengthP", K::SpinButton, settings, "+", "", "Movie Length (min) : plus"},
+      {"AudioCalc", "MLengthM", K::SpinButton, settings, "\u2212", "",
+       "Movie Length (min) : minus"},
+      {"AudioCalc", "Label3", K::Label, settings, "Video Only AVI Size (MB) :", "",
+       "Video Only AVI Size (MB) :"},
+      {"AudioCalc", "Source", K::Field, settings, "550",
+       "The size of the video-only file in megabytes", "Video Only AVI Size (MB) :", 1},
+      {"AudioCalc", "SourceP", K::SpinButton, settings, "+", "",
+       "Video Only AVI Size (MB) : plus"},
+      {"AudioCalc", "SourceM", K::SpinButton, settings, "\u2212", "",
+       "Video Only AVI Size (MB) : minus"},
+      {"AudioCalc", "Label2", K::Label, settings, "Target AVI Size (MB) :", "",
+       "Target AVI Size (MB) :"},
+      {"AudioCalc", "Target", K::Field, settings, "700",
+       "The target size for the final AVI in Megabytes", "Target AVI Size (MB) :", 2},
+      {"AudioCalc", "TargetP", K::SpinButton, settings, "+", "", "Target AVI Size (MB) : plus"},
+      {"AudioCalc", "TargetM", K::SpinButton, settings, "\u2212", "",
+       "Target AVI Size (MB) : minus"},
+      {"AudioCalc", "Label8", K::Label, settings, "Interleaving:",
+       "Indicates whether Interleaving is being calculated (Advanced)", "Interleaving:"},
+      {"AudioCalc", "Interl", K::Label, settings, "ON",
+       "Indicates whether Interleaving is being calculated (Advanced)", "Interleaving:"},
+      {"AudioCalc", "Command1", K::Button, settings, "Advanced", "Advanced interleaving settings",
+       "Advanced", 3},
+      {"AudioCalc", "Label4", K::Label, "", "Resulting Bitrate :", "", "Resulting Bitrate :"},
+      {"AudioCalc", "Result", K::Field, "", "205",
+       "The maximum bitrate that can be used for the audio", "Resulting Bitrate :", 4},
+      {"AudioCalc", "Label6", K::Label, "", "kbps", "", "kbps"},
+      {"AudioCalc", "Label7", K::Label, "", "Suggested Bitrate :", "", "Suggested Bitrate :"},
+      {"AudioCalc", "Qual", K::Label, "", "192kbps (Excellent)",
+       "Bitrate rounded to the nearest MP3 standard", "Suggested Bitrate :"},
+
+      {"HDCalc", "VideoF", K::Frame, "", "Video", "", "Video"},
+      {"HDCalc", "Video(0)", K::Option, "Video", "Bitrate (kbps)", "Video bitrate in kbps",
+       "Bitrate (kbps)", 0},
+      {"HDCalc", "Video1", K::Field, "Video", "910", "Video bitrate in kbps", "Bitrate (kbps)", 1},
+      {"HDCalc", "Video1P", K::SpinButton, "Video", "+", "Video bitrate in kbps", "Bitrate (kbps) plus"},
+      {"HDCalc", "Video1M", K::SpinButton, "Video", "\u2212", "Video bitrate in kbps", "Bitrate (kbps) minus"},
+      {"HDCalc", "Video(1)", K::Option, "Video", "Size (MB)", "Video-only file size in Megabytes",
+       "Size (MB)", 0},
+      {"HDCalc", "Video2", K::Field, "Video", "550", "Video-only file size in Megabytes",
+       "Size (MB)", 2},
+      {"HDCalc", "Video2P", K::SpinButton, "Video", "+", "Video-only file size in Megabytes", "Size (MB) plus"},
+      {"HDCalc", "Video2M", K::SpinButton, "Video", "\u2212", "Video-only file size in Megabytes", "Size (MB) minus"},
+      {"HDCalc", "Label13", K::Label, "Video", "DivX version :", "", "DivX version :"},
+      {"HDCalc", "DivX(0)", K::Option, "Video", "3",
+       "DivX 3.xx codec (results are accurate for low-motion codec)",
+       divX + " DivX 3.xx codec (results are accurate for low-motion codec)", 3},
+      {"HDCalc", "DivX(1)", K::Option, "Video", "4/5",
+       "DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)",
+       divX + " DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)", 3},
+      {"HDCalc", "AudioF", K::Frame, "", "Audio", "", "Audio"},
+      {"HDCalc", "Audio(0)", K::Option, "Audio", "WAV 44.1kHz", "44.1 kHz uncompressed wave file",
+       "WAV 44.1kHz", 4},
+      {"HDCalc", "Audio(1)", K::Option, "Audio", "WAV 48kHz", "48 kHz uncompressed wave file",
+       "WAV 48kHz", 4},
+      {"HDCalc", "Audio(2)", K::Option, "Audio", "Other (kbps):",
+       "Compressed constant bitrate sound (AC3, mp3...)", "Other (kbps):", 4},
+      {"HDCalc", "MP2", K::List, "Audio", "224", "AC3/Mp3 audio bitrate in kbps", "Other (kbps):",
+       5},
+      {"HDCalc", "MLengthF", K::Frame, "", "Movie Length", "", "Movie Length"},
+      {"HDCalc", "MLength", K::Field, "Movie Length", "100", "Movie length in minutes",
+       "Movie Length minutes", 6},
+      {"HDCalc", "MLengthP", K::SpinButton, "Movie Length", "+", "Movie length in minutes", "Movie Length minutes plus"},
+      {"HDCalc", "MLengthM", K::SpinButton, "Movie Length", "\u2212", "Movie length in minutes",
+       "Movie Length minutes minus"},
+      {"HDCalc", "Label1", K::Label, "Movie Length", "minutes", "", "minutes"},
+      {"HDCalc", "Label2", K::Label, "", "Hard Disk Space Required (MB) :", "",
+       "Hard Disk Space Required (MB) :"},
+      {"HDCalc", "Result", K::Label, "", "1660",
+       "Megabytes of HD space needed for the Audio & Video files",
+       "Hard Disk Space Required (MB) :", 7},
   };
   // clang-format on
   return rows;

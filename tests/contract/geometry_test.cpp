@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -276,6 +277,15 @@ TEST_P(GeometryOf, FramesBesideAndBelowEachOtherShareTheirEdges) {
   }
 }
 
+// Options and boxes answer on their caption only.
+TEST_P(GeometryOf, AClickInTheMiddleOfAnOptionOrBoxIsOnItsCaption) {
+  for (const auto* button : window->findChildren<QAbstractButton*>()) {
+    if (button->isCheckable()) {
+      EXPECT_LE(button->width(), button->sizeHint().width()) << Called(button);
+    }
+  }
+}
+
 TEST_P(GeometryOf, ItIsAsLargeAsItsContentsAsk) { EXPECT_EQ(window->size(), window->sizeHint()); }
 
 INSTANTIATE_TEST_SUITE_P(Each, GeometryOf, ::testing::ValuesIn(WindowRows()),
@@ -292,11 +302,11 @@ class GeometryStays : public AnyWindow {
     }
   }
 
-  void SetUp() override {
-    window = OpenByName("BitrateCalc");
+  void Start(const std::string& name) {
+    window = OpenByName(name);
     ASSERT_NE(window, nullptr);
     before = Boxes();
-    ASSERT_GT(before.size(), 40U);
+    ASSERT_GT(before.size(), 10U);
   }
 
   [[nodiscard]] std::map<const QWidget*, QRect> Boxes() const {
@@ -337,20 +347,25 @@ class GeometryStays : public AnyWindow {
   std::map<const QWidget*, QRect> before;
 };
 
-TEST_F(GeometryStays, WithTheLongestRating) {
+class BitrateCalcStays : public GeometryStays {
+ protected:
+  void SetUp() override { Start("BitrateCalc"); }
+};
+
+TEST_F(BitrateCalcStays, WithTheLongestRating) {
   Enter(u"MLength"_s, u"1"_s);
   ASSERT_EQ(TextOf(u"Qual"_s), u"Max. setting is 10000"_s);
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WithEveryOtherRating) {
+TEST_F(BitrateCalcStays, WithEveryOtherRating) {
   for (const int minutes : {10, 30, 50, 60, 70, 90, 110, 130, 180, 300}) {
     Enter(u"MLength"_s, QString::number(minutes));
     ExpectAllAsBefore();
   }
 }
 
-TEST_F(GeometryStays, WithoutAnyResult) {
+TEST_F(BitrateCalcStays, WithoutAnyResult) {
   Enter(u"Capacity"_s, u"0"_s);
   Enter(u"Audio"_s, u"0"_s);
   record.VideoFrameOverhead = 0;
@@ -364,7 +379,7 @@ TEST_F(GeometryStays, WithoutAnyResult) {
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WithTheSizesOfALargeShelfOfDiscs) {
+TEST_F(BitrateCalcStays, WithTheSizesOfALargeShelfOfDiscs) {
   Enter(u"Capacity"_s, u"99999"_s);
   Enter(u"CDs"_s, u"99"_s);
   Enter(u"MLength"_s, u"99999"_s);
@@ -372,32 +387,32 @@ TEST_F(GeometryStays, WithTheSizesOfALargeShelfOfDiscs) {
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WithSizesBeyondAnyDisc) {
+TEST_F(BitrateCalcStays, WithSizesBeyondAnyDisc) {
   Enter(u"Capacity"_s, u"99999999999999999999"_s);
   ASSERT_GE(TextOf(u"Stat(0)"_s).size(), 20) << TextOf(u"Stat(0)"_s).toStdString();
   ExpectNothingMoved();
 }
 
-TEST_F(GeometryStays, WithFieldsFullOfDigits) {
+TEST_F(BitrateCalcStays, WithFieldsFullOfDigits) {
   for (const auto& name : {u"Time1"_s, u"Time2"_s, u"Time3"_s}) {
     Enter(name, u"99.9999999999"_s);
   }
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WithTheOtherOption) {
+TEST_F(BitrateCalcStays, WithTheOtherOption) {
   Find<QAbstractButton>(window, u"DivX(0)"_s)->click();
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WhileAFieldIsEmpty) {
+TEST_F(BitrateCalcStays, WhileAFieldIsEmpty) {
   TabTo(Find(window, u"MLength"_s));
   TypeOver(u"1"_s);
   Key(Qt::Key_Backspace);
   ExpectAllAsBefore();
 }
 
-TEST_F(GeometryStays, WithInterleavingSwitchedOff) {
+TEST_F(BitrateCalcStays, WithInterleavingSwitchedOff) {
   window->close();
   record.VideoFrameOverhead = 0;
   record.AudioInterleaveOverhead = 0;
@@ -405,6 +420,62 @@ TEST_F(GeometryStays, WithInterleavingSwitchedOff) {
   window = OpenByName("BitrateCalc");
   ASSERT_EQ(TextOf(u"Interl"_s), u"OFF"_s);
   EXPECT_EQ(window->size(), sizeBefore.size());
+}
+
+class AudioCalcStays : public GeometryStays {
+ protected:
+  void SetUp() override { Start("AudioCalc"); }
+};
+
+TEST_F(AudioCalcStays, WithEverySuggestion) {
+  std::set<QString> seen;
+  for (const int target :
+       {550, 561, 577, 583, 590, 597, 604, 625, 636, 647, 675, 697, 718, 740, 9999999}) {
+    Enter(u"Target"_s, QString::number(target));
+    seen.insert(TextOf(u"Qual"_s));
+    ExpectAllAsBefore();
+  }
+  EXPECT_EQ(seen.size(), 15U);
+}
+
+class HDCalcStays : public GeometryStays {
+ protected:
+  void SetUp() override { Start("HDCalc"); }
+};
+
+TEST_F(HDCalcStays, WithEveryOption) {
+  for (const auto& name :
+       {u"Video(1)"_s, u"Video(0)"_s, u"Audio(2)"_s, u"Audio(1)"_s, u"DivX(0)"_s}) {
+    Find<QAbstractButton>(window, name)->click();
+    ExpectAllAsBefore();
+  }
+}
+
+TEST_F(HDCalcStays, WithAWholeCupboardOfDisks) {
+  Enter(u"MLength"_s, u"500000"_s);
+  ASSERT_EQ(TextOf(u"Result"_s).size(), 7) << TextOf(u"Result"_s).toStdString();
+  ExpectAllAsBefore();
+  Enter(u"MLength"_s, u"500000000000"_s);
+  ExpectNothingMoved();
+}
+
+TEST_F(HDCalcStays, WithoutAnyResult) {
+  Enter(u"MLength"_s, u"0"_s);
+  ASSERT_EQ(TextOf(u"Result"_s), QString());
+  ExpectAllAsBefore();
+}
+
+class AdvancedStays : public GeometryStays {
+ protected:
+  void SetUp() override { Start("Advanced"); }
+};
+
+TEST_F(AdvancedStays, WithEveryOptionAndBox) {
+  for (const auto& name :
+       {u"InterlOpt(1)"_s, u"InterlOpt(3)"_s, u"InterlOpt(4)"_s, u"AOver"_s, u"VOver"_s}) {
+    Find<QAbstractButton>(window, name)->click();
+    ExpectAllAsBefore();
+  }
 }
 
 }  // namespace

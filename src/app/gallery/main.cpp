@@ -59,6 +59,10 @@ void SetRealisticFigures(Settings& record) {
   record.CDCount = 2;
   record.AudioBitrate = 192;
   record.ExtraMaterial = 45;
+  record.VideoOnlySize = 1250;
+  record.TargetAVISize = 1400;
+  record.HDVideoBitrate = 1640;
+  record.HDAudioType = 2;
 }
 
 class Gallery {
@@ -94,7 +98,8 @@ int TakeAll(const Gallery& gallery) {
   MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
   mainProg.show();
   SetRealisticFigures(record);
-  for (const auto id : {WindowId::BitrateCalc, WindowId::DefaultW}) {
+  for (const auto id : {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc,
+                        WindowId::Advanced, WindowId::DefaultW}) {
     windows.Show(id);
   }
   QApplication::processEvents();
