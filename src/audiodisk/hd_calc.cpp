@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 
+#include "app/input/common_choices.h"
 #include "app/input/field_text.h"
 #include "app/input/labels.h"
 #include "app/input/layout.h"
@@ -52,17 +53,12 @@ void HDCalc::MakeLayout() {
   const auto divXLabel = u"DivX version :"_s;
   auto* byBitrate = Video.Add(ByBitrate, u"Bitrate (kbps)"_s, u"Video bitrate in kbps"_s);
   auto* bySize = Video.Add(BySize, u"Size (MB)"_s, u"Video-only file size in Megabytes"_s);
-  auto* divX3 =
-      DivX.Add(0, u"3"_s, u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
-  auto* divX4 =
-      DivX.Add(1, u"4/5"_s, u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
   auto* wav44 = Audio.Add(Wav44, u"WAV 44.1kHz"_s, u"44.1 kHz uncompressed wave file"_s);
   auto* wav48 = Audio.Add(Wav48, u"WAV 48kHz"_s, u"48 kHz uncompressed wave file"_s);
   auto* compressed = Audio.Add(Compressed, u"Other (kbps):"_s,
                                u"Compressed constant bitrate sound (AC3, mp3...)"_s);
   auto* minutes = MakeLabel(u"Label1"_s, u"minutes"_s);
   const auto length = u"Movie Length"_s;
-  NameByTooltip(divXLabel, {divX3, divX4});
   NameByLabel(length + u' ' + minutes->text(), {MLength, MLengthP, MLengthM});
   MP2->Field()->setText(u"224"_s);
   // Here the buttons tell what their field tells.
@@ -83,7 +79,7 @@ void HDCalc::MakeLayout() {
         MakeFrame(u"VideoF"_s, u"Video"_s, {
           {byBitrate, {Video1, Video1P, Video1M}},
           {bySize, {Video2, Video2P, Video2M}},
-          {MakeLabel(u"Label13"_s, divXLabel), {divX3, divX4}},
+          {MakeLabel(u"Label13"_s, divXLabel), AddDivXVersions(DivX, divXLabel)},
         }),
         MakeFrame(u"AudioF"_s, u"Audio"_s, {
           {wav44, {}},
@@ -137,8 +133,7 @@ void HDCalc::Form_Load() {
   VideoFactor = VideoFactorOf(record_.DivXOption);
   Video.Select(ToInteger16(record_.HDVideoMode));
   Audio.Select(record_.HDAudioType);
-  MP2->Fill({u"0"_s, u"32"_s, u"64"_s, u"96"_s, u"112"_s, u"128"_s, u"160"_s, u"192"_s, u"224"_s,
-             u"256"_s, u"320"_s, u"384"_s, u"448"_s, u"512"_s, u"576"_s, u"640"_s});
+  MP2->Fill(UsualAudioBitrates());
   MLength->Write(ToQString(MinutesText(record_.MovieLength)));
   WriteNumber(MP2->Field(), record_.HDAudioBitrate);
   WriteNumber(Video1, record_.HDVideoBitrate);

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "app/input/common_choices.h"
 #include "app/input/field_text.h"
 #include "app/input/labels.h"
 #include "app/input/layout.h"
@@ -80,12 +81,7 @@ BitrateCalc::BitrateCalc(Services& services)
 void BitrateCalc::MakeLayout() {
   const auto timeLabel = u"Hr:Min:Secs :"_s;
   const auto divXLabel = u"DivX version :"_s;
-  auto* divX3 =
-      DivX.Add(0, u"3"_s, u"DivX 3.xx codec (results are accurate for low-motion codec)"_s);
-  auto* divX4 =
-      DivX.Add(1, u"4/5"_s, u"DivX 4.xx / 5.xx codec (results are accurate for 2-pass mode)"_s);
   NameByTooltip(timeLabel, {Time1, Time2, Time3});
-  NameByTooltip(divXLabel, {divX3, divX4});
   for (auto* part : {Time1, Time2, Time3}) {
     part->SetVisibleDigits(5);
   }
@@ -105,7 +101,7 @@ void BitrateCalc::MakeLayout() {
         MakeFrame(u"Extra Settings"_s, {
           {u"CD Capacity (MB) :"_s, {Capacity}},
           {u"Extra material (MB) :"_s, {Extra, ExtraP, ExtraM}},
-          {divXLabel, {divX3, divX4}},
+          {divXLabel, AddDivXVersions(DivX, divXLabel)},
           {u"Interleaving:"_s, {Interl, Advance}},
         }),
       },
@@ -167,8 +163,7 @@ void BitrateCalc::Form_Load() {
   MLength->Write(ToQString(MinutesText(record_.MovieLength)));
   DivX.Select(record_.DivXOption);
   DivXFactor = DivXFactorOf(record_.DivXOption);
-  Audio->Fill({u"0"_s, u"32"_s, u"64"_s, u"96"_s, u"112"_s, u"128"_s, u"160"_s, u"192"_s, u"224"_s,
-               u"256"_s, u"320"_s, u"384"_s, u"448"_s, u"512"_s, u"576"_s, u"640"_s});
+  Audio->Fill(UsualAudioBitrates());
   CDs->Fill({u"1"_s, u"2"_s, u"3"_s, u"4"_s});
   Capacity->Fill({u"648"_s, u"650"_s, u"654"_s, u"700"_s, u"800"_s, u"880"_s});
   Interl->Refresh();

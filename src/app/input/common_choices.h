@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include "app/input/option_group.h"
+
+namespace brindle {
+
+// Choices that several calculators offer in the same words.
+
+/// The usual bitrates of compressed audio in kbit/s, with "0" for none.
+[[nodiscard]] QStringList UsualAudioBitrates();
+
+/// Adds the codec generations 0 (version 3) and 1 (versions 4 and 5) and gives them for the line of
+/// `label`, by which they are named.
+[[nodiscard]] QList<QWidget*> AddDivXVersions(OptionGroup& group, const QString& label);
+
+}  // namespace brindle
