@@ -14,17 +14,6 @@
 namespace brindle {
 namespace {
 
-constexpr double MostHours = 999;
-constexpr double MostMinutes = 99;
-constexpr double MostSeconds = 99.999;
-
-void RepairWithin(TextField* field, double limit) {
-  RepairText(field);
-  if (!IsEmpty(field)) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
-  }
-}
-
 void TakeWholePart(TextField* field, double limit) {
   if (!IsEmpty(field)) {
     WriteNumber(field, WholePart(std::abs(LeadingNumberIn(field))));
@@ -34,16 +23,11 @@ void TakeWholePart(TextField* field, double limit) {
 
 }  // namespace
 
-void RepairHours(TextField* field) { RepairWithin(field, MostHours); }
+void RepairHours(TextField* field) { RewriteWithin(field, MostHours); }
 
-void RepairMinutes(TextField* field) { RepairWithin(field, MostMinutes); }
+void RepairMinutes(TextField* field) { RewriteWithin(field, MostMinutes); }
 
-void RepairSeconds(TextField* field) {
-  RepairText(field);
-  if (!IsEmpty(field) && NumberIn(field) > MostSeconds) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), MostSeconds));
-  }
-}
+void RepairSeconds(TextField* field) { RepairWithin(field, MostSeconds); }
 
 double RepairedMinutes(const TimeFields& fields) {
   TakeWholePart(fields.hours, MostHours);

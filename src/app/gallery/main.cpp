@@ -98,8 +98,9 @@ int TakeAll(const Gallery& gallery) {
   MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
   mainProg.show();
   SetRealisticFigures(record);
-  for (const auto id : {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc,
-                        WindowId::Advanced, WindowId::DefaultW}) {
+  for (const auto id :
+       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
+        WindowId::QuickC, WindowId::AspectRa, WindowId::Advanced, WindowId::DefaultW}) {
     windows.Show(id);
   }
   QApplication::processEvents();

@@ -29,4 +29,10 @@ QList<QWidget*> AddDivXVersions(OptionGroup& group, const QString& label) {
   return {version3, version4};
 }
 
+QList<QWidget*> AddFrameRateSystems(OptionGroup& group) {
+  return {group.Add(0, u"PAL"_s, u"European PAL - 25 fps"_s),
+          group.Add(1, u"NTSC 23.976"_s, u"American NTSC DVD 23.976 fps"_s),
+          group.Add(2, u"NTSC 29.97"_s, u"American NTSC TV-DVD 29.97 fps"_s)};
+}
+
 }  // namespace brindle

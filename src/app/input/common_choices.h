@@ -21,4 +21,7 @@ namespace brindle {
 /// `label`, by which they are named.
 [[nodiscard]] QList<QWidget*> AddDivXVersions(OptionGroup& group, const QString& label);
 
+/// Adds the frame-rate systems 0 (PAL), 1 and 2 (NTSC) and gives them in this order.
+[[nodiscard]] QList<QWidget*> AddFrameRateSystems(OptionGroup& group);
+
 }  // namespace brindle

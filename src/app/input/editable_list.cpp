@@ -15,13 +15,9 @@ namespace brindle {
 using namespace Qt::StringLiterals;
 
 EditableList::EditableList(const QString& name, const QString& tooltip)
-    : field_(new TextField(name + u"Text"_s, tooltip)) {
-  setObjectName(name);
-  setToolTip(tooltip);
+    : DropDownList(name, tooltip), field_(new TextField(name + u"Text"_s, tooltip)) {
   setEditable(true);
   setLineEdit(field_);
-  // Not the toolkit's usual policy, by which turning the wheel brings the focus.
-  setFocusPolicy(Qt::StrongFocus);
   setCompleter(nullptr);
   setInsertPolicy(NoInsert);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -56,10 +52,8 @@ void EditableList::keyPressEvent(QKeyEvent* event) {
 void EditableList::wheelEvent(QWheelEvent* event) {
   if (hasFocus()) {
     StartFromText();
-    QComboBox::wheelEvent(event);
-  } else {
-    event->ignore();
   }
+  DropDownList::wheelEvent(event);
 }
 
 void EditableList::StartFromText() {

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include <QComboBox>
+#include <QKeyEvent>
 #include <QString>
 #include <QStringList>
 
+#include "app/input/drop_down_list.h"
 #include "app/input/text_field.h"
 
 namespace brindle {
@@ -14,7 +15,7 @@ namespace brindle {
 /// A field with a drop-down list of usual values. It completes nothing, adds nothing to its list,
 /// and heeds the wheel only while it has the focus. activated() is emitted for what the user picks,
 /// with mouse or keyboard, and for nothing else.
-class EditableList : public QComboBox {
+class EditableList : public DropDownList {
   Q_OBJECT
 
  public:

@@ -11,6 +11,7 @@
 
 #include "app/input/text_field.h"
 #include "app/numbers/numeric_text.h"
+#include "app/numbers/stepping.h"
 
 namespace brindle {
 
@@ -61,6 +62,20 @@ double RepairedNumber(TextField* field) {
   return NumberIn(field);
 }
 
+void RewriteWithin(TextField* field, double limit) {
+  RepairText(field);
+  if (!IsEmpty(field)) {
+    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
+  }
+}
+
+void RepairWithin(TextField* field, double limit) {
+  RepairText(field);
+  if (!IsEmpty(field) && NumberIn(field) > limit) {
+    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
+  }
+}
+
 void FillBlank(TextField* field, const QString& text) {
   if (IsEmpty(field)) {
     field->Write(text);
@@ -68,5 +83,7 @@ void FillBlank(TextField* field, const QString& text) {
 }
 
 void SelectFirstTen(TextField* field) { field->setSelection(0, 10); }
+
+void SelectWholeText(TextField* field) { field->selectAll(); }
 
 }  // namespace brindle

@@ -48,10 +48,19 @@ void RepairSign(TextField* field);
 /// Repairs the text, then the sign, and gives the value; 0 for an empty field, which stays empty.
 double RepairedNumber(TextField* field);
 
+/// Repairs the text, shrinks the value by tens to `limit`, and writes it back in any case.
+void RewriteWithin(TextField* field, double limit);
+
+/// Repairs the text, and shrinks a value above `limit` by tens; any other text stays as typed.
+void RepairWithin(TextField* field, double limit);
+
 /// Writes `text` into an empty field.
 void FillBlank(TextField* field, const QString& text);
 
 /// Selects the first ten characters, a fixed number: a longer text keeps its tail unselected.
 void SelectFirstTen(TextField* field);
+
+/// Selects the whole text, however long.
+void SelectWholeText(TextField* field);
 
 }  // namespace brindle

@@ -9,9 +9,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QObject>
+#include <QSignalBlocker>
 #include <QWidget>
 
+#include "app/input/editable_list.h"
+#include "app/input/text_field.h"
+#include "app/numbers/numeric_text.h"
+
 namespace brindle {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The control that a widget belongs to: an editable list is one control with its text part.
@@ -24,6 +32,16 @@ void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* contro
   const auto handler = handlers.value(control);
   if (handler) {
     handler();
+  }
+}
+
+// A number only begun stood for 0 while it was being typed, and nobody goes on with it.
+void EndBegunNumber(QWidget* control) {
+  auto* list = qobject_cast<EditableList*>(control);
+  auto* field = list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
+  if (field != nullptr && IsJustBegun(field->text().toStdString())) {
+    const QSignalBlocker quiet(field);
+    field->Write(u"0"_s);
   }
 }
 
@@ -58,6 +76,7 @@ void FocusTracker::FocusChanged(QWidget* now) {
     return;
   }
   auto* left = std::exchange(current_, control);
+  EndBegunNumber(left);
   Run(lostFocus_, left);
   Run(gotFocus_, control);
 }

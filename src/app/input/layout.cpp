@@ -59,13 +59,16 @@ Qt::Alignment AlignmentOf(const QWidget* control) {
   return isAtTheLeft ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment();
 }
 
+bool IsLabel(const QWidget* control) { return qobject_cast<const QLabel*>(control) != nullptr; }
+
 QLayout* ControlsOf(const Row& row) {
   auto* controls = new QHBoxLayout;
   controls->setSpacing(Spacing / 2);
+  const bool isText = std::all_of(row.controls.begin(), row.controls.end(), IsLabel);
   for (auto* control : row.controls) {
     const bool isPlainLabel = control->metaObject() == &QLabel::staticMetaObject;
     const bool isSpin = qobject_cast<SpinButton*>(control) != nullptr;
-    controls->addWidget(control, isPlainLabel || isSpin ? 0 : 1, AlignmentOf(control));
+    controls->addWidget(control, isText || isPlainLabel || isSpin ? 0 : 1, AlignmentOf(control));
     if (!isPlainLabel && control->accessibleName().isEmpty()) {
       NameByLabel(row.head.Text(), {control});
     }
@@ -73,7 +76,25 @@ QLayout* ControlsOf(const Row& row) {
       list->Field()->setAccessibleName(row.head.Text());
     }
   }
+  if (isText) {
+    controls->addStretch(1);
+  }
   return controls;
+}
+
+QGridLayout* Grid(std::initializer_list<std::initializer_list<QWidget*>> rows, int spacing) {
+  auto* grid = new QGridLayout;
+  grid->setSpacing(spacing);
+  int line = 0;
+  for (const auto& row : rows) {
+    int column = 0;
+    for (auto* widget : row) {
+      grid->addWidget(widget, line, column);
+      ++column;
+    }
+    ++line;
+  }
+  return grid;
 }
 
 QBoxLayout* Filled(QBoxLayout* box, std::initializer_list<Item> items, int spacing) {
@@ -150,6 +171,13 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
   return frame;
 }
 
+QGroupBox* MakeFrame(const QString& caption, QLayout* contents) {
+  auto* frame = new Frame(caption);
+  contents->setContentsMargins(Margin, Margin, Margin, Margin);
+  frame->setLayout(contents);
+  return frame;
+}
+
 QGroupBox* MakeFrame(const QString& name, const QString& caption, std::initializer_list<Row> rows) {
   auto* frame = MakeFrame(caption, rows);
   frame->setObjectName(name);
@@ -175,18 +203,23 @@ QBoxLayout* Down(std::initializer_list<Item> items, int spacing) {
 }
 
 QLayout* Tiles(std::initializer_list<std::initializer_list<QWidget*>> rows) {
-  auto* grid = new QGridLayout;
-  grid->setSpacing(FrameSpacing);
-  int line = 0;
-  for (const auto& row : rows) {
-    int column = 0;
-    for (auto* tile : row) {
-      grid->addWidget(tile, line, column);
-      ++column;
-    }
-    ++line;
+  return Grid(rows, FrameSpacing);
+}
+
+QLayout* Table(std::initializer_list<std::initializer_list<QWidget*>> rows) {
+  auto* grid = Grid(rows, Spacing);
+  for (int column = 1; column < grid->columnCount(); ++column) {
+    grid->setColumnStretch(column, 1);
   }
   return grid;
+}
+
+void KeepRoom(std::initializer_list<QWidget*> widgets) {
+  for (auto* widget : widgets) {
+    auto policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
 }
 
 void LayOut(QWidget* window, QLayout* tree) {

@@ -81,6 +81,15 @@ class Frame : public QGroupBox {
 [[nodiscard]] QGroupBox* MakeFrame(const QString& name, const QString& caption,
                                    std::initializer_list<Row> rows);
 
+/// A frame with a caption around a layout of its own.
+[[nodiscard]] QGroupBox* MakeFrame(const QString& caption, QLayout* contents);
+
+/// Widgets in lines and columns, all columns but the first equally wide.
+[[nodiscard]] QLayout* Table(std::initializer_list<std::initializer_list<QWidget*>> rows);
+
+/// Lets the widgets keep their place while they are hidden, so that nothing else moves.
+void KeepRoom(std::initializer_list<QWidget*> widgets);
+
 /// Gives each control `label` as its accessible name, spin buttons with "plus" or "minus" behind:
 /// for controls whose label does not begin their line.
 void NameByLabel(const QString& label, std::initializer_list<QWidget*> controls);

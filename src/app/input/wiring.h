@@ -12,6 +12,7 @@
 #include "app/input/editable_list.h"
 #include "app/input/focus_tracker.h"
 #include "app/input/option_group.h"
+#include "app/input/slider.h"
 #include "app/input/spin_button.h"
 #include "app/input/text_field.h"
 
@@ -48,6 +49,14 @@ class Wire {
       return Connected(control_, &SpinButton::MouseUp, handler);
     } else {
       return Connected(Field(), &TextField::MouseUp, handler);
+    }
+  }
+  /// The text or value changed, typed or set by the program.
+  Wire& Change(Handler handler) {
+    if constexpr (std::derived_from<Control, Slider>) {
+      return Connected(control_, &Slider::Change, handler);
+    } else {
+      return Connected(Field(), &TextField::textChanged, handler);
     }
   }
   /// A button is clicked, a check box changes its state, the user picks an entry of a list.

@@ -3,6 +3,11 @@
 
 #include "app/numbers/frame_rate.h"
 
+#include <cmath>
+#include <optional>
+
+#include "app/numbers/rounding.h"
+
 namespace brindle {
 
 double FramesPerSecond(int system) {
@@ -16,6 +21,15 @@ double FramesPerSecond(int system) {
     default:
       return 0;
   }
+}
+
+double WholeFrames(double minutes, double framesPerSecond) {
+  return WholePart(minutes * 60 * framesPerSecond);
+}
+
+std::optional<double> MinutesOfFrames(double frames, double framesPerSecond) {
+  const double minutes = frames / framesPerSecond / 60;
+  return std::isfinite(minutes) ? std::optional(minutes) : std::nullopt;
 }
 
 }  // namespace brindle

@@ -7,6 +7,12 @@
 
 namespace brindle {
 
+// The most that fields for the parts of a running time take: hours, minutes, seconds. Larger
+// entries lose digits until they fit.
+inline constexpr double MostHours = 999;
+inline constexpr double MostMinutes = 99;
+inline constexpr double MostSeconds = 99.999;
+
 /// A running time taken apart: whole hours, whole minutes, and the seconds that remain. For a
 /// running time below zero the hours are the floor and the rest is counted up from there.
 struct RunningTime {

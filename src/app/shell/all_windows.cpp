@@ -7,8 +7,11 @@
 #include <memory>
 
 #include "app/shell/default_w.h"
+#include "aspect/aspect_ra.h"
 #include "audiodisk/audio_calc.h"
 #include "audiodisk/hd_calc.h"
+#include "convert/quick_c.h"
+#include "split/avi_split.h"
 #include "video/advanced.h"
 #include "video/bitrate_calc.h"
 
@@ -18,6 +21,9 @@ void AddAllWindows(WindowList& windows, Services& services, const std::function<
   windows.Add(WindowId::BitrateCalc, [&] { return std::make_unique<BitrateCalc>(services); });
   windows.Add(WindowId::AudioCalc, [&] { return std::make_unique<AudioCalc>(services); });
   windows.Add(WindowId::HDCalc, [&] { return std::make_unique<HDCalc>(services); });
+  windows.Add(WindowId::AVISplit, [&] { return std::make_unique<AVISplit>(services); });
+  windows.Add(WindowId::QuickC, [&] { return std::make_unique<QuickC>(services); });
+  windows.Add(WindowId::AspectRa, [&] { return std::make_unique<AspectRa>(services); });
   windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
   windows.Add(WindowId::DefaultW,
               [&services, initDat] { return std::make_unique<DefaultW>(services, initDat); });

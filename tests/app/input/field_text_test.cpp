@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/app/input/field_window.h"
+#include "tests/support/named_case.h"
 
 namespace brindle {
 namespace {
@@ -85,6 +86,142 @@ TEST_F(FieldTextTest, ADigitOfAnotherScriptIsNoNumber) {
   window.A->setText(u"\u0663"_s);
   EXPECT_EQ(NumberIn(window.A), 0);
   EXPECT_EQ(LeadingNumberIn(window.A), 0);
+}
+
+struct WithinCase {
+  std::string name;
+  QString text;
+  double limit = 999;
+  QString rewritten;
+  QString repaired;
+};
+
+// In a field that nobody edits.
+class FieldTextWithin : public ::testing::TestWithParam<WithinCase> {
+ protected:
+  void SetUp() override { window.Start(); }  // the focus is in B
+
+  FieldWindow window;
+};
+
+TEST_P(FieldTextWithin, ShrinksByTensToTheLimit) {
+  const auto& [name, text, limit, rewritten, repaired] = GetParam();
+  window.A->setText(text);
+  RewriteWithin(window.A, limit);
+  EXPECT_EQ(window.A->text(), rewritten);
+  window.A->setText(text);
+  RepairWithin(window.A, limit);
+  EXPECT_EQ(window.A->text(), repaired);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FieldTextWithin,
+    ::testing::Values(
+        WithinCase{"Empty", u""_s, 999, u""_s, u""_s},
+        WithinCase{"Below", u"12"_s, 999, u"12"_s, u"12"_s},
+        WithinCase{"AtTheLimit", u"999"_s, 999, u"999"_s, u"999"_s},
+        WithinCase{"Above", u"5000"_s, 999, u"500"_s, u"500"_s},
+        WithinCase{"AboveMoreThanOnce", u"1234567"_s, 999, u"123.4567"_s, u"123.4567"_s},
+        WithinCase{"JustAbove", u"99.9995"_s, 99.999, u"9.99995"_s, u"9.99995"_s},
+        WithinCase{"AboveWithTrailingZeros", u"1000.0"_s, 999, u"100"_s, u"100"_s},
+        WithinCase{"TrailingZeros", u"12.50"_s, 999, u"12.5"_s, u"12.50"_s},
+        WithinCase{"TrailingPeriod", u"12."_s, 999, u"12"_s, u"12."_s},
+        WithinCase{"LeadingZeros", u"007"_s, 999, u"7"_s, u"007"_s},
+        WithinCase{"Blanks", u" 7 "_s, 999, u"7"_s, u" 7 "_s},
+        WithinCase{"Exponent", u"1e2"_s, 999, u"100"_s, u"1e2"_s},
+        WithinCase{"Negative", u"-1234"_s, 999, u"-1234"_s, u"-1234"_s},
+        WithinCase{"Letters", u"abc"_s, 999, u"0"_s, u"0"_s},
+        WithinCase{"LettersBehind", u"12xyz"_s, 999, u"12"_s, u"12"_s},
+        WithinCase{"NegativeWithLettersAbove", u"-1234x"_s, 999, u"123.4"_s, u"123.4"_s},
+        WithinCase{"JustBegun", u"-"_s, 999, u"0"_s, u"0"_s},
+        WithinCase{"OutOfRange", u"1e999"_s, 999, u"0"_s, u"0"_s},
+        WithinCase{"Huge", u"3e300"_s, 999, u"300"_s, u"300"_s}),
+    NameOf);
+
+TEST_F(FieldTextTest, RewritingWithinALimitKeepsTheTailThatIsBeingTyped) {
+  for (const auto& text : {u"10."_s, u"10.0"_s, u"10.50"_s, u"0.00"_s}) {
+    window.B->setText(text);
+    RewriteWithin(window.B, 999);
+    EXPECT_EQ(window.B->text(), text);
+  }
+  window.B->setText(u"1000.0"_s);
+  RewriteWithin(window.B, 999);
+  EXPECT_EQ(window.B->text(), u"100"_s);
+  window.B->setText(u"-"_s);
+  RewriteWithin(window.B, 999);
+  EXPECT_EQ(window.B->text(), u"0"_s);
+}
+
+TEST_F(FieldTextTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
+  for (const auto& text : {u"-"_s, u"."_s, u"+."_s, u"10."_s, u"10.0"_s, u" 7 "_s, u"-5"_s}) {
+    window.B->setText(text);
+    RepairWithin(window.B, 999);
+    EXPECT_EQ(window.B->text(), text);
+  }
+}
+
+TEST_F(FieldTextTest, StayingWithinALimitLeavesTheCursor) {
+  window.B->setText(u"123.5"_s);
+  window.B->setCursorPosition(2);
+  RewriteWithin(window.B, 999);
+  EXPECT_EQ(window.B->cursorPosition(), 2);
+  RepairWithin(window.B, 999);
+  EXPECT_EQ(window.B->cursorPosition(), 2);
+  RepairWithin(window.B, 99);
+  EXPECT_EQ(window.B->text(), u"12.35"_s);
+  EXPECT_EQ(window.B->cursorPosition(), 5);
+}
+
+struct RepairedCase {
+  std::string name;
+  QString text;
+  QString repaired;
+  double number = 0;
+};
+
+class FieldTextRepaired : public ::testing::TestWithParam<RepairedCase> {
+ protected:
+  void SetUp() override { window.Start(); }  // the focus is in B
+
+  FieldWindow window;
+};
+
+TEST_P(FieldTextRepaired, GivesTheNumberOfTheRepairedText) {
+  const auto& [name, text, repaired, number] = GetParam();
+  window.A->setText(text);
+  EXPECT_EQ(RepairedNumber(window.A), number);
+  EXPECT_EQ(window.A->text(), repaired);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, FieldTextRepaired,
+                         ::testing::Values(RepairedCase{"Empty", u""_s, u""_s, 0},
+                                           RepairedCase{"Number", u"12.50"_s, u"12.50"_s, 12.5},
+                                           RepairedCase{"Blanks", u" 7 "_s, u" 7 "_s, 7},
+                                           RepairedCase{"Negative", u"-20"_s, u"20"_s, 20},
+                                           RepairedCase{"NegativeZero", u"-0"_s, u"-0"_s, 0},
+                                           RepairedCase{"NegativeWithLetters", u"-3.5kg"_s,
+                                                        u"3.5"_s, 3.5},
+                                           RepairedCase{"Letters", u"abc"_s, u"0"_s, 0},
+                                           RepairedCase{"DecimalComma", u"1,5"_s, u"1"_s, 1},
+                                           RepairedCase{"OutOfRange", u"1e999"_s, u"0"_s, 0},
+                                           RepairedCase{"JustBegun", u"-."_s, u"0"_s, 0}),
+                         NameOf);
+
+TEST_F(FieldTextTest, TheRepairedNumberOfANumberJustBegunIsZeroAndKeepsItsText) {
+  for (const auto& text : {u"-"_s, u"+"_s, u"."_s, u"-."_s, u"+."_s}) {
+    window.B->setText(text);
+    EXPECT_EQ(RepairedNumber(window.B), 0);
+    EXPECT_EQ(window.B->text(), text);
+  }
+}
+
+TEST_F(FieldTextTest, SelectsTheWholeTextHoweverLong) {
+  window.A->setText(u"123456789012"_s);
+  SelectWholeText(window.A);
+  EXPECT_EQ(window.A->selectedText(), u"123456789012"_s);
+  window.A->setText({});
+  SelectWholeText(window.A);
+  EXPECT_FALSE(window.A->hasSelectedText());
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/app/input/field_window.h"
+#include "tests/support/user.h"
 
 namespace brindle {
 namespace {
@@ -25,6 +26,29 @@ class FocusTrackerTest : public ::testing::Test {
 TEST_F(FocusTrackerTest, TheLeftControlHearsFirst) {
   window.A->setFocus();
   EXPECT_EQ(window.events, (Events{"B lost", "A got"}));
+}
+
+TEST_F(FocusTrackerTest, ANumberOnlyBegunBecomesZeroBeforeTheHandlerRuns) {
+  for (const auto& begun : {u"-"_s, u"."_s, u"+."_s}) {
+    window.A->setFocus();
+    TypeOver(begun);
+    ASSERT_EQ(window.A->text(), begun);
+    window.B->setFocus();
+    EXPECT_EQ(window.A->text(), u"0"_s);
+    window.L->setFocus();
+    TypeOver(begun);
+    window.B->setFocus();
+    EXPECT_EQ(window.L->Field()->text(), u"0"_s);
+  }
+}
+
+TEST_F(FocusTrackerTest, AnythingElseStaysAsItIsWhenItIsLeft) {
+  for (const auto& text : {u""_s, u"12x"_s, u"-1"_s, u"e"_s}) {
+    window.A->setFocus();
+    window.A->setText(text);
+    window.B->setFocus();
+    EXPECT_EQ(window.A->text(), text);
+  }
 }
 
 TEST_F(FocusTrackerTest, FocusingTheSameControlAgainIsNoMove) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 #include "app/input/editable_list.h"
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
+#include "app/input/slider.h"
 #include "app/input/spin_button.h"
 #include "app/input/text_field.h"
 
@@ -74,6 +76,46 @@ TEST(Layout, ALineOfOnlyOneKindTakesTheWholeWidth) {
   EXPECT_EQ(wide->x(), box->x());
   EXPECT_LT(field->x(), box->geometry().right());
   EXPECT_EQ(wide->geometry().right(), field->geometry().right());
+}
+
+TEST(Layout, WhatKeepsItsRoomMovesNothingWhenItHides) {
+  auto* above = new TextField(u"A"_s, {});
+  auto* hidden = new TextField(u"H"_s, {});
+  auto* below = new TextField(u"B"_s, {});
+  KeepRoom({hidden});
+  QWidget window;
+  LayOut(&window, Down({MakeFrame(u"Frame"_s, Table({{above}, {hidden}, {below}}))}));
+  window.show();
+  const auto place = below->geometry();
+  const auto size = window.size();
+  hidden->hide();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(below->geometry(), place);
+  EXPECT_EQ(window.size(), size);
+}
+
+TEST(Layout, TheColumnsOfATableBehindTheFirstAreEquallyWide) {
+  auto* narrow = MakeLabel(u"1"_s);
+  auto* wide = MakeLabel(u"a much longer text"_s);
+  auto* third = MakeLabel(u"2"_s);
+  QWidget window;
+  LayOut(&window, Down({MakeFrame(u"A caption that makes the window far wider than its table"_s,
+                                  Table({{narrow, wide, third}}))}));
+  window.show();
+  EXPECT_NEAR(wide->width(), third->width(), 1);
+  EXPECT_LT(narrow->width(), third->width());
+}
+
+TEST(Layout, ALineOfTextsStandsTogether) {
+  auto* first = new ValueLabel(u"V"_s, {}, {u"888"_s});
+  auto* second = new ValueLabel(u"W"_s, {}, {u"888"_s});
+  auto* colon = MakeLabel(u":"_s);
+  QWidget window;
+  LayOut(&window, Down({MakeFrame(u"F"_s, {{u"Duration:"_s, {first, colon, second}},
+                                           {u"Wide:"_s, {new Slider(u"S"_s, {}, 0, 9)}}})}));
+  window.show();
+  EXPECT_LE(colon->x() - first->geometry().right(), Spacing);
+  EXPECT_LE(second->x() - colon->geometry().right(), Spacing);
 }
 
 TEST(Layout, AControlIsNamedByALabelElsewhere) {
