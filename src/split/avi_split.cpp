@@ -1,0 +1,416 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "split/avi_split.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+
+#include <QLabel>
+#include <QString>
+#include <QWidget>
+
+#include "app/input/common_choices.h"
+#include "app/input/field_text.h"
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/input/wiring.h"
+#include "app/numbers/frame_rate.h"
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+#include "app/numbers/running_time.h"
+#include "app/numbers/stepping.h"
+#include "split/split_plan.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double MostFrames = 99999999;
+constexpr double LongestInterval = 100;  // seconds
+constexpr std::size_t RangesOfTwo = 4;
+constexpr std::size_t RangesOfThree = 8;
+
+TextField* ReadOnly(TextField* field) {
+  field->setReadOnly(true);
+  field->setAlignment(Qt::AlignRight);
+  field->SetVisibleDigits(9);
+  return field;
+}
+
+void WriteOrClear(TextField* field, double value) {
+  if (value < 0) {
+    field->Write({});
+  } else {
+    WriteNumber(field, value);
+  }
+}
+
+}  // namespace
+
+AVISplit::AVISplit(Services& services)
+    : Form(u"AVISplit"_s, u"Velbrin's Brindle 2 : AVI Splitting Calc"_s),
+      record_(services.record),
+      AVIsize(
+          new TextField(u"AVIsize"_s, u"The size of the big AVI file that needs to be split"_s)),
+      Frames(new TextField(u"Frames"_s, u"Total number of frames"_s)),
+      Segs(u"Segs"_s),
+      Size1(new TextField(u"Size1"_s, u"Size of the first segment in Megabytes"_s)),
+      Size2(new TextField(u"Size2"_s, u"Size of the second segment in Megabytes"_s)),
+      Size3(ReadOnly(new TextField(u"Size3"_s, u"Size of the third segment in Megabytes"_s))),
+      SegNo3Lab(MakeLabel(u"SegNo3Lab"_s, u"3"_s)),
+      System(u"System"_s),
+      KeyFs(new TextField(u"KeyFs"_s, u"DivX 3 codec setting"_s)),
+      KeyFr(new ValueLabel(u"KeyFr"_s, {}, {u"88888888"_s})),
+      Time1(new ValueLabel(u"Time1"_s, {}, {u"888"_s})),
+      Time2(new ValueLabel(u"Time2"_s, {}, {u"88"_s})),
+      Time3(new ValueLabel(u"Time3"_s, {}, {u"88.88"_s})),
+      SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
+  MakeRangeFields();
+  MakeLayout();
+  WireEvents();
+  Form_Load();
+  Focus().Begin(AVIsize);
+}
+
+void AVISplit::MakeRangeFields() {
+  constexpr std::array names{"Segment 1 Selection Start",        "Segment 1 Selection End",
+                             "Segment 2 Selection Start",        "Segment 2 Selection End",
+                             "Segment 2 second Selection Start", "Segment 2 second Selection End",
+                             "Segment 3 Selection Start",        "Segment 3 Selection End"};
+  for (std::size_t i = 0; i < SetF.size(); ++i) {
+    SetF.at(i) = ReadOnly(new TextField(u"SetF(%1)"_s.arg(i), {}));
+    SetF.at(i)->setAccessibleName(QString::fromLatin1(names.at(i)));
+  }
+}
+
+void AVISplit::MakeLayout() {
+  const auto segmentsLabel = u"No. of Segments:"_s;
+  const auto sizeLabel = u"Size (MB):"_s;
+  const auto systemLabel = u"System:"_s;
+  auto* two = Segs.Add(0, u"2"_s, u"Cut the AVI to two segments"_s);
+  auto* three = Segs.Add(1, u"3"_s, u"Cut the AVI to three segments"_s);
+  const auto systems = AddFrameRateSystems(System);
+  NameByTooltip(segmentsLabel, {two, three});
+  NameByTooltip(systemLabel, {systems[0], systems[1], systems[2]});
+  NameByTooltip(sizeLabel, {Size1, Size2, Size3});
+  NameByLabel(u"Duration: hours"_s, {Time1});
+  NameByLabel(u"Duration: minutes"_s, {Time2});
+  NameByLabel(u"Duration: seconds"_s, {Time3});
+  Size1->setText(u"650"_s);
+  Size2->setText(u"650"_s);
+  KeyFr->Show(u"600"_s);
+  Time3->Show(u"00.00"_s);
+  KeepRoom({SegNo3Lab, Size3, SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]});
+
+  const auto start = u"Selection Start"_s;
+  const auto end = u"Selection End"_s;
+  // clang-format off
+  LayOut(this,
+    Down({
+      Across({
+        MakeFrame(u"General Settings"_s, {
+          {u"AVI Size (MB):"_s, {AVIsize}},
+          {u"Total Frames:"_s, {Frames}},
+          {segmentsLabel, {two, three}},
+          {u"Segment No:"_s, {MakeLabel(sizeLabel)}},
+          {u"1"_s, {Size1}},
+          {u"2"_s, {Size2}},
+          {SegNo3Lab, {Size3}},
+        }),
+        Down({
+          MakeFrame(u"DVD/Codec Settings"_s, {
+            {systemLabel, {systems[0]}},
+            {u""_s, {systems[1]}},
+            {u""_s, {systems[2]}},
+            {u"Keyframe every:"_s, {KeyFs, MakeLabel(u"sec"_s)}},
+          }),
+          MakeFrame({}, {
+            {u"Keyframes:"_s, {KeyFr, MakeLabel(u"For DivX 3 without scene detection"_s)}},
+            {u"Duration:"_s, {Time1, MakeLabel(u":"_s), Time2, MakeLabel(u":"_s), Time3}},
+          }),
+        }),
+      }),
+      MakeFrame(u"Select and DELETE indicated frame ranges:"_s,
+        Table({
+          {MakeLabel(u"Segment\nNo:"_s), MakeLabel(start), MakeLabel(end), MakeLabel(start), MakeLabel(end)},
+          {MakeLabel(u"1"_s), SetF[0], SetF[1]},
+          {MakeLabel(u"2"_s), SetF[2], SetF[3], SetF[4], SetF[5]},
+          {SegNo3Lab2, SetF[6], SetF[7]},
+        })),
+    }));
+  // clang-format on
+}
+
+void AVISplit::WireEvents() {
+  using Self = AVISplit;
+  const Wires on(this);
+  // clang-format off
+  on(AVIsize).GotFocus(&Self::AVIsize_GotFocus).KeyUp(&Self::AVIsize_KeyUp)
+    .MouseDown(&Self::AVIsize_MouseDown);
+  on(Frames).GotFocus(&Self::Frames_GotFocus).KeyPress(&Self::Frames_KeyPress)
+    .KeyUp(&Self::Frames_KeyUp).MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp);
+  on(&Segs).Click(&Self::Segs_Click);
+  on(Size1).GotFocus(&Self::Size1_GotFocus).KeyUp(&Self::Size1_KeyUp)
+    .MouseDown(&Self::Size1_MouseDown);
+  on(Size2).GotFocus(&Self::Size2_GotFocus).KeyUp(&Self::Size2_KeyUp)
+    .MouseDown(&Self::Size2_MouseDown);
+  on(Size3).GotFocus(&Self::Size3_GotFocus);
+  on(&System).Click(&Self::System_Click);
+  on(KeyFs).GotFocus(&Self::KeyFs_GotFocus).KeyPress(&Self::KeyFs_KeyPress)
+    .KeyUp(&Self::KeyFs_KeyUp).MouseDown(&Self::KeyFs_MouseDown);
+  // clang-format on
+}
+
+void AVISplit::Form_Load() {
+  if (record_.MovieLength == 0) {
+    record_.MovieLength = 1;
+  }
+  FrameRate = FramesPerSecond(record_.FrameRateSystem);
+  System.Select(record_.FrameRateSystem);
+  WriteNumber(AVIsize, record_.SplitAVISize);
+  WriteNumber(Size1, record_.SplitSize1);
+  WriteNumber(Size2, record_.SplitSize2);
+  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
+  StoreRunningTime();
+  WriteNumber(KeyFs, record_.KeyframeInterval);
+  const bool isThree = record_.SplitSegmentsMode != 0;
+  Segs.Select(isThree ? 1 : 0);
+  if (isThree) {
+    WriteNumber(Size3, Remainder(record_.SplitAVISize, record_.SplitSize1, record_.SplitSize2));
+  } else {
+    WriteNumber(Size2, Remainder(record_.SplitAVISize, record_.SplitSize1));
+  }
+  ShowThirdSegment(isThree);
+  // Deliberately for two segments, too: what shows of it is the same.
+  SplitInThree();
+  for (auto* size : {Size2, Size3}) {
+    if (NumberIn(size) < 0) {
+      size->Write({});
+    }
+  }
+}
+
+void AVISplit::AVIsize_GotFocus() { SelectWholeText(AVIsize); }
+void AVISplit::AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, &Settings::SplitAVISize); }
+void AVISplit::AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, &Settings::SplitAVISize); }
+
+void AVISplit::Frames_GotFocus() { SelectWholeText(Frames); }
+void AVISplit::Frames_KeyPress() { LimitFrames(); }
+void AVISplit::Frames_KeyUp() { EditFrames(); }
+void AVISplit::Frames_MouseDown() { EditFrames(); }
+void AVISplit::Frames_MouseUp() { LimitFrames(); }
+
+void AVISplit::Segs_Click(int index) {
+  FillBlankFields(Editing::None);
+  SelectSplitMode(index);
+}
+
+void AVISplit::Size1_GotFocus() { SelectWholeText(Size1); }
+void AVISplit::Size1_KeyUp() { EditSize(Editing::Size1, Size1, &Settings::SplitSize1); }
+void AVISplit::Size1_MouseDown() { EditSize(Editing::Size1, Size1, &Settings::SplitSize1); }
+
+void AVISplit::Size2_GotFocus() { SelectWholeText(Size2); }
+void AVISplit::Size2_KeyUp() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
+void AVISplit::Size2_MouseDown() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
+
+void AVISplit::Size3_GotFocus() { SelectWholeText(Size3); }
+
+void AVISplit::System_Click(int index) { SelectSystem(index); }
+
+void AVISplit::KeyFs_GotFocus() { SelectWholeText(KeyFs); }
+void AVISplit::KeyFs_KeyPress() {
+  if (!IsEmpty(KeyFs)) {
+    LimitKeyFs();
+    record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
+  }
+}
+void AVISplit::KeyFs_KeyUp() { EditKeyFs(); }
+void AVISplit::KeyFs_MouseDown() { EditKeyFs(); }
+
+void AVISplit::EditSize(Editing code, TextField* field, double Settings::*stored) {
+  FillBlankFields(code);
+  const double megaBytes = RepairedNumber(field);
+  if (IsEmpty(field)) {
+    return;
+  }
+  record_.*stored = megaBytes;
+  if (megaBytes > 0) {
+    Recalculate();
+  }
+}
+
+void AVISplit::EditFrames() {
+  FillBlankFields(Editing::Frames);
+  RepairText(Frames);
+  if (IsEmpty(Frames)) {
+    return;
+  }
+  WriteNumber(Frames, std::abs(WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames))));
+  if (NumberIn(Frames) > 0) {
+    StoreRunningTime();
+    Recalculate();
+  }
+}
+
+void AVISplit::LimitFrames() {
+  if (!IsEmpty(Frames)) {
+    WriteNumber(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
+    StoreRunningTime();
+  }
+}
+
+void AVISplit::EditKeyFs() {
+  FillBlankFields(Editing::KeyFs);
+  RepairText(KeyFs);
+  RepairSign(KeyFs);
+  if (IsEmpty(KeyFs)) {
+    return;
+  }
+  LimitKeyFs();
+  WriteNumber(KeyFs, WholePart(NumberIn(KeyFs)));
+  record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
+  if (NumberIn(KeyFs) > 0) {
+    Recalculate();
+  }
+}
+
+// Deliberately divides twice at most: 50000 becomes 500 and stays.
+void AVISplit::LimitKeyFs() {
+  for (int i = 0; i < 2; ++i) {
+    if (NumberIn(KeyFs) > LongestInterval) {
+      WriteNumber(KeyFs, NumberIn(KeyFs) / 10);
+    }
+  }
+}
+
+void AVISplit::StoreRunningTime() {
+  const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate);
+  // Frames out of range are shown as nothing.
+  if (minutes && !IsEmpty(Frames)) {
+    record_.MovieLength = *minutes;
+  }
+}
+
+void AVISplit::Recalculate() {
+  if (Segs.Selected() == 0) {
+    SplitInTwo();
+  } else {
+    SplitInThree();
+  }
+}
+
+void AVISplit::SplitInTwo() {
+  UpdateKeyframeCount();
+  const auto inputs = InputsOf(NumberIn(Size1), 0);
+  WriteOrClear(Size2, Remainder(inputs.megaBytes, inputs.firstMegaBytes));
+  ShowRanges(PlanOfTwo(inputs), RangesOfTwo);
+}
+
+// Deliberately takes the leading numbers of its parts, where two segments take whole texts only.
+void AVISplit::SplitInThree() {
+  UpdateKeyframeCount();
+  const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));
+  WriteOrClear(Size3, Remainder(inputs.megaBytes, inputs.firstMegaBytes, inputs.secondMegaBytes));
+  ShowRanges(PlanOfThree(inputs), RangesOfThree);
+}
+
+void AVISplit::UpdateKeyframeCount() {
+  UpdateFramesAndDuration();
+  if (NumberIn(KeyFs) == 0) {
+    KeyFs->Write(u"1"_s);
+  }
+  const auto keyFrames = KeyFrames(NumberIn(Frames), KeyFrameFrames());
+  KeyFr->Show(keyFrames ? QString::number(*keyFrames) : QString());
+}
+
+// Rounds the running time down to whole frames.
+void AVISplit::UpdateFramesAndDuration() {
+  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
+  StoreRunningTime();
+  const double seconds = NumberIn(Frames) / FrameRate;
+  if (!std::isfinite(seconds)) {
+    for (auto* part : {Time1, Time2, Time3}) {
+      part->Show({});
+    }
+    return;
+  }
+  const auto time = TakeApart(seconds / 60);
+  Time1->Show(ToQString(TextOf(time.hours)));
+  Time2->Show(ToQString(TextOf(time.minutes)));
+  Time3->Show(ToQString(Formatted(time.seconds, "00.00")));
+}
+
+void AVISplit::FillBlankFields(Editing editing) {
+  const auto one = u"1"_s;
+  const bool isThree = Segs.Selected() == 1;
+  if (editing != Editing::AVIsize) {
+    FillBlank(AVIsize, one);
+  }
+  if (editing != Editing::Frames) {
+    FillBlank(Frames, one);
+  }
+  if (editing != Editing::Size1) {
+    FillBlank(Size1, one);
+    if (LeadingNumberIn(AVIsize) < NumberIn(Size1)) {
+      WriteNumber(Size1, LeadingNumberIn(AVIsize));
+    }
+  }
+  if (editing != Editing::Size2 && isThree) {
+    FillBlank(Size2, one);
+    const double rest = Remainder(LeadingNumberIn(AVIsize), LeadingNumberIn(Size1));
+    if (rest < NumberIn(Size2)) {
+      WriteNumber(Size2, std::max(rest, 0.0));
+    }
+  }
+  if (editing != Editing::KeyFs) {
+    FillBlank(KeyFs, one);
+  }
+}
+
+void AVISplit::SelectSystem(int index) {
+  FrameRate = FramesPerSecond(index);
+  record_.FrameRateSystem = static_cast<std::int16_t>(index);
+  Recalculate();
+}
+
+void AVISplit::SelectSplitMode(int index) {
+  record_.SplitSegmentsMode = index;
+  ShowThirdSegment(index == 1);
+  Recalculate();
+}
+
+// The second size is the rest of two segments, and typed of three.
+void AVISplit::ShowThirdSegment(bool isShown) {
+  for (auto* widget : std::initializer_list<QWidget*>{SegNo3Lab, Size3, SegNo3Lab2, SetF[4],
+                                                      SetF[5], SetF[6], SetF[7]}) {
+    widget->setVisible(isShown);
+  }
+  Size2->setReadOnly(!isShown);
+}
+
+void AVISplit::ShowRanges(const SplitPlan& plan, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto& range = plan.at(i / 2);
+    const auto& frame = i % 2 == 0 ? range.start : range.end;
+    SetF.at(i)->Write(frame ? ToQString(TextOf(*frame)) : QString());
+  }
+}
+
+SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) const {
+  return {.frames = NumberIn(Frames),
+          .megaBytes = NumberIn(AVIsize),
+          .firstMegaBytes = firstMegaBytes,
+          .secondMegaBytes = secondMegaBytes,
+          .keyFrameInterval = KeyFrameFrames()};
+}
+
+double AVISplit::KeyFrameFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }
+
+}  // namespace brindle

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include <QLabel>
+#include <QString>
+
+#include "app/input/text_field.h"
+#include "tests/support/calculator_window.h"
+
+namespace brindle {
+
+/// The AVI split calculator, open, with its fields at hand. The built-in figures are 100 minutes
+/// PAL and two segments, 700 of 1300 MB, with a key frame every 10 seconds.
+class AviSplitWindow : public CalculatorWindow {
+ protected:
+  void OpenCalculator() {
+    window = Open(WindowId::AVISplit);
+    AVIsize = Find<TextField>(window, QStringLiteral("AVIsize"));
+    Frames = Find<TextField>(window, QStringLiteral("Frames"));
+    Size1 = Find<TextField>(window, QStringLiteral("Size1"));
+    Size2 = Find<TextField>(window, QStringLiteral("Size2"));
+    Size3 = Find<TextField>(window, QStringLiteral("Size3"));
+    KeyFs = Find<TextField>(window, QStringLiteral("KeyFs"));
+    KeyFr = Find<QLabel>(window, QStringLiteral("KeyFr"));
+    FirstRange = Find<TextField>(window, QStringLiteral("SetF(0)"));
+  }
+
+  /// Opens it for three segments of these sizes.
+  void OpenThree(double megaBytes, double first, double second) {
+    record.SplitSegmentsMode = 1;
+    record.SplitAVISize = megaBytes;
+    record.SplitSize1 = first;
+    record.SplitSize2 = second;
+    OpenCalculator();
+  }
+
+  /// Comes to the field from elsewhere, which selects all of it, and pastes over that.
+  void Enter(TextField* field, const QString& text) {
+    FirstRange->setFocus();
+    field->setFocus();
+    Paste(text);
+  }
+
+  /// Comes to the field from elsewhere and empties it.
+  void Clear(TextField* field) {
+    FirstRange->setFocus();
+    field->setFocus();
+    Key(Qt::Key_Delete);
+  }
+
+  void ClickOption(const QString& name) { Click(Find(window, name)); }
+
+  /// The visible sizes, the whole file's first: "1300 700 600".
+  [[nodiscard]] std::string Sizes() const {
+    const auto sizes = Text("AVIsize") + " " + Text("Size1") + " " + Text("Size2");
+    return Size3->isVisible() ? sizes + " " + Text("Size3") : sizes;
+  }
+
+  /// The visible ranges to delete: "75000-150000 0-74999"; only dashes where there are none.
+  [[nodiscard]] std::string Ranges() const {
+    std::string ranges;
+    for (int i = 0; i < (Size3->isVisible() ? 8 : 4); i += 2) {
+      ranges += ranges.empty() ? "" : " ";
+      ranges += Text(QStringLiteral("SetF(%1)").arg(i)) + "-" +
+                Text(QStringLiteral("SetF(%1)").arg(i + 1));
+    }
+    return ranges;
+  }
+
+  /// "1:40:00.00".
+  [[nodiscard]] std::string Duration() const {
+    return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3");
+  }
+
+  /// Makes the next recomputation visible.
+  void ArmRecomputation() { KeyFr->setText(QStringLiteral("untouched")); }
+  [[nodiscard]] bool Recomputed() const { return Text("KeyFr") != "untouched"; }
+
+  TextField* AVIsize = nullptr;
+  TextField* Frames = nullptr;
+  TextField* Size1 = nullptr;
+  TextField* Size2 = nullptr;
+  TextField* Size3 = nullptr;
+  TextField* KeyFs = nullptr;
+  QLabel* KeyFr = nullptr;
+  TextField* FirstRange = nullptr;
+};
+
+}  // namespace brindle
