@@ -1,0 +1,356 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "convert/quick_c.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include <QString>
+
+#include "app/input/common_choices.h"
+#include "app/input/field_text.h"
+#include "app/input/layout.h"
+#include "app/input/wiring.h"
+#include "app/numbers/frame_rate.h"
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+#include "app/numbers/running_time.h"
+#include "convert/size_units.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double MostRunningMinutes = 10000;
+constexpr double MostFrames = 3000000;
+
+// What hours and minutes undergo at every key and mouse press.
+void RepairPart(TextField* field, double limit) {
+  RepairText(field);
+  RepairSign(field);
+  RewriteWithin(field, limit);
+}
+
+// What the other fields undergo: they stay as they are typed unless something is wrong with them.
+void Repair(TextField* field, double limit) {
+  RepairText(field);
+  RepairSign(field);
+  RepairWithin(field, limit);
+}
+
+// Moves what is more than 60 of one field into the next; exactly 60 deliberately stays.
+void Carry(TextField* from, TextField* to) {
+  const double value = NumberIn(from);
+  if (value > 60) {
+    WriteNumber(to, NumberIn(to) + static_cast<double>(IntegerDivided(value, 60).value_or(0)));
+    WriteNumber(from, static_cast<double>(Modulo(value, 60).value_or(0)));
+  }
+}
+
+// Minutes as they are shown; unlike elsewhere none are "0".
+QString ShownMinutes(double minutes) {
+  return minutes == 0 ? u"0"_s : ToQString(MinutesText(minutes));
+}
+
+}  // namespace
+
+QuickC::QuickC(Services& services)
+    : Form(u"QuickC"_s, u"Velbrin's Brindle 2 : Quick Convert"_s),
+      record_(services.record),
+      Time1(new TextField(u"Time1"_s, u"Hours"_s)),
+      Time2(new TextField(u"Time2"_s, u"Minutes"_s)),
+      Time3(new TextField(u"Time3"_s, u"Seconds"_s)),
+      Min(new TextField(u"Min"_s, u"Minutes"_s)),
+      Frames(new TextField(u"Frames"_s, u"Number of video frames"_s)),
+      System(u"System"_s),
+      B(new TextField(u"B"_s, u"Bytes"_s)),
+      KB(new TextField(u"KB"_s, u"Kilobytes"_s)),
+      MB(new TextField(u"MB"_s, u"Megabytes"_s)),
+      GB(new TextField(u"GB"_s, u"Gigabytes"_s)) {
+  MakeLayout();
+  WireEvents();
+  Form_Load();
+  Focus().Begin(Min);  // never one of the hours, minutes and seconds
+}
+
+void QuickC::MakeLayout() {
+  const auto timeLabel = u"Hr:Min:Sec"_s;
+  NameByTooltip(timeLabel, {Time1, Time2, Time3});
+  for (auto* part : {Time1, Time2, Time3}) {
+    part->SetVisibleDigits(5);
+  }
+  for (auto* size : {B, KB, MB, GB}) {
+    size->SetVisibleDigits(21);
+  }
+  Time1->setText(u"1"_s);
+  Time2->setText(u"40"_s);
+  Time3->setText(u"00.00"_s);
+  Min->setText(u"100"_s);
+  Frames->setText(u"150000"_s);
+
+  // clang-format off
+  LayOut(this,
+    Down({
+      MakeFrame(u"Time / Frames"_s, {
+        {timeLabel, {Time1, Time2, Time3}},
+        {u"min"_s, {Min}},
+        {u"Frames"_s, {Frames}},
+        {{}, AddFrameRateSystems(System)},
+      }),
+      MakeFrame(u"Bytes / KB's / MB's / GB's"_s, {
+        {u"B"_s, {B}},
+        {u"KB"_s, {KB}},
+        {u"MB"_s, {MB}},
+        {u"GB"_s, {GB}},
+      }),
+    }));
+  // clang-format on
+}
+
+void QuickC::WireEvents() {
+  using Self = QuickC;
+  const Wires on(this);
+  // clang-format off
+  on(Time1).KeyPress(&Self::Time1_KeyPress).KeyUp(&Self::Time1_KeyUp)
+    .MouseDown(&Self::Time1_MouseDown).LostFocus(&Self::Time1_LostFocus);
+  on(Time2).KeyPress(&Self::Time2_KeyPress).KeyUp(&Self::Time2_KeyUp)
+    .MouseDown(&Self::Time2_MouseDown).LostFocus(&Self::Time2_LostFocus);
+  on(Time3).KeyPress(&Self::Time3_KeyPress).KeyUp(&Self::Time3_KeyUp)
+    .MouseDown(&Self::Time3_MouseDown).MouseUp(&Self::Time3_MouseUp)
+    .LostFocus(&Self::Time3_LostFocus);
+  on(Min).KeyPress(&Self::Min_KeyPress).KeyUp(&Self::Min_KeyUp).MouseDown(&Self::Min_MouseDown)
+    .MouseUp(&Self::Min_MouseUp).LostFocus(&Self::Min_LostFocus);
+  on(Frames).KeyPress(&Self::Frames_KeyPress).KeyUp(&Self::Frames_KeyUp)
+    .MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp)
+    .LostFocus(&Self::Frames_LostFocus);
+  on(&System).Click(&Self::System_Click);
+  for (auto* field : {Time1, Time2, Time3, Min, Frames, B, KB, MB, GB}) {
+    Focus().OnGotFocus(field, [field] { SelectWholeText(field); });
+  }
+  // clang-format on
+  for (const auto unit : SizeUnits) {
+    auto* field = FieldOf(unit);
+    connect(field, &TextField::KeyPress, this, [this, unit] { ConvertFrom(unit); });
+    connect(field, &TextField::KeyUp, this, [this, unit] { ConvertFrom(unit); });
+    connect(field, &TextField::MouseDown, this, [this, unit] { Unit_MouseDown(unit); });
+    connect(field, &TextField::MouseUp, this, [this, unit] { ConvertFrom(unit); });
+    Focus().OnLostFocus(field, [this] { NormalizeFields(); });
+  }
+}
+
+void QuickC::Form_Load() {
+  FrameRate = FramesPerSecond(record_.FrameRateSystem);
+  WriteNumber(MB, record_.QuickSizeMB);
+  WriteNumber(GB, record_.QuickSizeMB / 1024);
+  WriteNumber(KB, NumberIn(MB) * 1024);
+  WriteNumber(B, NumberIn(KB) * 1024);
+  Min->Write(ShownMinutes(record_.MovieLength));
+  if (!IsEmpty(Min)) {
+    FramesFromMinutes();
+    TimeFromFrames();
+  }
+  System.Select(record_.FrameRateSystem);
+}
+
+void QuickC::Time1_KeyPress() { RepairPart(Time1, MostHours); }
+void QuickC::Time1_KeyUp() {
+  RepairPart(Time1, MostHours);
+  TimeChanged();
+}
+void QuickC::Time1_MouseDown() {
+  NormalizeFields();
+  RepairPart(Time1, MostHours);
+  TimeChanged();
+}
+void QuickC::Time1_LostFocus() { NormalizeFields(); }
+
+void QuickC::Time2_KeyPress() { RepairPart(Time2, MostMinutes); }
+void QuickC::Time2_KeyUp() {
+  RepairPart(Time2, MostMinutes);
+  TimeChanged();
+}
+void QuickC::Time2_MouseDown() {
+  NormalizeFields();
+  RepairPart(Time2, MostMinutes);
+  TimeChanged();
+}
+void QuickC::Time2_LostFocus() { NormalizeFields(); }
+
+void QuickC::Time3_KeyPress() { Repair(Time3, MostSeconds); }
+void QuickC::Time3_KeyUp() {
+  Repair(Time3, MostSeconds);
+  TimeChanged();
+}
+// Deliberately recomputes nothing, unlike its neighbours.
+void QuickC::Time3_MouseDown() {
+  NormalizeFields();
+  Repair(Time3, MostSeconds);
+}
+void QuickC::Time3_MouseUp() { Repair(Time3, MostSeconds); }
+void QuickC::Time3_LostFocus() {
+  NormalizeFields();
+  WriteFormatted(Time3, NumberIn(Time3), "00.00");
+}
+
+void QuickC::Min_KeyPress() { Repair(Min, MostRunningMinutes); }
+void QuickC::Min_KeyUp() {
+  Repair(Min, MostRunningMinutes);
+  MinutesChanged();
+}
+void QuickC::Min_MouseDown() {
+  NormalizeFields();
+  Repair(Min, MostRunningMinutes);
+  MinutesChanged();
+}
+void QuickC::Min_MouseUp() { Repair(Min, MostRunningMinutes); }
+void QuickC::Min_LostFocus() {
+  NormalizeFields();
+  Min->Write(ShownMinutes(NumberIn(Min)));
+}
+
+void QuickC::Frames_KeyPress() { Repair(Frames, MostFrames); }
+void QuickC::Frames_KeyUp() {
+  Repair(Frames, MostFrames);
+  FramesChanged();
+}
+void QuickC::Frames_MouseDown() {
+  NormalizeFields();
+  Repair(Frames, MostFrames);
+  FramesChanged();
+}
+void QuickC::Frames_MouseUp() { Repair(Frames, MostFrames); }
+void QuickC::Frames_LostFocus() { NormalizeFields(); }
+
+void QuickC::System_Click(int index) {
+  FrameRate = FramesPerSecond(index);
+  record_.FrameRateSystem = static_cast<std::int16_t>(index);
+  FramesFromMinutes();
+}
+
+void QuickC::Unit_MouseDown(SizeUnit unit) {
+  NormalizeFields();
+  ConvertFrom(unit);
+}
+
+void QuickC::TimeChanged() {
+  MinutesFromTime();
+  FramesFromMinutes();
+}
+
+void QuickC::MinutesChanged() {
+  record_.MovieLength = NumberIn(Min);
+  FramesFromMinutes();
+  TimeFromMinutes();
+}
+
+// The minutes deliberately follow the time as it is shown, rounded to hundredths of a second.
+void QuickC::FramesChanged() {
+  TimeFromFrames();
+  // Without a frame rate there is no time to follow.
+  if (FrameRate > 0) {
+    MinutesFromTime();
+  }
+}
+
+void QuickC::TimeFromFrames() {
+  StoreMinutesOfFrames();
+  ShowSeconds(NumberIn(Frames) / FrameRate);
+}
+
+void QuickC::TimeFromMinutes() { ShowSeconds(NumberIn(Min) * 60); }
+
+void QuickC::ShowSeconds(double seconds) {
+  const auto time = TakeApart(seconds / 60);
+  WriteNumber(Time1, time.hours);
+  WriteNumber(Time2, time.minutes);
+  WriteFormatted(Time3, time.seconds, "00.00");
+}
+
+// Rounds the running time down to whole frames.
+void QuickC::FramesFromMinutes() {
+  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
+  // Frames out of range are shown as nothing.
+  if (!IsEmpty(Frames)) {
+    StoreMinutesOfFrames();
+  }
+}
+
+void QuickC::MinutesFromTime() {
+  record_.MovieLength = InMinutes({NumberIn(Time1), NumberIn(Time2), NumberIn(Time3)});
+  Min->Write(ShownMinutes(record_.MovieLength));
+}
+
+void QuickC::StoreMinutesOfFrames() {
+  if (const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate)) {
+    record_.MovieLength = *minutes;
+  }
+}
+
+void QuickC::NormalizeFields() {
+  for (auto* part : {Time1, Time2}) {
+    if (!IsEmpty(part)) {
+      WriteNumber(part, WholePart(LeadingNumberIn(part)));
+    }
+  }
+  if (!IsEmpty(Time3) && !Time3->text().endsWith(u'.')) {
+    WriteNumber(Time3, LeadingNumberIn(Time3));
+  }
+  if (IsEmpty(B) || IsEmpty(KB) || IsEmpty(MB) || IsEmpty(GB)) {
+    for (auto* size : {GB, MB, KB, B}) {
+      size->Write(u"0"_s);
+    }
+  }
+  FillBlank(Time1, u"0"_s);
+  FillBlank(Time2, u"0"_s);
+  Carry(Time2, Time1);
+  FillBlank(Time3, u"0"_s);
+  Carry(Time3, Time2);
+  Carry(Time2, Time1);
+  FillBlank(Min, u"0"_s);
+  FillBlank(Frames, u"0"_s);
+}
+
+void QuickC::ConvertFrom(SizeUnit unit) {
+  auto* source = FieldOf(unit);
+  RepairWithin(source, LargestSize(unit));
+  const auto texts = SizesFrom(unit, source->text().toStdString());
+  for (const auto other : SizeUnits) {
+    if (other != unit) {
+      FieldOf(other)->Write(ToQString(texts.at(IndexOf(other))));
+    }
+  }
+  // Deliberately before the tidying.
+  record_.QuickSizeMB = NumberIn(MB);
+  if (!IsEmpty(source)) {
+    TidyUnitFields(unit);
+  }
+}
+
+void QuickC::TidyUnitFields(SizeUnit editing) {
+  for (const auto unit : SizeUnits) {
+    if (unit != editing) {
+      auto* field = FieldOf(unit);
+      field->Write(ToQString(TidiedSize(unit, field->text().toStdString())));
+    }
+  }
+}
+
+TextField* QuickC::FieldOf(SizeUnit unit) const {
+  switch (unit) {
+    case SizeUnit::B:
+      return B;
+    case SizeUnit::KB:
+      return KB;
+    case SizeUnit::MB:
+      return MB;
+    case SizeUnit::GB:
+      return GB;
+  }
+  return nullptr;
+}
+
+}  // namespace brindle

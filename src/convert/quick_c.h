@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+
+#include <QLineEdit>
+
+#include "app/input/form.h"
+#include "app/input/option_group.h"
+#include "app/input/text_field.h"
+#include "app/windows/services.h"
+#include "convert/size_units.h"
+
+namespace brindle {
+
+/// The quick converter: a running time as hours, minutes and seconds, as minutes and as frames; a
+/// size in bytes, kilobytes, megabytes and gigabytes.
+class QuickC : public Form {
+  Q_OBJECT
+
+ public:
+  explicit QuickC(Services& services);
+
+ private:
+  void MakeLayout();
+  void WireEvents();
+
+  void Form_Load();
+  void Time1_KeyPress();
+  void Time1_KeyUp();
+  void Time1_MouseDown();
+  void Time1_LostFocus();
+  void Time2_KeyPress();
+  void Time2_KeyUp();
+  void Time2_MouseDown();
+  void Time2_LostFocus();
+  void Time3_KeyPress();
+  void Time3_KeyUp();
+  void Time3_MouseDown();
+  void Time3_MouseUp();
+  void Time3_LostFocus();
+  void Min_KeyPress();
+  void Min_KeyUp();
+  void Min_MouseDown();
+  void Min_MouseUp();
+  void Min_LostFocus();
+  void Frames_KeyPress();
+  void Frames_KeyUp();
+  void Frames_MouseDown();
+  void Frames_MouseUp();
+  void Frames_LostFocus();
+  void System_Click(int index);
+  void Unit_MouseDown(SizeUnit unit);
+
+  void TimeChanged();
+  void MinutesChanged();
+  void FramesChanged();
+  void TimeFromFrames();
+  void TimeFromMinutes();
+  void ShowSeconds(double seconds);
+  void FramesFromMinutes();
+  void MinutesFromTime();
+  void StoreMinutesOfFrames();
+  void NormalizeFields();
+  void ConvertFrom(SizeUnit unit);
+  void TidyUnitFields(SizeUnit editing);
+  [[nodiscard]] TextField* FieldOf(SizeUnit unit) const;
+
+  Settings& record_;
+  double FrameRate = 0;  // frames per second
+
+  TextField* Time1;
+  TextField* Time2;
+  TextField* Time3;
+  TextField* Min;
+  TextField* Frames;
+  OptionGroup System;
+  TextField* B;
+  TextField* KB;
+  TextField* MB;
+  TextField* GB;
+};
+
+}  // namespace brindle

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <set>
+#include <string>
+
+#include <QRadioButton>
+#include <QString>
+
+#include "app/input/text_field.h"
+#include "app/numbers/numeric_text.h"
+#include "tests/support/calculator_window.h"
+
+namespace brindle {
+
+/// The names of the converter's fields: those of the running time, then those of the size.
+inline constexpr std::array TimeNames{"Time1", "Time2", "Time3", "Min", "Frames"};
+inline constexpr std::array SizeNames{"B", "KB", "MB", "GB"};
+inline constexpr std::array FieldNames{"Time1", "Time2", "Time3", "Min", "Frames",
+                                       "B",     "KB",    "MB",    "GB"};
+
+/// The quick converter, open, with its controls at hand.
+class QuickWindow : public CalculatorWindow {
+ protected:
+  void OpenConverter() {
+    window = Open(WindowId::QuickC);
+    Systems = {Find<QRadioButton>(window, QStringLiteral("System(0)")),
+               Find<QRadioButton>(window, QStringLiteral("System(1)")),
+               Find<QRadioButton>(window, QStringLiteral("System(2)"))};
+  }
+
+  [[nodiscard]] TextField* FieldNamed(const std::string& name) const {
+    return Field(QString::fromStdString(name));
+  }
+
+  /// The running time as the fields show it: "1:40:00.00 100 150000".
+  [[nodiscard]] std::string Time() const {
+    return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3") + " " + Text("Min") + " " +
+           Text("Frames");
+  }
+
+  /// The size as the fields show it: "1048576|1024|1|0.0009765625".
+  [[nodiscard]] std::string Size() const {
+    return Text("B") + "|" + Text("KB") + "|" + Text("MB") + "|" + Text("GB");
+  }
+
+  /// The names of the fields that hold something.
+  [[nodiscard]] std::set<std::string> Filled() const {
+    std::set<std::string> names;
+    for (const auto* name : FieldNames) {
+      if (!Text(name).empty()) {
+        names.insert(name);
+      }
+    }
+    return names;
+  }
+
+  /// Whether every field is empty or holds a number.
+  [[nodiscard]] bool ShowsOnlyNumbers() const {
+    for (const auto* name : FieldNames) {
+      if (!Text(name).empty() && !IsNumeric(Text(name))) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  /// The index of the selected frame-rate system, -1 where none is.
+  [[nodiscard]] int SelectedSystem() const {
+    for (std::size_t i = 0; i < Systems.size(); ++i) {
+      if (Systems.at(i)->isChecked()) {
+        return static_cast<int>(i);
+      }
+    }
+    return -1;
+  }
+
+  /// Types over what stands in the field; an empty text is deleted instead.
+  void Enter(const std::string& name, const std::string& text) {
+    FieldNamed(name)->setFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    if (text.empty()) {
+      Key(Qt::Key_Delete);
+    }
+    Type(QString::fromStdString(text));
+  }
+
+  void PasteOver(const std::string& name, const QString& text) {
+    FieldNamed(name)->setFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Paste(text);
+  }
+
+  /// Leaves the field that has the focus, for a control that has no handler of the focus.
+  void Leave() { Systems.front()->setFocus(); }
+
+  /// Marks what a recomputation writes into the record; Stored() tells what was written since.
+  void Forget() {
+    record.MovieLength = Untouched;
+    record.QuickSizeMB = Untouched;
+  }
+  [[nodiscard]] std::set<std::string> Stored() const {
+    std::set<std::string> names;
+    if (record.MovieLength != Untouched) {
+      names.insert("MovieLength");
+    }
+    if (record.QuickSizeMB != Untouched) {
+      names.insert("QuickSizeMB");
+    }
+    return names;
+  }
+
+  std::array<QRadioButton*, 3> Systems{};
+
+ private:
+  static constexpr double Untouched = 7.25;
+};
+
+}  // namespace brindle
