@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "aspect/aspect_ra.h"
+
+#include <cstdint>
+
+#include <QString>
+
+#include "app/input/field_text.h"
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/input/wiring.h"
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+#include "aspect/resolution.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::int16_t FirstModulus = 16;
+constexpr int LeastWidth = 320;
+constexpr int MostWidth = 720;
+constexpr int LeastHeight = 160;
+constexpr int MostHeight = 576;
+constexpr double RatioTooLarge = 100;
+const auto LargestRatio = u"99.999"_s;
+
+}  // namespace
+
+AspectRa::AspectRa(Services& services)
+    : Form(u"AspectRa"_s, u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s),
+      record_(services.record),
+      AspectR(u"AspectR"_s),
+      AR1(new DropDownList(u"AR1"_s, u"Choose a standard film AR."_s)),
+      AR2(new TextField(u"AR2"_s, u"Set a custom aspect ratio."_s)),
+      MODUL(new DropDownList(u"MODUL"_s, {})),
+      HRES(new Slider(u"HRES"_s, u"Slide to select the vertical horizontal resolution."_s,
+                      LeastWidth, MostWidth)),
+      HRESL(new ValueLabel(u"HRESL"_s, {}, {u"888"_s})),
+      VRES(new Slider(u"VRES"_s, u"Slide to select the vertical vertical resolution."_s,
+                      LeastHeight, MostHeight)),
+      VRESL(new ValueLabel(u"VRESL"_s, {}, {u"888"_s})),
+      PixelCount(new ValueLabel(u"Stats(0)"_s, u"Total number of pixels in output video frame."_s,
+                                {u"888888"_s})),
+      Macroblocks(new ValueLabel(
+          u"Stats(1)"_s, u"Total number of macroblocks in output video frame. Applies to MPEG 4."_s,
+          {u"8888"_s})),
+      AspectRatio(new ValueLabel(u"Stats(4)"_s, u"Aspect ratio of the displayed resolution."_s,
+                                 {u"8.888"_s})),
+      AspectError(new ValueLabel(u"Stats(5)"_s,
+                                 u"An AR error of up to about 2% is considered negligible."_s,
+                                 {u"-8.88888888888888E+88%"_s})) {
+  MakeLayout();
+  WireEvents();
+  Form_Load();
+  Focus().Begin(AspectR.TabStop());
+}
+
+void AspectRa::MakeLayout() {
+  auto* free = AspectR.Add(Free, u"Free"_s, u"No AR set. Unlocks the resolution sliders."_s);
+  auto* standard = AspectR.Add(Standard, u"Standard:"_s, u"Choose a standard film AR."_s);
+  auto* custom = AspectR.Add(Custom, u"Custom:"_s, u"Set a custom aspect ratio."_s);
+  AR1->addItems(
+      {u"1:1"_s, u"4:3 (1.33:1)"_s, u"1.66:1"_s, u"16:9 (1.778:1)"_s, u"1.85:1"_s, u"2.35:1"_s});
+  AR1->setCurrentIndex(-1);
+  AR2->setText(u"1.778"_s);
+  for (const int modulus : {2, 4, 8, 16, 32}) {
+    MODUL->addItem(QString::number(modulus), modulus);
+  }
+  MODUL->setCurrentIndex(-1);
+  PixelCount->Show(u"414720"_s);
+  AspectRatio->Show(u"1.778"_s);
+
+  // clang-format off
+  LayOut(this,
+    Down({
+      MakeFrame(u"Movie Aspect Ratio"_s, {
+        {free, {}},
+        {standard, {AR1}},
+        {custom, {AR2}},
+      }),
+      MakeFrame(u"Output Video Settings"_s, {
+        {u"Resolution Increment:"_s, {MODUL}},
+        {u"Horizontal Resolution:"_s, {HRES, HRESL}},
+        {u"Vertical Resolution:"_s, {VRES, VRESL}},
+        {u"Pixel Count:"_s, {PixelCount}},
+        {u"Macroblocks:"_s, {Macroblocks}},
+        {u"Aspect ratio:"_s, {AspectRatio}},
+        {u"Aspect error:"_s, {AspectError}},
+      }),
+    }));
+  // clang-format on
+}
+
+void AspectRa::WireEvents() {
+  using Self = AspectRa;
+  const Wires on(this);
+  on(&AspectR).Click(&Self::AspectR_Click);
+  on(AR1).Click(&Self::AR1_Click);
+  on(AR2).Change(&Self::AR2_Change);
+  on(MODUL).Click(&Self::MODUL_Click);
+  on(HRES).Change(&Self::HRES_Change);
+  on(VRES).Change(&Self::VRES_Change);
+}
+
+void AspectRa::Form_Load() {
+  record_.ResolutionIncrement = FirstModulus;
+  HRES->SetStep(FirstModulus);
+  VRES->SetStep(FirstModulus);
+  HRES->Write(record_.ResHorizontal);
+  VRES->Write(record_.ResVertical);
+  HRESL->Show(QString::number(HRES->value()));
+  VRESL->Show(QString::number(VRES->value()));
+  MODUL->setCurrentIndex(MODUL->findData(FirstModulus));
+  AR1->setCurrentIndex(record_.StandardAspect < AR1->count() ? record_.StandardAspect : -1);
+  AR2->Write(ToQString(TextOfSingle(record_.CustomAspect)));
+  RecalcFromAspect();
+  UpdateStats();
+  isLoading_ = false;
+}
+
+void AspectRa::AspectR_Click(int index) {
+  record_.AspectMode = static_cast<std::int16_t>(index);
+  RecalcFromAspect();
+}
+
+void AspectRa::AR1_Click() {
+  record_.StandardAspect = static_cast<std::int16_t>(AR1->currentIndex());
+  RecalcFromAspect();
+  AR1->setFocus();
+}
+
+void AspectRa::AR2_Change() {
+  if (!IsNumericIn(AR2)) {
+    WriteNumber(AR2, LeadingNumberIn(AR2));
+  }
+  RepairSign(AR2);
+  if (NumberIn(AR2) >= RatioTooLarge) {
+    AR2->Write(LargestRatio);
+  }
+  record_.CustomAspect = SingleOf(AR2->text().toStdString());
+  RecalcFromAspect();
+  AR2->setFocus();
+}
+
+void AspectRa::MODUL_Click() {
+  record_.ResolutionIncrement = static_cast<std::int16_t>(MODUL->currentData().toInt());
+  for (auto* slider : {HRES, VRES}) {
+    slider->SetStep(Modulus());
+    SnapSlider(slider);
+  }
+  RecalcFromAspect();
+}
+
+void AspectRa::HRES_Change() {
+  SnapSlider(HRES);
+  // Deliberately only for the user: the sliders would drive each other.
+  if (ratio_ != 0 && !HRES->IsBeingWritten()) {
+    VRES->Write(HeightFor(HRES->value(), ratio_, Modulus()));
+  }
+  HRESL->Show(QString::number(HRES->value()));
+  StoreResolution();
+  UpdateStats();
+}
+
+void AspectRa::VRES_Change() {
+  SnapSlider(VRES);
+  if (ratio_ != 0 && !VRES->IsBeingWritten()) {
+    HRES->Write(WidthFor(VRES->value(), ratio_, Modulus()));
+  }
+  VRESL->Show(QString::number(VRES->value()));
+  StoreResolution();
+  UpdateStats();
+}
+
+void AspectRa::RecalcFromAspect() {
+  AspectR.Select(record_.AspectMode);
+  AR1->setEnabled(record_.AspectMode == Standard);
+  AR2->setEnabled(record_.AspectMode == Custom);
+  ratio_ = record_.AspectMode == Standard ? StandardRatio(record_.StandardAspect)
+           : record_.AspectMode == Custom ? SingleOf(AR2->text().toStdString())
+                                          : 0;
+  if (ratio_ != 0) {
+    VRES->Write(HeightFor(HRES->value(), ratio_, Modulus()));
+    VRESL->Show(QString::number(VRES->value()));
+  }
+  UpdateStats();
+}
+
+void AspectRa::UpdateStats() {
+  const auto statistics = StatisticsOf(HRES->value(), VRES->value(), ratio_);
+  PixelCount->Show(QString::number(statistics.pixels));
+  Macroblocks->Show(QString::number(statistics.macroblocks));
+  AspectRatio->Show(ToQString(TextOf(statistics.ratio)));
+  AspectError->Show(statistics.errorPercent ? ToQString(TextOf(*statistics.errorPercent)) + u'%'
+                                            : u"N/A"_s);
+}
+
+// What is off the grid goes to its nearest line, but not out of the slider's range.
+void AspectRa::SnapSlider(Slider* slider) {
+  if (slider->value() % Modulus() != 0) {
+    slider->Write(Snapped(slider->value(), Modulus()));
+  }
+}
+
+void AspectRa::StoreResolution() {
+  if (!isLoading_) {
+    record_.ResHorizontal = static_cast<std::int16_t>(HRES->value());
+    record_.ResVertical = static_cast<std::int16_t>(VRES->value());
+  }
+}
+
+int AspectRa::Modulus() const { return record_.ResolutionIncrement; }
+
+}  // namespace brindle

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+namespace brindle {
+
+/// The standard film ratios, width to height, in the order of the list: 1, 1.33, 1.66, 1.778, 1.85,
+/// 2.35. 0, which is no ratio, for any other index.
+[[nodiscard]] float StandardRatio(int index);
+
+/// The nearest multiple of `modulus`, ties to the even one: 336 at 32 is 320.
+[[nodiscard]] int Snapped(double resolution, int modulus);
+
+/// The height that keeps a ratio (not 0) at this width, on the grid of `modulus`: 640 at 1.778 and
+/// 16 is 352.
+[[nodiscard]] int HeightFor(int width, float ratio, int modulus);
+
+/// The width that keeps a ratio at this height, on the grid of `modulus`.
+[[nodiscard]] int WidthFor(int height, float ratio, int modulus);
+
+/// What a frame of this size amounts to.
+struct FrameStatistics {
+  int pixels = 0;
+  int macroblocks = 0;                 ///< blocks of 16 x 16 pixels
+  double ratio = 0;                    ///< width to height, rounded to 3 decimals
+  std::optional<double> errorPercent;  ///< of the rounded ratio against the film's, 2 decimals
+};
+
+/// The statistics of a frame `width` x `height` pixels (both above 0) for a film of `filmRatio`; no
+/// error where that is 0. Macroblocks are counted as (height \\ 16 + s) x (width \\ 16 + s), where
+/// s is 1 when the height is no multiple of 16: the remainder of the height deliberately rounds
+/// both factors up, that of the width none: 720 x 576 gives 1620, 712 x 576 gives 1584.
+[[nodiscard]] FrameStatistics StatisticsOf(int width, int height, float filmRatio);
+
+}  // namespace brindle
