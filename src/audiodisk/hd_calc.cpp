@@ -227,7 +227,6 @@ void HDCalc::MP2_KeyUp() {
 // hold the focus unless its option is selected.
 void HDCalc::MP2_LostFocus() {
   FillBlank(MP2->Field(), u"1"_s);
-  RepairText(MP2->Field());
   AudioRate = CompressedKiloBytesPerSecond(NumberIn(MP2->Field()));
   CalcAndShowTotal();
 }

@@ -22,11 +22,11 @@ namespace brindle {
 class AnyWindow : public WindowTest {
  protected:
   QWidget* OpenByName(const std::string& name) {
-    static const std::map<std::string, WindowId> listed{{"DefaultW", WindowId::DefaultW},
-                                                        {"BitrateCalc", WindowId::BitrateCalc},
-                                                        {"AudioCalc", WindowId::AudioCalc},
-                                                        {"HDCalc", WindowId::HDCalc},
-                                                        {"Advanced", WindowId::Advanced}};
+    static const std::map<std::string, WindowId> listed{
+        {"DefaultW", WindowId::DefaultW},   {"BitrateCalc", WindowId::BitrateCalc},
+        {"AudioCalc", WindowId::AudioCalc}, {"HDCalc", WindowId::HDCalc},
+        {"Advanced", WindowId::Advanced},   {"AVISplit", WindowId::AVISplit},
+        {"QuickC", WindowId::QuickC},       {"AspectRa", WindowId::AspectRa}};
     if (name == "Splash") {
       splash_ = std::make_unique<Splash>(services);
       splash_->Run();
@@ -39,6 +39,7 @@ class AnyWindow : public WindowTest {
       main_->activateWindow();
       return Shown(main_.get());
     }
+    record.SplitSegmentsMode = 1;  // the third segment shows
     return Open(listed.at(name));
   }
 

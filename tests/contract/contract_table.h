@@ -26,6 +26,9 @@ inline const std::vector<WindowRow>& WindowRows() {
       {"Advanced", "Advanced"},
       {"AudioCalc", "Velbrin's Brindle 2 : Audio Bitrate Calc"},
       {"HDCalc", "Velbrin's Brindle 2 : HD Space Calc"},
+      {"AVISplit", "Velbrin's Brindle 2 : AVI Splitting Calc"},
+      {"QuickC", "Velbrin's Brindle 2 : Quick Convert"},
+      {"AspectRa", "Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"},
   };
   return rows;
 }
@@ -39,7 +42,9 @@ enum class Kind {
   CheckBox,
   Option,
   Field,
-  List,
+  List,    ///< with a field to type in
+  Choice,  ///< a list without one
+  Slider,
   Frame
 };
 
@@ -71,6 +76,13 @@ inline const std::vector<ControlRow>& ControlRows() {
   static const std::string divX = "DivX version :";
   static const std::string interleave = "AVI Interleaving Settings";
   static const std::string settings = "Settings";
+  static const std::string general = "General Settings";
+  static const std::string codec = "DVD/Codec Settings";
+  static const std::string ranges = "Select and DELETE indicated frame ranges:";
+  static const std::string frames = "Time / Frames";
+  static const std::string bytes = "Bytes / KB's / MB's / GB's";
+  static const std::string film = "Movie Aspect Ratio";
+  static const std::string output = "Output Video Settings";
   static const std::string same = "Choose the same setting you are using when creating your AVIs";
   static const std::string website = "https://example.org/brindle";
   static const std::string author = "Velbrin 2026";
@@ -259,6 +271,84 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"HDCalc", "Result", K::Label, "", "1660",
        "Megabytes of HD space needed for the Audio & Video files",
        "Hard Disk Space Required (MB) :", 7},
+
+      {"AVISplit", "AVIsize", K::Field, general, "1300",
+       "The size of the big AVI file that needs to be split", "AVI Size (MB):", 0},
+      {"AVISplit", "Frames", K::Field, general, "150000", "Total number of frames",
+       "Total Frames:", 1},
+      {"AVISplit", "Segs(0)", K::Option, general, "2", "Cut the AVI to two segments",
+       "No. of Segments: Cut the AVI to two segments", 2},
+      {"AVISplit", "Segs(1)", K::Option, general, "3", "Cut the AVI to three segments",
+       "No. of Segments: Cut the AVI to three segments", 2},
+      {"AVISplit", "Size1", K::Field, general, "700", "Size of the first segment in Megabytes",
+       "Size (MB): Size of the first segment in Megabytes", 3},
+      {"AVISplit", "Size2", K::Field, general, "600", "Size of the second segment in Megabytes",
+       "Size (MB): Size of the second segment in Megabytes", 4},
+      {"AVISplit", "SegNo3Lab", K::Label, general, "3", "", "3"},
+      {"AVISplit", "Size3", K::Field, general, "0", "Size of the third segment in Megabytes",
+       "Size (MB): Size of the third segment in Megabytes", 5},
+      {"AVISplit", "System(0)", K::Option, codec, "PAL", "European PAL - 25 fps",
+       "System: European PAL - 25 fps", 6},
+      {"AVISplit", "System(1)", K::Option, codec, "NTSC 23.976", "American NTSC DVD 23.976 fps",
+       "System: American NTSC DVD 23.976 fps", 6},
+      {"AVISplit", "System(2)", K::Option, codec, "NTSC 29.97", "American NTSC TV-DVD 29.97 fps",
+       "System: American NTSC TV-DVD 29.97 fps", 6},
+      {"AVISplit", "KeyFs", K::Field, codec, "10", "DivX 3 codec setting", "Keyframe every:", 7},
+      {"AVISplit", "KeyFr", K::Label, "", "600", "", "Keyframes:"},
+      {"AVISplit", "Time1", K::Label, "", "1", "", "Duration: hours"},
+      {"AVISplit", "Time2", K::Label, "", "40", "", "Duration: minutes"},
+      {"AVISplit", "Time3", K::Label, "", "00.00", "", "Duration: seconds"},
+      {"AVISplit", "SetF(0)", K::Field, ranges, "80750", "", "Segment 1 Selection Start", 8},
+      {"AVISplit", "SetF(1)", K::Field, ranges, "150000", "", "Segment 1 Selection End", 9},
+      {"AVISplit", "SetF(2)", K::Field, ranges, "0", "", "Segment 2 Selection Start", 10},
+      {"AVISplit", "SetF(3)", K::Field, ranges, "80749", "", "Segment 2 Selection End", 11},
+      {"AVISplit", "SetF(4)", K::Field, ranges, "149750", "", "Segment 2 second Selection Start",
+       12},
+      {"AVISplit", "SetF(5)", K::Field, ranges, "150000", "", "Segment 2 second Selection End",
+       13},
+      {"AVISplit", "SegNo3Lab2", K::Label, ranges, "3", "", "3"},
+      {"AVISplit", "SetF(6)", K::Field, ranges, "0", "", "Segment 3 Selection Start", 14},
+      {"AVISplit", "SetF(7)", K::Field, ranges, "149749", "", "Segment 3 Selection End", 15},
+
+      {"QuickC", "Time1", K::Field, frames, "1", "Hours", "Hr:Min:Sec Hours", 0},
+      {"QuickC", "Time2", K::Field, frames, "40", "Minutes", "Hr:Min:Sec Minutes", 1},
+      {"QuickC", "Time3", K::Field, frames, "00.00", "Seconds", "Hr:Min:Sec Seconds", 2},
+      {"QuickC", "Min", K::Field, frames, "100", "Minutes", "min", 3},
+      {"QuickC", "Frames", K::Field, frames, "150000", "Number of video frames", "Frames", 4},
+      {"QuickC", "System(0)", K::Option, frames, "PAL", "European PAL - 25 fps", "PAL", 5},
+      {"QuickC", "System(1)", K::Option, frames, "NTSC 23.976", "American NTSC DVD 23.976 fps",
+       "NTSC 23.976", 5},
+      {"QuickC", "System(2)", K::Option, frames, "NTSC 29.97", "American NTSC TV-DVD 29.97 fps",
+       "NTSC 29.97", 5},
+      {"QuickC", "B", K::Field, bytes, "1073741824", "Bytes", "B", 6},
+      {"QuickC", "KB", K::Field, bytes, "1048576", "Kilobytes", "KB", 7},
+      {"QuickC", "MB", K::Field, bytes, "1024", "Megabytes", "MB", 8},
+      {"QuickC", "GB", K::Field, bytes, "1", "Gigabytes", "GB", 9},
+
+      {"AspectRa", "AspectR(0)", K::Option, film, "Free",
+       "No AR set. Unlocks the resolution sliders.", "Free", 0},
+      {"AspectRa", "AspectR(1)", K::Option, film, "Standard:", "Choose a standard film AR.",
+       "Standard:", 0},
+      {"AspectRa", "AR1", K::Choice, film, "16:9 (1.778:1)", "Choose a standard film AR.",
+       "Standard:", 1},
+      {"AspectRa", "AspectR(2)", K::Option, film, "Custom:", "Set a custom aspect ratio.",
+       "Custom:", 0},
+      {"AspectRa", "AR2", K::Field, film, "1.778", "Set a custom aspect ratio.", "Custom:", 2},
+      {"AspectRa", "MODUL", K::Choice, output, "16", "", "Resolution Increment:", 3},
+      {"AspectRa", "HRES", K::Slider, output, "",
+       "Slide to select the vertical horizontal resolution.", "Horizontal Resolution:", 4},
+      {"AspectRa", "HRESL", K::Label, output, "592", "", "Horizontal Resolution:"},
+      {"AspectRa", "VRES", K::Slider, output, "",
+       "Slide to select the vertical vertical resolution.", "Vertical Resolution:", 5},
+      {"AspectRa", "VRESL", K::Label, output, "336", "", "Vertical Resolution:"},
+      {"AspectRa", "Stats(0)", K::Label, output, "198912",
+       "Total number of pixels in output video frame.", "Pixel Count:"},
+      {"AspectRa", "Stats(1)", K::Label, output, "777",
+       "Total number of macroblocks in output video frame. Applies to MPEG 4.", "Macroblocks:"},
+      {"AspectRa", "Stats(4)", K::Label, output, "1.762",
+       "Aspect ratio of the displayed resolution.", "Aspect ratio:"},
+      {"AspectRa", "Stats(5)", K::Label, output, "-0.9%",
+       "An AR error of up to about 2% is considered negligible.", "Aspect error:"},
   };
   // clang-format on
   return rows;

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QString>
 #include <QToolButton>
 #include <QVariant>
@@ -39,10 +40,13 @@ std::string NameOf(const QWidget* widget) { return widget->objectName().toStdStr
 // The kind that a tool sees; empty for what is no control.
 std::string KindOf(const QWidget* control) {
   if (const auto* list = qobject_cast<const QComboBox*>(control)) {
-    return list->isEditable() ? "list" : "";
+    return list->isEditable() ? "list" : "choice";
   }
   if (qobject_cast<const QGroupBox*>(control) != nullptr) {
     return "frame";
+  }
+  if (qobject_cast<const QSlider*>(control) != nullptr) {
+    return "slider";
   }
   if (qobject_cast<const QLineEdit*>(control) != nullptr) {
     return "field";
@@ -85,6 +89,10 @@ std::string NameOf(Kind kind) {
       return "field";
     case Kind::List:
       return "list";
+    case Kind::Choice:
+      return "choice";
+    case Kind::Slider:
+      return "slider";
     case Kind::Frame:
       return "frame";
   }
@@ -217,6 +225,15 @@ class TabOrder : public WindowContract {
     return stops;
   }
 
+  // The same, beginning with what has the focus now.
+  static NameList ExpectedFrom(const QWidget* window) {
+    auto stops = Expected();
+    const auto* focused = window->focusWidget();
+    const auto now = focused != nullptr ? StopOf(NameOf(ControlOf(focused))) : "none";
+    std::rotate(stops.begin(), std::find(stops.begin(), stops.end(), now), stops.end());
+    return stops;
+  }
+
   // What has the focus at first and after each press of the key.
   static NameList Walk(const QWidget* window, Qt::Key key, std::size_t length) {
     NameList stops;
@@ -229,17 +246,27 @@ class TabOrder : public WindowContract {
   }
 };
 
-TEST_P(TabOrder, IsReadingOrderAndComesRound) {
+TEST_P(TabOrder, BeginsWithTheFirstControlButNoPartOfARunningTime) {
   auto expected = Expected();
+  if (GetParam().name == "QuickC") {
+    expected.erase(expected.begin(), expected.begin() + 3);
+  }
+  EXPECT_EQ(Walk(OpenIt(), Qt::Key_Tab, 1).front(), expected.front());
+}
+
+TEST_P(TabOrder, IsReadingOrderAndComesRound) {
+  auto* window = OpenEnabled();
+  auto expected = ExpectedFrom(window);
   expected.push_back(expected.front());
-  EXPECT_EQ(Walk(OpenEnabled(), Qt::Key_Tab, expected.size()), expected);
+  EXPECT_EQ(Walk(window, Qt::Key_Tab, expected.size()), expected);
 }
 
 TEST_P(TabOrder, GoesBackTheSameWay) {
-  const auto names = Expected();
+  auto* window = OpenEnabled();
+  const auto names = ExpectedFrom(window);
   NameList expected{names.front()};
   expected.insert(expected.end(), names.rbegin(), names.rend());
-  EXPECT_EQ(Walk(OpenEnabled(), Qt::Key_Backtab, expected.size()), expected);
+  EXPECT_EQ(Walk(window, Qt::Key_Backtab, expected.size()), expected);
 }
 
 TEST_P(TabOrder, LeavesOutWhatIsDisabled) {
@@ -250,7 +277,7 @@ TEST_P(TabOrder, LeavesOutWhatIsDisabled) {
       disabled.insert(NameOf(control));
     }
   }
-  auto expected = Expected();
+  auto expected = ExpectedFrom(window);
   std::erase_if(expected, [&](const auto& stop) { return disabled.contains(stop); });
   expected.push_back(expected.front());
   EXPECT_EQ(Walk(window, Qt::Key_Tab, expected.size()), expected);
@@ -273,6 +300,17 @@ class ControlContract : public AnyWindow, public ::testing::WithParamInterface<C
     window = OpenByName(GetParam().window);
     control = Find(window, QString::fromStdString(GetParam().name));
     ASSERT_NE(control, nullptr);
+  }
+
+  // In a table the heading stands above: of several lines the first one counts.
+  [[nodiscard]] bool BeginsWithAHeading(const std::string& text) const {
+    for (const auto* label : window->findChildren<QLabel*>()) {
+      const auto heading = label->text().section(u'\n', 0, 0).toStdString();
+      if (heading.size() > 3 && text.starts_with(heading)) {
+        return true;
+      }
+    }
+    return false;
   }
 
   QWidget* window = nullptr;
@@ -329,7 +367,10 @@ TEST_P(ControlContract, IsNamedByWhatStandsBesideIt) {
   }
   const auto text = leftEdge >= 0 ? left : FrameOf(control) + " " + right;
   const NameList possible{text, text + " plus", text + " minus", text + " " + row.tooltip};
-  EXPECT_NE(std::find(possible.begin(), possible.end(), row.accessibleName), possible.end())
+  const bool isNamedSo =
+      std::find(possible.begin(), possible.end(), row.accessibleName) != possible.end();
+  const bool isInATable = row.window == "AVISplit";
+  EXPECT_TRUE(isNamedSo || (isInATable && BeginsWithAHeading(row.accessibleName)))
       << "beside it stands " << text;
 }
 

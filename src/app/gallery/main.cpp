@@ -63,6 +63,10 @@ void SetRealisticFigures(Settings& record) {
   record.TargetAVISize = 1400;
   record.HDVideoBitrate = 1640;
   record.HDAudioType = 2;
+  record.SplitSegmentsMode = 1;
+  record.SplitAVISize = 1950;
+  record.SplitSize1 = 700;
+  record.SplitSize2 = 700;
 }
 
 class Gallery {

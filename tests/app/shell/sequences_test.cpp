@@ -11,11 +11,8 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPoint>
 #include <QString>
-#include <QTest>
 #include <QWidget>
-#include <QWindow>
 #include <gtest/gtest.h>
 
 #include "app/windows/windows.h"
@@ -40,10 +37,10 @@ constexpr const char* AudioResultWithoutInterleaving = "210";  // 150 MB x 8192 
 class Sequences : public WindowTest {
  protected:
   static QString NameOfWindow(WindowId id) {
-    static const std::map<WindowId, QString> names{{WindowId::BitrateCalc, u"BitrateCalc"_s},
-                                                   {WindowId::AudioCalc, u"AudioCalc"_s},
-                                                   {WindowId::HDCalc, u"HDCalc"_s},
-                                                   {WindowId::Advanced, u"Advanced"_s}};
+    static const std::map<WindowId, QString> names{
+        {WindowId::BitrateCalc, u"BitrateCalc"_s}, {WindowId::AudioCalc, u"AudioCalc"_s},
+        {WindowId::HDCalc, u"HDCalc"_s},           {WindowId::Advanced, u"Advanced"_s},
+        {WindowId::AVISplit, u"AVISplit"_s},       {WindowId::QuickC, u"QuickC"_s}};
     return names.at(id);
   }
 
@@ -102,13 +99,8 @@ class Sequences : public WindowTest {
     EXPECT_EQ(Existing(WindowId::Advanced), nullptr);
   }
 
-  /// Clicks a box or an option where its caption begins: it may be wider than that.
-  void Choose(WindowId id, const QString& name) {
-    auto* window = Use(id);
-    const auto* button = Find<QAbstractButton>(window, name);
-    const QPoint start(button->height() / 2, button->height() / 2);
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, button->mapTo(window, start));
-  }
+  /// Clicks a box or an option.
+  void Choose(WindowId id, const QString& name) { Click(Find(Use(id), name)); }
 
   void TypeInto(WindowId id, const QString& name, const QString& text) {
     auto* window = Use(id);
@@ -532,6 +524,69 @@ TEST_F(Sequences, TheDiskWindowKnowsNothingOfOverheads) {
   Close(WindowId::HDCalc);
   Use(WindowId::HDCalc);
   EXPECT_EQ(ResultOf(WindowId::HDCalc), result);
+}
+
+TEST_F(Sequences, TheFrameRateOfTheSplitWindowIsThatOfTheConverter) {
+  Choose(WindowId::AVISplit, u"System(1)"_s);
+  EXPECT_EQ(Text(WindowId::AVISplit, u"Frames"_s), "143856");
+  Use(WindowId::QuickC);
+  EXPECT_TRUE(IsChecked(WindowId::QuickC, u"System(1)"_s));
+  EXPECT_EQ(Text(WindowId::QuickC, u"Frames"_s), "143856");
+  EXPECT_EQ(Text(WindowId::QuickC, u"Min"_s), "100");
+}
+
+TEST_F(Sequences, TheFrameRateOfTheConverterIsThatOfTheSplitWindowAndOfTheOverheads) {
+  Choose(WindowId::QuickC, u"System(2)"_s);
+  EXPECT_EQ(Text(WindowId::QuickC, u"Frames"_s), "179820");
+  Use(WindowId::AVISplit);
+  EXPECT_TRUE(IsChecked(WindowId::AVISplit, u"System(2)"_s));
+  EXPECT_EQ(Text(WindowId::AVISplit, u"Frames"_s), "179820");
+  UseAdvancedOf(WindowId::BitrateCalc);
+  EXPECT_TRUE(IsChecked(WindowId::Advanced, u"InterlOpt(4)"_s));
+}
+
+TEST_F(Sequences, TheOptionOfTheOverheadsIsTheFrameRateOfTheConverter) {
+  UseAdvancedOf(WindowId::AudioCalc);
+  Choose(WindowId::Advanced, u"InterlOpt(4)"_s);
+  Use(WindowId::QuickC);
+  EXPECT_TRUE(IsChecked(WindowId::QuickC, u"System(2)"_s));
+}
+
+TEST_F(Sequences, TheRunningTimeIsRoundedDownToWholeFramesForEveryWindow) {
+  TypeInto(WindowId::BitrateCalc, u"MLength"_s, u"100.001"_s);  // 150001.5 frames
+  EXPECT_EQ(record.MovieLength, 100.001);
+  Use(WindowId::AVISplit);
+  EXPECT_EQ(Text(WindowId::AVISplit, u"Frames"_s), "150001");
+  EXPECT_EQ(record.MovieLength, 150001.0 / 25 / 60);
+  Use(WindowId::HDCalc);
+  EXPECT_EQ(LengthIn(WindowId::HDCalc), "100.001");  // 100.000666...
+  Use(WindowId::QuickC);
+  EXPECT_EQ(Text(WindowId::QuickC, u"Frames"_s), "150001");
+}
+
+TEST_F(Sequences, FramesTypedInTheSplitWindowAreTheRunningTimeOfTheCalculators) {
+  TypeInto(WindowId::AVISplit, u"Frames"_s, u"135000"_s);
+  Use(WindowId::AudioCalc);
+  EXPECT_EQ(LengthIn(WindowId::AudioCalc), "90");
+  Use(WindowId::QuickC);
+  EXPECT_EQ(Text(WindowId::QuickC, u"Min"_s), "90");
+}
+
+TEST_F(Sequences, MinutesTypedInTheConverterAreTheFramesOfTheSplitWindow) {
+  TypeInto(WindowId::QuickC, u"Min"_s, u"90"_s);
+  Use(WindowId::AVISplit);
+  EXPECT_EQ(Text(WindowId::AVISplit, u"Frames"_s), "135000");
+  Use(WindowId::BitrateCalc);
+  EXPECT_EQ(LengthIn(WindowId::BitrateCalc), "90");
+}
+
+TEST_F(Sequences, TheSplitWindowClosedAndOpenedAgainShowsItsThreeSegments) {
+  Choose(WindowId::AVISplit, u"Segs(1)"_s);
+  EXPECT_EQ(Text(WindowId::AVISplit, u"SetF(7)"_s), "149749");
+  Close(WindowId::AVISplit);
+  Use(WindowId::AVISplit);
+  EXPECT_TRUE(IsChecked(WindowId::AVISplit, u"Segs(1)"_s));
+  EXPECT_EQ(Text(WindowId::AVISplit, u"SetF(7)"_s), "149749");
 }
 
 }  // namespace
