@@ -39,8 +39,6 @@ constexpr std::size_t RangesOfThree = 8;
 
 TextField* ReadOnly(TextField* field) {
   field->setReadOnly(true);
-  field->setAlignment(Qt::AlignRight);
-  field->SetVisibleDigits(9);
   return field;
 }
 
@@ -86,6 +84,8 @@ void AVISplit::MakeRangeFields() {
                              "Segment 3 Selection Start",        "Segment 3 Selection End"};
   for (std::size_t i = 0; i < SetF.size(); ++i) {
     SetF.at(i) = ReadOnly(new TextField(u"SetF(%1)"_s.arg(i), {}));
+    SetF.at(i)->setAlignment(Qt::AlignRight);
+    SetF.at(i)->SetVisibleDigits(9);
     SetF.at(i)->setAccessibleName(QString::fromLatin1(names.at(i)));
   }
 }
