@@ -4,15 +4,11 @@
 #include "split/avi_split.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 
 #include <QLabel>
 #include <QString>
-#include <QWidget>
 
 #include "app/input/common_choices.h"
 #include "app/input/field_text.h"
@@ -24,6 +20,7 @@
 #include "app/numbers/rounding.h"
 #include "app/numbers/running_time.h"
 #include "app/numbers/stepping.h"
+#include "split/range_table.h"
 #include "split/split_plan.h"
 
 namespace brindle {
@@ -34,13 +31,6 @@ namespace {
 
 constexpr double MostFrames = 99999999;
 constexpr double LongestInterval = 100;  // seconds
-constexpr std::size_t RangesOfTwo = 4;
-constexpr std::size_t RangesOfThree = 8;
-
-TextField* ReadOnly(TextField* field) {
-  field->setReadOnly(true);
-  return field;
-}
 
 void WriteOrClear(TextField* field, double value) {
   if (value < 0) {
@@ -61,33 +51,18 @@ AVISplit::AVISplit(Services& services)
       Segs(u"Segs"_s),
       Size1(new TextField(u"Size1"_s, u"Size of the first segment in Megabytes"_s)),
       Size2(new TextField(u"Size2"_s, u"Size of the second segment in Megabytes"_s)),
-      Size3(ReadOnly(new TextField(u"Size3"_s, u"Size of the third segment in Megabytes"_s))),
+      Size3(new TextField(u"Size3"_s, u"Size of the third segment in Megabytes"_s)),
       SegNo3Lab(MakeLabel(u"SegNo3Lab"_s, u"3"_s)),
       System(u"System"_s),
       KeyFs(new TextField(u"KeyFs"_s, u"DivX 3 codec setting"_s)),
       KeyFr(new ValueLabel(u"KeyFr"_s, {}, {u"88888888"_s})),
       Time1(new ValueLabel(u"Time1"_s, {}, {u"888"_s})),
       Time2(new ValueLabel(u"Time2"_s, {}, {u"88"_s})),
-      Time3(new ValueLabel(u"Time3"_s, {}, {u"88.88"_s})),
-      SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
-  MakeRangeFields();
+      Time3(new ValueLabel(u"Time3"_s, {}, {u"88.88"_s})) {
   MakeLayout();
   WireEvents();
   Form_Load();
   Focus().Begin(AVIsize);
-}
-
-void AVISplit::MakeRangeFields() {
-  constexpr std::array names{"Segment 1 Selection Start",        "Segment 1 Selection End",
-                             "Segment 2 Selection Start",        "Segment 2 Selection End",
-                             "Segment 2 second Selection Start", "Segment 2 second Selection End",
-                             "Segment 3 Selection Start",        "Segment 3 Selection End"};
-  for (std::size_t i = 0; i < SetF.size(); ++i) {
-    SetF.at(i) = ReadOnly(new TextField(u"SetF(%1)"_s.arg(i), {}));
-    SetF.at(i)->setAlignment(Qt::AlignRight);
-    SetF.at(i)->SetVisibleDigits(9);
-    SetF.at(i)->setAccessibleName(QString::fromLatin1(names.at(i)));
-  }
 }
 
 void AVISplit::MakeLayout() {
@@ -103,14 +78,13 @@ void AVISplit::MakeLayout() {
   NameByLabel(u"Duration: hours"_s, {Time1});
   NameByLabel(u"Duration: minutes"_s, {Time2});
   NameByLabel(u"Duration: seconds"_s, {Time3});
+  Size3->setReadOnly(true);
   Size1->setText(u"650"_s);
   Size2->setText(u"650"_s);
   KeyFr->Show(u"600"_s);
   Time3->Show(u"00.00"_s);
-  KeepRoom({SegNo3Lab, Size3, SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]});
+  KeepRoom({SegNo3Lab, Size3});
 
-  const auto start = u"Selection Start"_s;
-  const auto end = u"Selection End"_s;
   // clang-format off
   LayOut(this,
     Down({
@@ -137,13 +111,7 @@ void AVISplit::MakeLayout() {
           }),
         }),
       }),
-      MakeFrame(u"Select and DELETE indicated frame ranges:"_s,
-        Table({
-          {MakeLabel(u"Segment\nNo:"_s), MakeLabel(start), MakeLabel(end), MakeLabel(start), MakeLabel(end)},
-          {MakeLabel(u"1"_s), SetF[0], SetF[1]},
-          {MakeLabel(u"2"_s), SetF[2], SetF[3], SetF[4], SetF[5]},
-          {SegNo3Lab2, SetF[6], SetF[7]},
-        })),
+      MakeFrame(u"Select and DELETE indicated frame ranges:"_s, ranges_.Layout()),
     }));
   // clang-format on
 }
@@ -310,7 +278,7 @@ void AVISplit::SplitInTwo() {
   UpdateKeyframeCount();
   const auto inputs = InputsOf(NumberIn(Size1), 0);
   WriteOrClear(Size2, Remainder(inputs.megaBytes, inputs.firstMegaBytes));
-  ShowRanges(PlanOfTwo(inputs), RangesOfTwo);
+  ranges_.ShowTwo(PlanOfTwo(inputs));
 }
 
 // Deliberately takes the leading numbers of its parts, where two segments take whole texts only.
@@ -318,7 +286,7 @@ void AVISplit::SplitInThree() {
   UpdateKeyframeCount();
   const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));
   WriteOrClear(Size3, Remainder(inputs.megaBytes, inputs.firstMegaBytes, inputs.secondMegaBytes));
-  ShowRanges(PlanOfThree(inputs), RangesOfThree);
+  ranges_.ShowThree(PlanOfThree(inputs));
 }
 
 void AVISplit::UpdateKeyframeCount() {
@@ -388,19 +356,10 @@ void AVISplit::SelectSplitMode(int index) {
 
 // The second size is the rest of two segments, and typed of three.
 void AVISplit::ShowThirdSegment(bool isShown) {
-  for (auto* widget : std::initializer_list<QWidget*>{SegNo3Lab, Size3, SegNo3Lab2, SetF[4],
-                                                      SetF[5], SetF[6], SetF[7]}) {
-    widget->setVisible(isShown);
-  }
+  SegNo3Lab->setVisible(isShown);
+  Size3->setVisible(isShown);
+  ranges_.ShowThirdSegment(isShown);
   Size2->setReadOnly(!isShown);
-}
-
-void AVISplit::ShowRanges(const SplitPlan& plan, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto& range = plan.at(i / 2);
-    const auto& frame = i % 2 == 0 ? range.start : range.end;
-    SetF.at(i)->Write(frame ? ToQString(TextOf(*frame)) : QString());
-  }
 }
 
 SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) const {

@@ -3,13 +3,12 @@
 
 #pragma once
 
-#include <array>
-
 #include "app/input/form.h"
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
 #include "app/input/text_field.h"
 #include "app/windows/services.h"
+#include "split/range_table.h"
 #include "split/split_plan.h"
 
 class QLabel;
@@ -29,7 +28,6 @@ class AVISplit : public Form {
   enum class Editing { None, AVIsize, Frames, Size1, Size2, KeyFs };
 
   void MakeLayout();
-  void MakeRangeFields();
   void WireEvents();
 
   void Form_Load();
@@ -71,7 +69,6 @@ class AVISplit : public Form {
   void SelectSystem(int index);
   void SelectSplitMode(int index);
   void ShowThirdSegment(bool isShown);
-  void ShowRanges(const SplitPlan& plan, std::size_t count);
   [[nodiscard]] SplitInputs InputsOf(double firstMegaBytes, double secondMegaBytes) const;
   [[nodiscard]] double KeyFrameFrames() const;
 
@@ -91,8 +88,7 @@ class AVISplit : public Form {
   ValueLabel* Time1;
   ValueLabel* Time2;
   ValueLabel* Time3;
-  QLabel* SegNo3Lab2;
-  std::array<TextField*, 8> SetF{};
+  RangeTable ranges_;
 };
 
 }  // namespace brindle

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "split/range_table.h"
+
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+
+#include <QLabel>
+#include <QLayout>
+#include <QString>
+#include <QWidget>
+
+#include "app/input/field_text.h"
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/numbers/numeric_text.h"
+#include "split/split_plan.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array AccessibleNames{
+    "Segment 1 Selection Start",        "Segment 1 Selection End",
+    "Segment 2 Selection Start",        "Segment 2 Selection End",
+    "Segment 2 second Selection Start", "Segment 2 second Selection End",
+    "Segment 3 Selection Start",        "Segment 3 Selection End"};
+constexpr std::size_t RangesOfTwo = 2;
+constexpr std::size_t RangesOfThree = 4;
+constexpr int VisibleDigits = 9;
+
+void ShowFrame(TextField* field, const FrameNumber& frame) {
+  field->Write(frame ? ToQString(TextOf(*frame)) : QString());
+}
+
+}  // namespace
+
+RangeTable::RangeTable() : SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
+  for (std::size_t i = 0; i < SetF.size(); ++i) {
+    auto* field = new TextField(u"SetF(%1)"_s.arg(i), {});
+    field->setReadOnly(true);
+    field->setAlignment(Qt::AlignRight);
+    field->SetVisibleDigits(VisibleDigits);
+    field->setAccessibleName(QString::fromLatin1(AccessibleNames.at(i)));
+    SetF.at(i) = field;
+  }
+  KeepRoom({SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]});
+}
+
+QLayout* RangeTable::Layout() const {
+  const auto start = u"Selection Start"_s;
+  const auto end = u"Selection End"_s;
+  // clang-format off
+  return Table({
+    {MakeLabel(u"Segment\nNo:"_s), MakeLabel(start), MakeLabel(end), MakeLabel(start), MakeLabel(end)},
+    {MakeLabel(u"1"_s), SetF[0], SetF[1]},
+    {MakeLabel(u"2"_s), SetF[2], SetF[3], SetF[4], SetF[5]},
+    {SegNo3Lab2, SetF[6], SetF[7]},
+  });
+  // clang-format on
+}
+
+void RangeTable::ShowTwo(const SplitPlan& plan) { Show(plan, RangesOfTwo); }
+
+void RangeTable::ShowThree(const SplitPlan& plan) { Show(plan, RangesOfThree); }
+
+void RangeTable::ShowThirdSegment(bool isShown) {
+  for (auto* widget :
+       std::initializer_list<QWidget*>{SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]}) {
+    widget->setVisible(isShown);
+  }
+}
+
+void RangeTable::Show(const SplitPlan& plan, std::size_t ranges) {
+  for (std::size_t i = 0; i < ranges; ++i) {
+    ShowFrame(SetF.at(2 * i), plan.at(i).start);
+    ShowFrame(SetF.at(2 * i + 1), plan.at(i).end);
+  }
+}
+
+}  // namespace brindle

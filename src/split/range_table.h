@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "app/input/text_field.h"
+#include "split/split_plan.h"
+
+class QLabel;
+class QLayout;
+
+namespace brindle {
+
+/// The table of the frame ranges to delete: a line for each segment, a field for each frame number.
+class RangeTable {
+ public:
+  RangeTable();
+
+  /// The whole table, for the frame that it stands in.
+  [[nodiscard]] QLayout* Layout() const;
+
+  /// Shows the ranges of two segments; those that only three have stay as they are.
+  void ShowTwo(const SplitPlan& plan);
+  void ShowThree(const SplitPlan& plan);
+
+  /// Shows or hides the third segment and the second range of the second; nothing else moves.
+  void ShowThirdSegment(bool isShown);
+
+ private:
+  void Show(const SplitPlan& plan, std::size_t ranges);
+
+  std::array<TextField*, 8> SetF{};
+  QLabel* SegNo3Lab2;
+};
+
+}  // namespace brindle
