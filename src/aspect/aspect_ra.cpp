@@ -12,7 +12,6 @@
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
 #include "aspect/resolution.h"
 
 namespace brindle {
@@ -38,6 +37,7 @@ AspectRa::AspectRa(Services& services)
       AR1(new DropDownList(u"AR1"_s, u"Choose a standard film AR."_s)),
       AR2(new TextField(u"AR2"_s, u"Set a custom aspect ratio."_s)),
       MODUL(new DropDownList(u"MODUL"_s, {})),
+      // The tooltips of the sliders are deliberately worded so.
       HRES(new Slider(u"HRES"_s, u"Slide to select the vertical horizontal resolution."_s,
                       LeastWidth, MostWidth)),
       HRESL(new ValueLabel(u"HRESL"_s, {}, {u"888"_s})),
@@ -53,6 +53,7 @@ AspectRa::AspectRa(Services& services)
                                  {u"8.888"_s})),
       AspectError(new ValueLabel(u"Stats(5)"_s,
                                  u"An AR error of up to about 2% is considered negligible."_s,
+                                 // As large as a ratio such as 1e-30 makes it.
                                  {u"-8.88888888888888E+88%"_s})) {
   MakeLayout();
   WireEvents();
@@ -72,6 +73,8 @@ void AspectRa::MakeLayout() {
     MODUL->addItem(QString::number(modulus), modulus);
   }
   MODUL->setCurrentIndex(-1);
+  NameByTooltip(u"Horizontal Resolution:"_s, {HRES});
+  NameByTooltip(u"Vertical Resolution:"_s, {VRES});
   PixelCount->Show(u"414720"_s);
   AspectRatio->Show(u"1.778"_s);
 
@@ -108,7 +111,7 @@ void AspectRa::WireEvents() {
 }
 
 void AspectRa::Form_Load() {
-  record_.ResolutionIncrement = FirstModulus;
+  record_.ResolutionIncrement = FirstModulus;  // deliberately the same at every opening
   HRES->SetStep(FirstModulus);
   VRES->SetStep(FirstModulus);
   HRES->Write(record_.ResHorizontal);

@@ -9,6 +9,7 @@
 #include "app/input/option_group.h"
 #include "app/input/slider.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
 #include "app/windows/services.h"
 
 namespace brindle {

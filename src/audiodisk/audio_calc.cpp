@@ -108,6 +108,7 @@ void AudioCalc::Form_Load() {
 void AudioCalc::MLength_GotFocus() { SelectFirstTen(MLength); }
 void AudioCalc::MLength_KeyUp() { FillAndCalc(); }
 void AudioCalc::MLength_MouseDown() { FillAndCalc(); }
+// Deliberately stores without recomputing.
 void AudioCalc::MLength_MouseUp() {
   RepairText(MLength);
   if (!IsEmpty(MLength)) {
@@ -116,10 +117,10 @@ void AudioCalc::MLength_MouseUp() {
 }
 // Deliberately does not recompute.
 void AudioCalc::MLength_LostFocus() {
-  if (NumberIn(MLength) == 0) {
+  if (LeadingNumberIn(MLength) == 0) {
     MLength->Write(u"1"_s);
   }
-  record_.MovieLength = NumberIn(MLength);
+  record_.MovieLength = LeadingNumberIn(MLength);
 }
 
 void AudioCalc::MLengthP_MouseDown() { HoldPlus(MLength, std::nullopt); }
@@ -148,7 +149,7 @@ void AudioCalc::TargetM_MouseDown() { HoldMinus(Target, ToInteger16(NumberIn(Sou
 void AudioCalc::TargetM_MouseUp() { spin_.Release(Target); }
 
 void AudioCalc::Command1_Click() {
-  record_.AdvancedCaller = 2;
+  record_.AdvancedCaller = OpenedByAudio;
   services_.windows.Show(WindowId::Advanced);
 }
 

@@ -6,11 +6,12 @@
 #include <optional>
 
 #include "app/input/form.h"
-#include "app/input/interleaving_label.h"
 #include "app/input/results.h"
 #include "app/input/spin_button.h"
 #include "app/input/spin_hold.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
+#include "app/windows/interleaving_label.h"
 #include "app/windows/overhead_opener.h"
 #include "app/windows/services.h"
 

@@ -42,7 +42,7 @@ HDCalc::HDCalc(Services& services)
       Audio(u"Audio"_s),
       MP2(new EditableList(u"MP2"_s, u"AC3/Mp3 audio bitrate in kbps"_s)),
       Result(new ResultLabel(u"Result"_s,
-                             u"Megabytes of HD space needed for the Audio & Video files"_s, 7)) {
+                             u"Megabytes of HD space needed for the Audio & Video files"_s, 9)) {
   MakeLayout();
   WireEvents();
   Form_Load();
@@ -130,6 +130,7 @@ void HDCalc::Form_Load() {
     record_.MovieLength = 1;
   }
   DivX.Select(record_.DivXOption);
+  // Here, too: an unknown option selects nothing, and no handler runs.
   VideoFactor = VideoFactorOf(record_.DivXOption);
   Video.Select(ToInteger16(record_.HDVideoMode));
   Audio.Select(record_.HDAudioType);
@@ -231,6 +232,7 @@ void HDCalc::MP2_LostFocus() {
   CalcAndShowTotal();
 }
 
+// Deliberately fills without storing or counting.
 void HDCalc::MLength_GotFocus() {
   SelectFirstTen(MLength);
   FillBlank(Video1, u"1"_s);
@@ -293,8 +295,8 @@ void HDCalc::CalcAudioRate() {
 
 void HDCalc::CalcTotal() { TotalMB = TotalMegaBytes(NumberIn(MLength), AudioRate, VideoMB); }
 
-void HDCalc::ShowTotal(bool isMeant) {
-  const bool isShown = isMeant && TotalMB > 0;
+void HDCalc::ShowTotal(bool hasRunningTime) {
+  const bool isShown = hasRunningTime && TotalMB > 0;
   Result->Show(isShown ? ToQString(Formatted(TotalMB, "#")) : QString());
 }
 

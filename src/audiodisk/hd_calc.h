@@ -10,6 +10,7 @@
 #include "app/input/spin_button.h"
 #include "app/input/spin_hold.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
 #include "app/windows/services.h"
 
 namespace brindle {
@@ -68,7 +69,7 @@ class HDCalc : public Form {
   void CalcVideo();
   void CalcAudioRate();
   void CalcTotal();
-  void ShowTotal(bool isMeant);
+  void ShowTotal(bool hasRunningTime);
   void CalcAndShowTotal();
   void HoldPlus(TextField* field, void (HDCalc::*keyUp)());
   void HoldMinus(TextField* field, double lowest, void (HDCalc::*keyUp)());

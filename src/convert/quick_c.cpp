@@ -3,14 +3,13 @@
 
 #include "convert/quick_c.h"
 
-#include <cmath>
 #include <cstdint>
-#include <string>
 
 #include <QString>
 
 #include "app/input/common_choices.h"
 #include "app/input/field_text.h"
+#include "app/input/frames_field.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/numbers/frame_rate.h"
@@ -29,15 +28,13 @@ constexpr double MostRunningMinutes = 10000;
 constexpr double MostFrames = 3000000;
 
 // What hours and minutes undergo at every key and mouse press.
-void RepairPart(TextField* field, double limit) {
-  RepairText(field);
+void RewriteEntry(TextField* field, double limit) {
   RepairSign(field);
   RewriteWithin(field, limit);
 }
 
 // What the other fields undergo: they stay as they are typed unless something is wrong with them.
-void Repair(TextField* field, double limit) {
-  RepairText(field);
+void RepairEntry(TextField* field, double limit) {
   RepairSign(field);
   RepairWithin(field, limit);
 }
@@ -143,6 +140,7 @@ void QuickC::WireEvents() {
 }
 
 void QuickC::Form_Load() {
+  // Here, too: an unknown system selects nothing, and no handler runs.
   FrameRate = FramesPerSecond(record_.FrameRateSystem);
   WriteNumber(MB, record_.QuickSizeMB);
   WriteNumber(GB, record_.QuickSizeMB / 1024);
@@ -156,75 +154,76 @@ void QuickC::Form_Load() {
   System.Select(record_.FrameRateSystem);
 }
 
-void QuickC::Time1_KeyPress() { RepairPart(Time1, MostHours); }
+void QuickC::Time1_KeyPress() { RewriteEntry(Time1, MostHours); }
 void QuickC::Time1_KeyUp() {
-  RepairPart(Time1, MostHours);
+  RewriteEntry(Time1, MostHours);
   TimeChanged();
 }
 void QuickC::Time1_MouseDown() {
   NormalizeFields();
-  RepairPart(Time1, MostHours);
+  RewriteEntry(Time1, MostHours);
   TimeChanged();
 }
 void QuickC::Time1_LostFocus() { NormalizeFields(); }
 
-void QuickC::Time2_KeyPress() { RepairPart(Time2, MostMinutes); }
+void QuickC::Time2_KeyPress() { RewriteEntry(Time2, MostMinutes); }
 void QuickC::Time2_KeyUp() {
-  RepairPart(Time2, MostMinutes);
+  RewriteEntry(Time2, MostMinutes);
   TimeChanged();
 }
 void QuickC::Time2_MouseDown() {
   NormalizeFields();
-  RepairPart(Time2, MostMinutes);
+  RewriteEntry(Time2, MostMinutes);
   TimeChanged();
 }
 void QuickC::Time2_LostFocus() { NormalizeFields(); }
 
-void QuickC::Time3_KeyPress() { Repair(Time3, MostSeconds); }
+void QuickC::Time3_KeyPress() { RepairEntry(Time3, MostSeconds); }
 void QuickC::Time3_KeyUp() {
-  Repair(Time3, MostSeconds);
+  RepairEntry(Time3, MostSeconds);
   TimeChanged();
 }
 // Deliberately recomputes nothing, unlike its neighbours.
 void QuickC::Time3_MouseDown() {
   NormalizeFields();
-  Repair(Time3, MostSeconds);
+  RepairEntry(Time3, MostSeconds);
 }
-void QuickC::Time3_MouseUp() { Repair(Time3, MostSeconds); }
+void QuickC::Time3_MouseUp() { RepairEntry(Time3, MostSeconds); }
 void QuickC::Time3_LostFocus() {
   NormalizeFields();
   WriteFormatted(Time3, NumberIn(Time3), "00.00");
 }
 
-void QuickC::Min_KeyPress() { Repair(Min, MostRunningMinutes); }
+void QuickC::Min_KeyPress() { RepairEntry(Min, MostRunningMinutes); }
 void QuickC::Min_KeyUp() {
-  Repair(Min, MostRunningMinutes);
+  RepairEntry(Min, MostRunningMinutes);
   MinutesChanged();
 }
 void QuickC::Min_MouseDown() {
   NormalizeFields();
-  Repair(Min, MostRunningMinutes);
+  RepairEntry(Min, MostRunningMinutes);
   MinutesChanged();
 }
-void QuickC::Min_MouseUp() { Repair(Min, MostRunningMinutes); }
+void QuickC::Min_MouseUp() { RepairEntry(Min, MostRunningMinutes); }
 void QuickC::Min_LostFocus() {
   NormalizeFields();
   Min->Write(ShownMinutes(NumberIn(Min)));
 }
 
-void QuickC::Frames_KeyPress() { Repair(Frames, MostFrames); }
+void QuickC::Frames_KeyPress() { RepairEntry(Frames, MostFrames); }
 void QuickC::Frames_KeyUp() {
-  Repair(Frames, MostFrames);
+  RepairEntry(Frames, MostFrames);
   FramesChanged();
 }
 void QuickC::Frames_MouseDown() {
   NormalizeFields();
-  Repair(Frames, MostFrames);
+  RepairEntry(Frames, MostFrames);
   FramesChanged();
 }
-void QuickC::Frames_MouseUp() { Repair(Frames, MostFrames); }
+void QuickC::Frames_MouseUp() { RepairEntry(Frames, MostFrames); }
 void QuickC::Frames_LostFocus() { NormalizeFields(); }
 
+// The running time is kept and the frames follow it.
 void QuickC::System_Click(int index) {
   FrameRate = FramesPerSecond(index);
   record_.FrameRateSystem = static_cast<std::int16_t>(index);
@@ -257,37 +256,25 @@ void QuickC::FramesChanged() {
 }
 
 void QuickC::TimeFromFrames() {
-  StoreMinutesOfFrames();
-  ShowSeconds(NumberIn(Frames) / FrameRate);
+  StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
+  ShowTime(NumberIn(Frames) / FrameRate / 60);
 }
 
-void QuickC::TimeFromMinutes() { ShowSeconds(NumberIn(Min) * 60); }
+void QuickC::TimeFromMinutes() { ShowTime(NumberIn(Min)); }
 
-void QuickC::ShowSeconds(double seconds) {
-  const auto time = TakeApart(seconds / 60);
+// Nothing where there is no frame rate to know it by.
+void QuickC::ShowTime(double minutes) {
+  const auto time = TakeApart(minutes);
   WriteNumber(Time1, time.hours);
   WriteNumber(Time2, time.minutes);
   WriteFormatted(Time3, time.seconds, "00.00");
 }
 
-// Rounds the running time down to whole frames.
-void QuickC::FramesFromMinutes() {
-  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
-  // Frames out of range are shown as nothing.
-  if (!IsEmpty(Frames)) {
-    StoreMinutesOfFrames();
-  }
-}
+void QuickC::FramesFromMinutes() { WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength); }
 
 void QuickC::MinutesFromTime() {
   record_.MovieLength = InMinutes({NumberIn(Time1), NumberIn(Time2), NumberIn(Time3)});
   Min->Write(ShownMinutes(record_.MovieLength));
-}
-
-void QuickC::StoreMinutesOfFrames() {
-  if (const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate)) {
-    record_.MovieLength = *minutes;
-  }
 }
 
 void QuickC::NormalizeFields() {
@@ -323,7 +310,7 @@ void QuickC::ConvertFrom(SizeUnit unit) {
       FieldOf(other)->Write(ToQString(texts.at(IndexOf(other))));
     }
   }
-  // Deliberately before the tidying.
+  // Deliberately before the tidying, which rounds sizes and empties those of 0.
   record_.QuickSizeMB = NumberIn(MB);
   if (!IsEmpty(source)) {
     TidyUnitFields(unit);

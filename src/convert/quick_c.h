@@ -3,13 +3,10 @@
 
 #pragma once
 
-#include <array>
-
-#include <QLineEdit>
-
 #include "app/input/form.h"
 #include "app/input/option_group.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
 #include "app/windows/services.h"
 #include "convert/size_units.h"
 
@@ -59,10 +56,9 @@ class QuickC : public Form {
   void FramesChanged();
   void TimeFromFrames();
   void TimeFromMinutes();
-  void ShowSeconds(double seconds);
+  void ShowTime(double minutes);
   void FramesFromMinutes();
   void MinutesFromTime();
-  void StoreMinutesOfFrames();
   void NormalizeFields();
   void ConvertFrom(SizeUnit unit);
   void TidyUnitFields(SizeUnit editing);

@@ -12,6 +12,7 @@
 
 #include "app/input/common_choices.h"
 #include "app/input/field_text.h"
+#include "app/input/frames_field.h"
 #include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
@@ -56,7 +57,7 @@ AVISplit::AVISplit(Services& services)
       System(u"System"_s),
       KeyFs(new TextField(u"KeyFs"_s, u"DivX 3 codec setting"_s)),
       KeyFr(new ValueLabel(u"KeyFr"_s, {}, {u"88888888"_s})),
-      Time1(new ValueLabel(u"Time1"_s, {}, {u"888"_s})),
+      Time1(new ValueLabel(u"Time1"_s, {}, {u"8888"_s})),
       Time2(new ValueLabel(u"Time2"_s, {}, {u"88"_s})),
       Time3(new ValueLabel(u"Time3"_s, {}, {u"88.88"_s})) {
   MakeLayout();
@@ -69,8 +70,8 @@ void AVISplit::MakeLayout() {
   const auto segmentsLabel = u"No. of Segments:"_s;
   const auto sizeLabel = u"Size (MB):"_s;
   const auto systemLabel = u"System:"_s;
-  auto* two = Segs.Add(0, u"2"_s, u"Cut the AVI to two segments"_s);
-  auto* three = Segs.Add(1, u"3"_s, u"Cut the AVI to three segments"_s);
+  auto* two = Segs.Add(Two, u"2"_s, u"Cut the AVI to two segments"_s);
+  auto* three = Segs.Add(Three, u"3"_s, u"Cut the AVI to three segments"_s);
   const auto systems = AddFrameRateSystems(System);
   NameByTooltip(segmentsLabel, {two, three});
   NameByTooltip(systemLabel, {systems[0], systems[1], systems[2]});
@@ -140,16 +141,16 @@ void AVISplit::Form_Load() {
   if (record_.MovieLength == 0) {
     record_.MovieLength = 1;
   }
+  // Here, too: an unknown system selects nothing, and no handler runs.
   FrameRate = FramesPerSecond(record_.FrameRateSystem);
   System.Select(record_.FrameRateSystem);
   WriteNumber(AVIsize, record_.SplitAVISize);
   WriteNumber(Size1, record_.SplitSize1);
   WriteNumber(Size2, record_.SplitSize2);
-  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
-  StoreRunningTime();
+  WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength);
   WriteNumber(KeyFs, record_.KeyframeInterval);
   const bool isThree = record_.SplitSegmentsMode != 0;
-  Segs.Select(isThree ? 1 : 0);
+  Segs.Select(isThree ? Three : Two);
   if (isThree) {
     WriteNumber(Size3, Remainder(record_.SplitAVISize, record_.SplitSize1, record_.SplitSize2));
   } else {
@@ -185,6 +186,7 @@ void AVISplit::Size1_KeyUp() { EditSize(Editing::Size1, Size1, &Settings::SplitS
 void AVISplit::Size1_MouseDown() { EditSize(Editing::Size1, Size1, &Settings::SplitSize1); }
 
 void AVISplit::Size2_GotFocus() { SelectWholeText(Size2); }
+// Deliberately also of two segments, where the size is the rest that was worked out.
 void AVISplit::Size2_KeyUp() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
 void AVISplit::Size2_MouseDown() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
 
@@ -193,6 +195,7 @@ void AVISplit::Size3_GotFocus() { SelectWholeText(Size3); }
 void AVISplit::System_Click(int index) { SelectSystem(index); }
 
 void AVISplit::KeyFs_GotFocus() { SelectWholeText(KeyFs); }
+// Deliberately stores without recomputing, like LimitFrames().
 void AVISplit::KeyFs_KeyPress() {
   if (!IsEmpty(KeyFs)) {
     LimitKeyFs();
@@ -222,7 +225,7 @@ void AVISplit::EditFrames() {
   }
   WriteNumber(Frames, std::abs(WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames))));
   if (NumberIn(Frames) > 0) {
-    StoreRunningTime();
+    StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
     Recalculate();
   }
 }
@@ -230,7 +233,7 @@ void AVISplit::EditFrames() {
 void AVISplit::LimitFrames() {
   if (!IsEmpty(Frames)) {
     WriteNumber(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
-    StoreRunningTime();
+    StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
   }
 }
 
@@ -258,16 +261,8 @@ void AVISplit::LimitKeyFs() {
   }
 }
 
-void AVISplit::StoreRunningTime() {
-  const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate);
-  // Frames out of range are shown as nothing.
-  if (minutes && !IsEmpty(Frames)) {
-    record_.MovieLength = *minutes;
-  }
-}
-
 void AVISplit::Recalculate() {
-  if (Segs.Selected() == 0) {
+  if (Segs.Selected() == Two) {
     SplitInTwo();
   } else {
     SplitInThree();
@@ -292,32 +287,28 @@ void AVISplit::SplitInThree() {
 void AVISplit::UpdateKeyframeCount() {
   UpdateFramesAndDuration();
   if (NumberIn(KeyFs) == 0) {
+    // Deliberately without storing it.
     KeyFs->Write(u"1"_s);
   }
-  const auto keyFrames = KeyFrames(NumberIn(Frames), KeyFrameFrames());
+  const auto keyFrames = KeyFrames(NumberIn(Frames), IntervalInFrames());
   KeyFr->Show(keyFrames ? QString::number(*keyFrames) : QString());
 }
 
 // Rounds the running time down to whole frames.
 void AVISplit::UpdateFramesAndDuration() {
-  WriteNumber(Frames, WholeFrames(record_.MovieLength, FrameRate));
-  StoreRunningTime();
-  const double seconds = NumberIn(Frames) / FrameRate;
-  if (!std::isfinite(seconds)) {
-    for (auto* part : {Time1, Time2, Time3}) {
-      part->Show({});
-    }
-    return;
-  }
-  const auto time = TakeApart(seconds / 60);
-  Time1->Show(ToQString(TextOf(time.hours)));
-  Time2->Show(ToQString(TextOf(time.minutes)));
-  Time3->Show(ToQString(Formatted(time.seconds, "00.00")));
+  WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength);
+  const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate);
+  const auto time = TakeApart(minutes.value_or(0));
+  Time1->Show(minutes ? ToQString(TextOf(time.hours)) : QString());
+  Time2->Show(minutes ? ToQString(TextOf(time.minutes)) : QString());
+  Time3->Show(minutes ? ToQString(Formatted(time.seconds, "00.00")) : QString());
 }
 
+// Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows
+// what was typed; and cuts at every key: a file being typed over pulls the first segment down.
 void AVISplit::FillBlankFields(Editing editing) {
   const auto one = u"1"_s;
-  const bool isThree = Segs.Selected() == 1;
+  const bool isThree = Segs.Selected() == Three;
   if (editing != Editing::AVIsize) {
     FillBlank(AVIsize, one);
   }
@@ -350,7 +341,7 @@ void AVISplit::SelectSystem(int index) {
 
 void AVISplit::SelectSplitMode(int index) {
   record_.SplitSegmentsMode = index;
-  ShowThirdSegment(index == 1);
+  ShowThirdSegment(index == Three);
   Recalculate();
 }
 
@@ -367,9 +358,9 @@ SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) co
           .megaBytes = NumberIn(AVIsize),
           .firstMegaBytes = firstMegaBytes,
           .secondMegaBytes = secondMegaBytes,
-          .keyFrameInterval = KeyFrameFrames()};
+          .keyFrameInterval = IntervalInFrames()};
 }
 
-double AVISplit::KeyFrameFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }
+double AVISplit::IntervalInFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }
 
 }  // namespace brindle

@@ -7,6 +7,7 @@
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
 #include "app/windows/services.h"
 #include "split/range_table.h"
 #include "split/split_plan.h"
@@ -26,6 +27,7 @@ class AVISplit : public Form {
  private:
   /// The field that FillBlankFields() leaves alone.
   enum class Editing { None, AVIsize, Frames, Size1, Size2, KeyFs };
+  enum Segments { Two, Three };
 
   void MakeLayout();
   void WireEvents();
@@ -58,7 +60,6 @@ class AVISplit : public Form {
   void LimitFrames();
   void EditKeyFs();
   void LimitKeyFs();
-  void StoreRunningTime();
 
   void Recalculate();
   void SplitInTwo();
@@ -70,7 +71,7 @@ class AVISplit : public Form {
   void SelectSplitMode(int index);
   void ShowThirdSegment(bool isShown);
   [[nodiscard]] SplitInputs InputsOf(double firstMegaBytes, double secondMegaBytes) const;
-  [[nodiscard]] double KeyFrameFrames() const;
+  [[nodiscard]] double IntervalInFrames() const;
 
   Settings& record_;
   double FrameRate = 0;  // frames per second

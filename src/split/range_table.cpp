@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstddef>
-#include <initializer_list>
 
 #include <QLabel>
 #include <QLayout>
@@ -48,7 +47,9 @@ RangeTable::RangeTable() : SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
     field->setAccessibleName(QString::fromLatin1(AccessibleNames.at(i)));
     SetF.at(i) = field;
   }
-  KeepRoom({SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]});
+  for (auto* widget : ThirdSegment()) {
+    KeepRoom({widget});
+  }
 }
 
 QLayout* RangeTable::Layout() const {
@@ -69,10 +70,14 @@ void RangeTable::ShowTwo(const SplitPlan& plan) { Show(plan, RangesOfTwo); }
 void RangeTable::ShowThree(const SplitPlan& plan) { Show(plan, RangesOfThree); }
 
 void RangeTable::ShowThirdSegment(bool isShown) {
-  for (auto* widget :
-       std::initializer_list<QWidget*>{SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]}) {
+  for (auto* widget : ThirdSegment()) {
     widget->setVisible(isShown);
   }
+}
+
+// What only three segments have.
+std::array<QWidget*, 5> RangeTable::ThirdSegment() const {
+  return {SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]};
 }
 
 void RangeTable::Show(const SplitPlan& plan, std::size_t ranges) {

@@ -11,6 +11,7 @@
 
 class QLabel;
 class QLayout;
+class QWidget;
 
 namespace brindle {
 
@@ -31,6 +32,7 @@ class RangeTable {
 
  private:
   void Show(const SplitPlan& plan, std::size_t ranges);
+  [[nodiscard]] std::array<QWidget*, 5> ThirdSegment() const;
 
   std::array<TextField*, 8> SetF{};
   QLabel* SegNo3Lab2;

@@ -189,9 +189,9 @@ void Advanced::RefreshOpener() {
     opener.Recompute();
     opener.ShowInterleaving();
   };
-  if (record_.AdvancedCaller == 1) {
+  if (record_.AdvancedCaller == OpenedByVideo) {
     refresh(WindowId::BitrateCalc);
-  } else if (record_.AdvancedCaller == 2) {
+  } else if (record_.AdvancedCaller == OpenedByAudio) {
     refresh(WindowId::AudioCalc);
   }
 }

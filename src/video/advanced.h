@@ -6,6 +6,7 @@
 #include "app/input/form.h"
 #include "app/input/option_group.h"
 #include "app/input/text_field.h"
+#include "app/settings/settings.h"
 #include "app/windows/services.h"
 
 class QCheckBox;

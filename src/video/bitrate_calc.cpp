@@ -278,7 +278,7 @@ void BitrateCalc::DivX_Click(int index) {
 }
 
 void BitrateCalc::Advance_Click() {
-  record_.AdvancedCaller = 1;
+  record_.AdvancedCaller = OpenedByVideo;
   services_.windows.Show(WindowId::Advanced);
 }
 

@@ -11,13 +11,13 @@
 
 #include "app/input/editable_list.h"
 #include "app/input/form.h"
-#include "app/input/interleaving_label.h"
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
 #include "app/input/results.h"
 #include "app/input/spin_button.h"
 #include "app/input/spin_hold.h"
 #include "app/input/text_field.h"
+#include "app/windows/interleaving_label.h"
 #include "app/windows/overhead_opener.h"
 #include "app/windows/services.h"
 

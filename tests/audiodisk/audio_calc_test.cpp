@@ -370,6 +370,14 @@ TEST_F(AudioTyping, ARunningTimeOfZeroShowsNothingAndBecomesOneWhenLeft) {
   EXPECT_EQ(Text("Result"), "");
 }
 
+TEST_F(AudioTyping, ARunningTimeLeftBeforeItsLastKeyIsLetGoKeepsItsNumber) {
+  TabTo(MLength);
+  TypeOver(u"12"_s);
+  KeyDown(Qt::Key_X, u"x"_s);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(record.MovieLength, 12);
+}
+
 TEST_F(AudioTyping, AFractionBelowOneCanBeTyped) {
   TabTo(MLength);
   TypeOver(u".5"_s);

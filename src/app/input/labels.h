@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 

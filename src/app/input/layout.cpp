@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
 
 #include <QAbstractButton>
 #include <QBoxLayout>

@@ -39,9 +39,10 @@ inline constexpr int FrameSpacing = 12;
 class RowHead {
  public:
   RowHead() = default;
-  RowHead(const QString& text);      // NOLINT(google-explicit-constructor): a tree of nodes
-  RowHead(QLabel* label);            // NOLINT(google-explicit-constructor)
-  RowHead(QAbstractButton* button);  // NOLINT(google-explicit-constructor)
+  // Implicit: nodes of a tree.
+  RowHead(const QString& text);
+  RowHead(QLabel* label);
+  RowHead(QAbstractButton* button);
 
   /// Null where the line has no head.
   [[nodiscard]] QWidget* Widget() const { return widget_; }
@@ -100,9 +101,9 @@ void NameByTooltip(const QString& label, std::initializer_list<QWidget*> control
 /// A node of a window's layout tree: a widget, another layout, or room that stretches.
 class Item {
  public:
-  Item(QWidget* widget)
-      : widget_(widget) {}  // NOLINT(google-explicit-constructor): a tree of nodes
-  Item(QLayout* layout) : layout_(layout) {}  // NOLINT(google-explicit-constructor)
+  // Implicit: nodes of a tree.
+  Item(QWidget* widget) : widget_(widget) {}
+  Item(QLayout* layout) : layout_(layout) {}
   static Item Stretch() { return {static_cast<QWidget*>(nullptr)}; }
 
   void AddTo(QBoxLayout* box) const;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QSize>
 #include <QString>
 
 #include "app/input/labels.h"

@@ -3,7 +3,13 @@
 
 #pragma once
 
+#include <cstdint>
+
 namespace brindle {
+
+/// Who opened the overhead window, as the settings record has it.
+inline constexpr std::int16_t OpenedByVideo = 1;
+inline constexpr std::int16_t OpenedByAudio = 2;
 
 /// A window that the overhead window was opened from, as that window sees it.
 class OverheadOpener {

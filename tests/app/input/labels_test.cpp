@@ -9,9 +9,6 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/input/interleaving_label.h"
-#include "app/settings/settings.h"
-
 namespace brindle {
 namespace {
 
@@ -39,24 +36,6 @@ TEST(ValueLabel, TellsAScreenReaderWhatItShows) {
   label.Show(u"7"_s);
   EXPECT_EQ(label.text(), u"7"_s);
   EXPECT_EQ(label.accessibleDescription(), u"7"_s);
-}
-
-TEST(InterleavingLabel, IsOnWhereAnyOverheadIsCounted) {
-  Settings record;
-  InterleavingLabel label(record);
-  label.Refresh();
-  EXPECT_EQ(label.text(), u"OFF"_s);
-  record.VideoFrameOverhead = 0.001;
-  EXPECT_EQ(label.text(), u"OFF"_s);
-  label.Refresh();
-  EXPECT_EQ(label.text(), u"ON"_s);
-  record.VideoFrameOverhead = 0;
-  record.AudioInterleaveOverhead = 0.001;
-  label.Refresh();
-  EXPECT_EQ(label.text(), u"ON"_s);
-  record.VideoFrameOverhead = -0.001;
-  label.Refresh();
-  EXPECT_EQ(label.text(), u"OFF"_s);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "app/input/interleaving_label.h"
+#include "app/windows/interleaving_label.h"
 
 #include <QString>
 
