@@ -185,7 +185,7 @@ void QuickC::Time3_KeyUp() {
 }
 // Deliberately recomputes nothing, unlike its neighbours.
 void QuickC::Time3_MouseDown() {
-  NormalizeFields();
+  NormalizeFields(Time3);
   RepairEntry(Time3, MostSeconds);
 }
 void QuickC::Time3_MouseUp() { RepairEntry(Time3, MostSeconds); }
@@ -277,14 +277,15 @@ void QuickC::MinutesFromTime() {
   Min->Write(ShownMinutes(record_.MovieLength));
 }
 
-void QuickC::NormalizeFields() {
+// Seconds that somebody is about to go on typing keep the zeros at their end.
+void QuickC::NormalizeFields(const TextField* pressed) {
   for (auto* part : {Time1, Time2}) {
     if (!IsEmpty(part)) {
       WriteNumber(part, WholePart(LeadingNumberIn(part)));
     }
   }
   if (!IsEmpty(Time3) && !Time3->text().endsWith(u'.')) {
-    WriteNumber(Time3, LeadingNumberIn(Time3));
+    (pressed == Time3 ? WriteOwnNumber : WriteNumber)(Time3, LeadingNumberIn(Time3));
   }
   if (IsEmpty(B) || IsEmpty(KB) || IsEmpty(MB) || IsEmpty(GB)) {
     for (auto* size : {GB, MB, KB, B}) {

@@ -59,7 +59,7 @@ class QuickC : public Form {
   void ShowTime(double minutes);
   void FramesFromMinutes();
   void MinutesFromTime();
-  void NormalizeFields();
+  void NormalizeFields(const TextField* pressed = nullptr);
   void ConvertFrom(SizeUnit unit);
   void TidyUnitFields(SizeUnit editing);
   [[nodiscard]] TextField* FieldOf(SizeUnit unit) const;

@@ -636,6 +636,17 @@ TEST_F(QuickTimes, ShowThePlainSecondsToWhoeverComesToThem) {
   EXPECT_EQ(FieldNamed("Time3")->selectedText(), u"7.5"_s);
 }
 
+TEST_F(QuickTimes, SecondsBeingTypedKeepTheirZerosAtAPressOfTheMouse) {
+  auto* seconds = FieldNamed("Time3");
+  seconds->setFocus();
+  TypeOver(u"10.0"_s);
+  Click(seconds);
+  EXPECT_EQ(Text("Time3"), "10.0");
+  Key(Qt::Key_End);
+  Type(u"5"_s);
+  EXPECT_EQ(Text("Time3"), "10.05");
+}
+
 TEST_F(QuickTimes, FollowEveryKey) {
   Type(u"9"_s);  // over the selected minutes
   EXPECT_EQ(Time(), "0:9:00.00 9 13500");
