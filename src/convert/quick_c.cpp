@@ -125,17 +125,18 @@ void QuickC::WireEvents() {
     .MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp)
     .LostFocus(&Self::Frames_LostFocus);
   on(&System).Click(&Self::System_Click);
-  for (auto* field : {Time1, Time2, Time3, Min, Frames, B, KB, MB, GB}) {
-    Focus().OnGotFocus(field, [field] { SelectWholeText(field); });
-  }
   // clang-format on
+  for (auto* field : {Time1, Time2, Time3, Min, Frames, B, KB, MB, GB}) {
+    on(field).GotFocus([field] { SelectWholeText(field); });
+  }
   for (const auto unit : SizeUnits) {
-    auto* field = FieldOf(unit);
-    connect(field, &TextField::KeyPress, this, [this, unit] { ConvertFrom(unit); });
-    connect(field, &TextField::KeyUp, this, [this, unit] { ConvertFrom(unit); });
-    connect(field, &TextField::MouseDown, this, [this, unit] { Unit_MouseDown(unit); });
-    connect(field, &TextField::MouseUp, this, [this, unit] { ConvertFrom(unit); });
-    Focus().OnLostFocus(field, [this] { NormalizeFields(); });
+    const auto convert = [this, unit] { ConvertFrom(unit); };
+    on(FieldOf(unit))
+        .KeyPress(convert)
+        .KeyUp(convert)
+        .MouseDown([this, unit] { Unit_MouseDown(unit); })
+        .MouseUp(convert)
+        .LostFocus([this] { NormalizeFields(); });
   }
 }
 

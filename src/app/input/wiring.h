@@ -4,6 +4,8 @@
 #pragma once
 
 #include <concepts>
+#include <functional>
+#include <type_traits>
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -18,8 +20,9 @@
 
 namespace brindle {
 
-/// One line of a window's table of handlers: which of the window's member functions runs at which
-/// event of one control. An event without a handler changes nothing.
+/// One line of a window's table of handlers: which of the window's member functions, or which other
+/// function where several controls share one, runs at which event of one control. An event without
+/// a handler changes nothing.
 template <class Window, class Control>
 class Wire {
  public:
@@ -27,24 +30,34 @@ class Wire {
 
   Wire(Window* window, Control* control) : window_(window), control_(control) {}
 
-  Wire& GotFocus(Handler handler) {
+  template <class Slot>
+  Wire& GotFocus(Slot handler) {
     window_->Focus().OnGotFocus(control_, Bound(handler));
     return *this;
   }
-  Wire& LostFocus(Handler handler) {
+  template <class Slot>
+  Wire& LostFocus(Slot handler) {
     window_->Focus().OnLostFocus(control_, Bound(handler));
     return *this;
   }
-  Wire& KeyPress(Handler handler) { return Connected(Field(), &TextField::KeyPress, handler); }
-  Wire& KeyUp(Handler handler) { return Connected(Field(), &TextField::KeyUp, handler); }
-  Wire& MouseDown(Handler handler) {
+  template <class Slot>
+  Wire& KeyPress(Slot handler) {
+    return Connected(Field(), &TextField::KeyPress, handler);
+  }
+  template <class Slot>
+  Wire& KeyUp(Slot handler) {
+    return Connected(Field(), &TextField::KeyUp, handler);
+  }
+  template <class Slot>
+  Wire& MouseDown(Slot handler) {
     if constexpr (std::same_as<Control, SpinButton>) {
       return Connected(control_, &SpinButton::MouseDown, handler);
     } else {
       return Connected(Field(), &TextField::MouseDown, handler);
     }
   }
-  Wire& MouseUp(Handler handler) {
+  template <class Slot>
+  Wire& MouseUp(Slot handler) {
     if constexpr (std::same_as<Control, SpinButton>) {
       return Connected(control_, &SpinButton::MouseUp, handler);
     } else {
@@ -82,8 +95,13 @@ class Wire {
   }
 
  private:
-  auto Bound(Handler handler) {
-    return [window = window_, handler] { (window->*handler)(); };
+  template <class Slot>
+  std::function<void()> Bound(Slot handler) {
+    if constexpr (std::is_member_function_pointer_v<Slot>) {
+      return [window = window_, handler] { (window->*handler)(); };
+    } else {
+      return handler;
+    }
   }
 
   template <class Sender, class Signal, class Slot>
