@@ -5,9 +5,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 #include <variant>
 
 #include <QByteArray>
@@ -26,10 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 LargestFile = 1'048'576;  // bytes
-
-QString Message(const char* cannot, const FileError& error) {
-  return QLatin1StringView(cannot) + error.path + u": "_s + error.reason;
-}
 
 bool IsWherePackagesGo(const QString& folder) {
 #ifdef Q_OS_WIN
@@ -52,10 +46,6 @@ bool CanCreateFileIn(const QString& folder) {
   return file.open();
 }
 
-FileError ErrorOf(const QString& path, const QFileDevice& file) {
-  return {QDir::toNativeSeparators(path), file.errorString()};
-}
-
 // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
 bool OpenForReplacing(QSaveFile& file) {
   return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
@@ -76,10 +66,6 @@ bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
 
 }  // namespace
 
-QString CannotRead(const FileError& error) { return Message("Cannot read ", error); }
-
-QString CannotWrite(const FileError& error) { return Message("Cannot write ", error); }
-
 QString ChooseAppFolder(const QString& programFolder, const QString& configFolder) {
   if (!IsWherePackagesGo(programFolder) && CanCreateFileIn(programFolder)) {
     return programFolder;
@@ -95,16 +81,12 @@ QString DesktopConfigFolder() {
 SettingsFile::SettingsFile(const QString& folder) : path_(folder + u"/Brindle2.ini"_s) {}
 
 std::variant<QByteArray, FileError> SettingsFile::Read() const {
-  std::error_code error;
-  const auto status = std::filesystem::status(path_.toStdU16String(), error);
-  if (status.type() == std::filesystem::file_type::not_found) {
+  const auto [anything, error] = WhatStandsAt(path_);
+  if (!anything) {
     return QByteArray();
   }
   if (error) {
-    return FileError{QDir::toNativeSeparators(path_), qt_error_string(error.value())};
-  }
-  if (!std::filesystem::is_regular_file(status)) {
-    return FileError{QDir::toNativeSeparators(path_), u"not a file"_s};
+    return *error;
   }
   QFile file(path_);
   if (file.open(QIODevice::ReadOnly)) {

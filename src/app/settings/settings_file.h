@@ -9,19 +9,9 @@
 #include <QByteArray>
 #include <QString>
 
+#include "app/settings/file_error.h"
+
 namespace brindle {
-
-/// What the system refused: the path it was about, in the platform's own separators, and the
-/// system's reason.
-struct FileError {
-  QString path;
-  QString reason;
-};
-
-/// "Cannot read PATH: REASON".
-[[nodiscard]] QString CannotRead(const FileError& error);
-/// "Cannot write PATH: REASON".
-[[nodiscard]] QString CannotWrite(const FileError& error);
 
 /// The folder that holds the settings file, without a trailing separator: `programFolder`, unless
 /// that lies where the system's packages put programs or no file can be created in it; then

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include <QFileDevice>
+#include <QString>
+
+namespace brindle {
+
+/// What the system refused: the path it was about, in the platform's own separators, and the
+/// system's reason.
+struct FileError {
+  QString path;
+  QString reason;
+};
+
+/// The error of `path` with this reason.
+[[nodiscard]] FileError ErrorOf(const QString& path, const QString& reason);
+/// The error that `file`, opened by `path`, met last.
+[[nodiscard]] FileError ErrorOf(const QString& path, const QFileDevice& file);
+
+/// "Cannot read PATH: REASON".
+[[nodiscard]] QString CannotRead(const FileError& error);
+/// "Cannot write PATH: REASON".
+[[nodiscard]] QString CannotWrite(const FileError& error);
+
+/// What stands at a path, links followed.
+struct Standing {
+  bool anything = true;
+  /// Why it cannot be opened as a file: "not a file" for a folder, a pipe, a device; the system's
+  /// reason where it cannot be told.
+  std::optional<FileError> error;
+};
+
+/// To be looked at before a file is opened: opening a pipe would wait for its other end.
+[[nodiscard]] Standing WhatStandsAt(const QString& path);
+
+}  // namespace brindle

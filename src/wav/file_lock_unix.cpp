@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include "wav/file_lock.h"
+
+namespace brindle {
+
+// Two kinds of locks that do not know of each other: on a whole file, and on its ranges.
+bool IsLocked(int descriptor) {
+  if (flock(descriptor, LOCK_SH | LOCK_NB) != 0) {
+    return true;
+  }
+  flock(descriptor, LOCK_UN);
+  struct flock range = {};
+  range.l_type = F_RDLCK;
+  range.l_whence = SEEK_SET;
+  return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
+}
+
+}  // namespace brindle

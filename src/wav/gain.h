@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "wav/samples.h"
+
+namespace brindle {
+
+/// The factor that takes the peak nearer to its end of the 16-bit range to `targetPercent` of it:
+/// the smaller of |32767 / highest| and |-32768 / lowest|, times targetPercent / 100. A peak of 0
+/// asks for nothing; nothing comes of a silent file, where both are 0. Peaks -16384 and 8191 at
+/// 100 % give 2. A target of 0 or below is taken as it stands.
+[[nodiscard]] std::optional<double> GainFor(std::int16_t lowest, std::int16_t highest,
+                                            double targetPercent);
+
+/// Whether an amplification lies outside of 100 % plus and minus the tolerance; its ends count as
+/// outside. All in percent.
+[[nodiscard]] bool IsNormalizationRequired(double amplification, double tolerance);
+
+/// What each level becomes: times the gain, to the nearest whole number (ties to even: at 0.5, 3
+/// becomes 2 and 5 becomes 2), stopping at -32768 and 32767. Made once, then one look a sample.
+class GainTable {
+ public:
+  explicit GainTable(double gain);
+
+  [[nodiscard]] std::int16_t operator()(std::int16_t level) const { return Zero()[level]; }
+
+  /// Replaces every sample by what its level becomes.
+  void Map(Samples samples) const {
+    const auto* zero = Zero();
+    for (auto& sample : samples) {
+      sample = zero[sample];
+    }
+  }
+
+ private:
+  [[nodiscard]] const std::int16_t* Zero() const { return levels_.data() + LevelZero; }
+
+  SampleBuffer levels_;
+};
+
+}  // namespace brindle

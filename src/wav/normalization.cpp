@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/normalization.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <variant>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+
+#include "wav/gain.h"
+#include "wav/pass_progress.h"
+#include "wav/samples.h"
+#include "wav/wav_file.h"
+#include "wav/wav_header.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 MultiBlocks = 64;
+constexpr qint64 MultiSize = MultiBlocks * BlockSize;  // bytes
+
+// Where the last block of a loop over blocks of this size may begin: far enough from the end of the
+// file to leave the last whole one to the smaller loops.
+qint64 BlockEnd(const SampleData& data, qint64 size) {
+  return data.fileLength - data.length % size - size - 1;
+}
+
+qint64 LastWord(const SampleData& data) { return data.start + data.length - WordSize; }
+
+}  // namespace
+
+Normalization::Opened Normalization::Open(const PassFiles& files, TargetQuestions& questions) {
+  if (!Succeeded(input_.OpenForReading(files.source))) {
+    return Opened::Failed;
+  }
+  const auto located = LocateData(input_);
+  if (const auto* error = std::get_if<WavError>(&located)) {
+    error_ = *error;
+    return Opened::Failed;
+  }
+  data_ = std::get<SampleData>(located);
+  buffer_.resize(BlockWords);
+
+  isInPlace_ = files.isInPlace;
+  if (!isInPlace_ && LeadToSameFile(files.source, files.target)) {
+    isInPlace_ = true;
+    questions.WorksInPlace();
+  }
+  if (isInPlace_) {
+    return Succeeded(input_.OpenForChanging(files.source)) ? Opened::Yes : Opened::Failed;
+  }
+  if (!OpenTarget(files.target, questions)) {
+    return error_ ? Opened::Failed : Opened::Refused;
+  }
+  return Copy(1, std::min(data_.start - 1, data_.fileLength)) ? Opened::Yes : Opened::Failed;
+}
+
+// A target that cannot be written shows here, before it is deleted and before a byte is written.
+bool Normalization::OpenTarget(const QString& target, TargetQuestions& questions) {
+  if (QFileInfo(target).isRelative()) {
+    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"not an absolute path"_s)};
+    return false;
+  }
+  if (!Succeeded(output_.OpenOrCreate(target))) {
+    return false;
+  }
+  if (output_.Length() == 0) {
+    return true;
+  }
+  output_.Close();
+  if (!questions.MayOverwrite()) {
+    return false;
+  }
+  QFile old(target);
+  if (!old.remove()) {
+    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, old)};
+    return false;
+  }
+  return Succeeded(output_.OpenOrCreate(target));
+}
+
+Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffering,
+                                        const Clock& clock, PassObserver& observer) {
+  PassTimer timer(clock, observer, data_.fileLength);
+  position_ = data_.start;
+  if (!(buffering == Buffering::Multi ? MapMulti(table, timer) : MapSingle(table, timer))) {
+    return error_ ? Ended::Failed : Ended::Aborted;
+  }
+  if (!isInPlace_ && !Copy(position_, data_.fileLength)) {
+    return Ended::Failed;
+  }
+  throughput_ = timer.Throughput(data_.fileLength);
+  return Ended::Completed;
+}
+
+bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
+  buffer_.resize(MultiBlocks * BlockWords);
+  const qint64 blockEnd = BlockEnd(data_, MultiSize);
+  for (; position_ <= blockEnd; position_ += MultiSize) {
+    // All blocks are read before any is written. Each is mapped while the processor has it at hand.
+    for (qint64 block = 0; block < MultiBlocks; ++block) {
+      const auto words = Samples(buffer_).subspan(static_cast<std::size_t>(block) * BlockWords);
+      if (!ReadMapped(table, position_ + block * BlockSize, words.first(BlockWords))) {
+        return false;
+      }
+    }
+    if (!Succeeded(Output().Write(position_, BytesOf(buffer_)))) {
+      return false;
+    }
+    if (!timer.GoesOn(position_, UpdateInterval::Half)) {
+      return false;
+    }
+  }
+  for (; data_.fileLength - position_ > BlockSize; position_ += BlockSize) {
+    if (!MapBlock(table, BlockWords)) {
+      return false;
+    }
+  }
+  return MapWordsWatched(table, timer);
+}
+
+bool Normalization::MapSingle(const GainTable& table, PassTimer& timer) {
+  const qint64 blockEnd = BlockEnd(data_, BlockSize);
+  for (; position_ <= blockEnd; position_ += BlockSize) {
+    if (!MapBlock(table, BlockWords) || !timer.GoesOn(position_, UpdateInterval::Quarter)) {
+      return false;
+    }
+  }
+  // The words behind the blocks, a block of them at a time, unwatched.
+  for (qint64 words = WordsUpTo(position_, LastWord(data_)); words > 0;) {
+    const qint64 piece = std::min<qint64>(words, BlockWords);
+    if (!MapBlock(table, static_cast<std::size_t>(piece))) {
+      return false;
+    }
+    position_ += piece * WordSize;
+    words -= piece;
+  }
+  return true;
+}
+
+bool Normalization::MapBlock(const GainTable& table, std::size_t words) {
+  const auto samples = Samples(buffer_).first(words);
+  return ReadMapped(table, position_, samples) &&
+         Succeeded(Output().Write(position_, BytesOf(samples)));
+}
+
+// Words are read at once, and written when the observer, whom any word can be told to, is told. No
+// more than one block of them is left behind the blocks.
+bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
+  const qint64 first = position_;
+  const auto words = static_cast<std::size_t>(WordsUpTo(first, LastWord(data_)));
+  const auto samples = Samples(buffer_).first(words);
+  if (!Succeeded(input_.Read(first, BytesOf(samples)))) {
+    return false;
+  }
+  std::size_t written = 0;
+  const auto writeUpTo = [&](std::size_t end) {
+    const auto mapped = samples.subspan(written, end - written);
+    const qint64 at = first + static_cast<qint64>(written) * WordSize;
+    written = end;
+    return Succeeded(Output().Write(at, BytesOf(mapped)));
+  };
+  for (std::size_t word = 0; word < words; ++word) {
+    samples[word] = table(samples[word]);
+    if (timer.IsDue(UpdateInterval::Quarter) && !(writeUpTo(word + 1) && timer.Update(position_))) {
+      return false;
+    }
+    position_ += WordSize;
+  }
+  return writeUpTo(words);
+}
+
+bool Normalization::ReadMapped(const GainTable& table, qint64 position, Samples samples) {
+  if (!Succeeded(input_.Read(position, BytesOf(samples)))) {
+    return false;
+  }
+  table.Map(samples);
+  return true;
+}
+
+bool Normalization::Copy(qint64 position, qint64 end) {
+  const auto buffer = BytesOf(buffer_);
+  while (position <= end) {
+    const auto size = std::min<qint64>(end - position + 1, static_cast<qint64>(buffer.size()));
+    const auto piece = buffer.first(static_cast<std::size_t>(size));
+    if (!Succeeded(input_.Read(position, piece)) || !Succeeded(output_.Write(position, piece))) {
+      return false;
+    }
+    position += size;
+  }
+  return true;
+}
+
+bool Normalization::Succeeded(std::optional<WavError> error) {
+  error_ = std::move(error);
+  return !error_;
+}
+
+}  // namespace brindle

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/peak_scan.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <variant>
+#include <vector>
+
+#include <QString>
+
+#include "wav/pass_progress.h"
+#include "wav/samples.h"
+#include "wav/wav_file.h"
+#include "wav/wav_header.h"
+
+namespace brindle {
+
+namespace {
+
+// One store a sample; lowest and highest are looked up once, at the end. Flags of a whole byte: a
+// single bit would have to be read first.
+class SeenLevel {
+ public:
+  void Add(Samples samples) {
+    auto* zero = flags_.data() + LevelZero;
+    for (const auto level : samples) {
+      zero[level] = 1;
+    }
+  }
+  [[nodiscard]] std::int16_t Lowest() const {
+    const auto first = std::find(flags_.begin(), flags_.begin() + LevelZero, 1);
+    return Level(first);
+  }
+  [[nodiscard]] std::int16_t Highest() const {
+    const auto last = std::find(flags_.rbegin(), flags_.rend() - LevelZero - 1, 1);
+    return Level(last.base() - 1);
+  }
+
+ private:
+  [[nodiscard]] std::int16_t Level(std::vector<std::uint8_t>::const_iterator at) const {
+    return static_cast<std::int16_t>(at - flags_.begin() - static_cast<std::ptrdiff_t>(LevelZero));
+  }
+
+  std::vector<std::uint8_t> flags_ = std::vector<std::uint8_t>(LevelCount);
+};
+
+}  // namespace
+
+PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer) {
+  PeakScan scan;
+  WavFile file;
+  scan.error = file.OpenForReading(source);
+  if (scan.error) {
+    return scan;
+  }
+  const auto located = LocateData(file);
+  if (const auto* error = std::get_if<WavError>(&located)) {
+    scan.error = *error;
+    return scan;
+  }
+  const auto& data = std::get<SampleData>(located);
+  const qint64 blockEnd = data.fileLength - data.length % BlockSize - BlockSize - 1;
+  const qint64 lastWord = data.start + data.length - WordSize;
+
+  SeenLevel seenLevel;
+  SampleBuffer buffer(BlockWords);
+  const auto look = [&](qint64 position, std::size_t words) {
+    const auto samples = Samples(buffer).first(words);
+    scan.error = file.Read(position, BytesOf(samples));
+    if (!scan.error) {
+      seenLevel.Add(samples);
+    }
+    return !scan.error;
+  };
+
+  PassTimer timer(clock, observer, data.fileLength);
+  qint64 position = data.start;
+  while (position <= blockEnd && look(position, BlockWords)) {
+    scan.isAborted = !timer.GoesOn(position, UpdateInterval::Half);
+    if (scan.isAborted) {
+      break;
+    }
+    position += BlockSize;
+  }
+  if (!scan.isAborted && !scan.error) {
+    position = blockEnd + BlockSize;
+    for (qint64 words = WordsUpTo(position, lastWord); words > 0;) {
+      const auto piece = std::min<qint64>(words, BlockWords);
+      if (!look(position, static_cast<std::size_t>(piece))) {
+        break;
+      }
+      position += piece * WordSize;
+      words -= piece;
+    }
+  }
+  scan.throughput = static_cast<float>(timer.Throughput(position + data.start + WordSize));
+  scan.lowest = seenLevel.Lowest();
+  scan.highest = seenLevel.Highest();
+  return scan;
+}
+
+}  // namespace brindle

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include <QString>
+
+#include "app/input/clock.h"
+#include "wav/pass_progress.h"
+#include "wav/wav_file.h"
+
+namespace brindle {
+
+/// What a scan found.
+struct PeakScan {
+  std::int16_t lowest = 0;        ///< the lowest level seen, never above 0
+  std::int16_t highest = 0;       ///< the highest level seen, never below 0
+  float throughput = 0;           ///< MB/s (1024 * 1024 bytes); 0 where no time has passed
+  bool isAborted = false;         ///< the observer ended it; the levels are those seen until then
+  std::optional<WavError> error;  ///< ended it as well
+};
+
+/// Finds the lowest and highest sample level of a file. The observer is told at most every half
+/// second, behind a block.
+///
+/// Deliberately not every word counts: the words behind the blocks are read from the last 64 KB
+/// block's end on, so that the last whole block is left out but for its last word where the samples
+/// run to the end of the file; below 64 KB of samples the upper half of the length field counts as
+/// one. The throughput is that of the end's position *plus* the samples' start, deliberately, too.
+[[nodiscard]] PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer);
+
+}  // namespace brindle

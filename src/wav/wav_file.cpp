@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/wav_file.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <system_error>
+#include <variant>
+
+#include <QFile>
+#include <QIODevice>
+#include <QString>
+
+#include "app/settings/file_error.h"
+#include "wav/file_lock.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+char* Chars(std::byte* bytes) { return reinterpret_cast<char*>(bytes); }
+const char* Chars(const std::byte* bytes) { return reinterpret_cast<const char*>(bytes); }
+
+}  // namespace
+
+QString MessageOf(const WavError& error) {
+  return error.failed == WavError::Failed::Reading ? CannotRead(error.error)
+                                                   : CannotWrite(error.error);
+}
+
+std::optional<WavError> WavFile::OpenForReading(const QString& path) {
+  return Open(path, QIODevice::ReadOnly | QIODevice::ExistingOnly, WavError::Failed::Reading);
+}
+
+std::optional<WavError> WavFile::OpenForChanging(const QString& path) {
+  return Open(path, QIODevice::ReadWrite | QIODevice::ExistingOnly, WavError::Failed::Writing);
+}
+
+std::optional<WavError> WavFile::OpenOrCreate(const QString& path) {
+  return Open(path, QIODevice::ReadWrite, WavError::Failed::Writing);
+}
+
+bool WavFile::IsLockedByAnother() const { return IsLocked(file_.handle()); }
+
+std::optional<WavError> WavFile::Read(qint64 position, std::span<std::byte> bytes) {
+  const auto read = ReadPadded(position, bytes);
+  if (const auto* error = std::get_if<WavError>(&read)) {
+    return *error;
+  }
+  if (std::get<std::size_t>(read) < bytes.size()) {
+    return ErrorBecause(WavError::Failed::Reading, u"the file became shorter"_s);
+  }
+  return std::nullopt;
+}
+
+std::variant<std::size_t, WavError> WavFile::ReadPadded(qint64 position,
+                                                        std::span<std::byte> bytes) {
+  if (!SeekTo(position)) {
+    return SystemError(WavError::Failed::Reading);
+  }
+  auto rest = bytes;
+  while (!rest.empty()) {
+    const qint64 read = file_.read(Chars(rest.data()), static_cast<qint64>(rest.size()));
+    if (read < 0) {
+      return SystemError(WavError::Failed::Reading);
+    }
+    if (read == 0) {
+      break;
+    }
+    rest = rest.subspan(static_cast<std::size_t>(read));
+  }
+  std::fill(rest.begin(), rest.end(), std::byte{0});
+  return bytes.size() - rest.size();
+}
+
+// A disk that fills up takes a part first and tells its reason only when asked to take the rest.
+std::optional<WavError> WavFile::Write(qint64 position, std::span<const std::byte> bytes) {
+  if (!SeekTo(position)) {
+    return SystemError(WavError::Failed::Writing);
+  }
+  while (!bytes.empty()) {
+    const qint64 written = file_.write(Chars(bytes.data()), static_cast<qint64>(bytes.size()));
+    if (written <= 0) {
+      return SystemError(WavError::Failed::Writing);
+    }
+    bytes = bytes.subspan(static_cast<std::size_t>(written));
+  }
+  return std::nullopt;
+}
+
+WavError WavFile::ErrorBecause(WavError::Failed failed, const QString& reason) const {
+  return {failed, ErrorOf(file_.fileName(), reason)};
+}
+
+std::optional<WavError> WavFile::Open(const QString& path, QIODevice::OpenMode mode,
+                                      WavError::Failed failed) {
+  file_.close();
+  file_.setFileName(path);
+  if (auto error = WhatStandsAt(path).error) {
+    return WavError{failed, *error};
+  }
+  if (!file_.open(mode | QIODevice::Unbuffered)) {
+    return SystemError(failed);
+  }
+  return std::nullopt;
+}
+
+WavError WavFile::SystemError(WavError::Failed failed) const {
+  return {failed, ErrorOf(file_.fileName(), file_)};
+}
+
+bool WavFile::SeekTo(qint64 position) {
+  return file_.pos() == position - 1 || file_.seek(position - 1);
+}
+
+bool LeadToSameFile(const QString& path, const QString& other) {
+  std::error_code none;
+  return std::filesystem::equivalent(path.toStdU16String(), other.toStdU16String(), none);
+}
+
+}  // namespace brindle

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <variant>
+
+#include <QFile>
+#include <QString>
+
+#include "app/settings/file_error.h"
+
+namespace brindle {
+
+/// Why a file could not be read or written.
+struct WavError {
+  enum class Failed { Reading, Writing };
+  Failed failed = Failed::Reading;
+  FileError error;
+};
+
+/// "Cannot read PATH: REASON" or "Cannot write PATH: REASON".
+[[nodiscard]] QString MessageOf(const WavError& error);
+
+/// A file read and written at positions counted from 1, as the WAV searches count them, without a
+/// buffer in between: what is written is the system's. Only regular files are opened.
+class WavFile {
+ public:
+  /// Opens what stands at the path.
+  [[nodiscard]] std::optional<WavError> OpenForReading(const QString& path);
+  /// Opens what stands at the path for reading and writing; an error is one of writing.
+  [[nodiscard]] std::optional<WavError> OpenForChanging(const QString& path);
+  /// The same, but makes an empty file where nothing stands.
+  [[nodiscard]] std::optional<WavError> OpenOrCreate(const QString& path);
+  void Close() { file_.close(); }
+
+  /// Bytes, asked of the system now.
+  [[nodiscard]] qint64 Length() const { return file_.size(); }
+  [[nodiscard]] bool IsLockedByAnother() const;
+
+  /// Fills `bytes` from `position` on. Short of that many it is an error, "the file became
+  /// shorter".
+  [[nodiscard]] std::optional<WavError> Read(qint64 position, std::span<std::byte> bytes);
+  /// The same, but what lies behind the end of the file counts as 0. Gives the bytes that are
+  /// there.
+  [[nodiscard]] std::variant<std::size_t, WavError> ReadPadded(qint64 position,
+                                                               std::span<std::byte> bytes);
+  [[nodiscard]] std::optional<WavError> Write(qint64 position, std::span<const std::byte> bytes);
+
+  /// An error of reading or writing this file.
+  [[nodiscard]] WavError ErrorBecause(WavError::Failed failed, const QString& reason) const;
+
+ private:
+  [[nodiscard]] std::optional<WavError> Open(const QString& path, QIODevice::OpenMode mode,
+                                             WavError::Failed failed);
+  [[nodiscard]] WavError SystemError(WavError::Failed failed) const;
+  [[nodiscard]] bool SeekTo(qint64 position);
+
+  QFile file_;
+};
+
+/// Whether both paths lead to one existing file: links, relative forms, and letter case where the
+/// file system ignores it, make no difference.
+[[nodiscard]] bool LeadToSameFile(const QString& path, const QString& other);
+
+}  // namespace brindle

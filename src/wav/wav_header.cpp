@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/wav_header.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include <QString>
+
+#include "wav/wav_bytes.h"
+#include "wav/wav_file.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
+
+namespace {
+
+constexpr std::size_t TagSize = 4;
+constexpr std::size_t FormatBlockSize = 24;
+constexpr std::size_t DataHeaderSize = 8;
+constexpr std::size_t LastFormatPosition = 32768;
+constexpr std::size_t LastDataPosition = 65537;
+constexpr std::int16_t Pcm = 1;
+constexpr int BitsPerByte = 8;
+
+struct Tag {
+  std::string_view lower;
+  std::string_view upper;
+};
+constexpr Tag Format{"fmt ", "FMT "};
+constexpr Tag Data{"data", "DATA"};
+
+// Where the tag first stands, counted from 0; npos where it does not. Either spelling, but not a
+// mixed one.
+std::size_t Find(std::string_view bytes, const Tag& tag) {
+  return std::min(bytes.find(tag.lower), bytes.find(tag.upper));
+}
+
+// The tag and what belongs to it, where it stands at a position from 1 to `last`.
+std::optional<std::string_view> FindBlock(std::string_view bytes, const Tag& tag, std::size_t last,
+                                          std::size_t blockSize) {
+  const auto at = Find(bytes.substr(0, last - 1 + TagSize), tag);
+  if (at == std::string_view::npos) {
+    return std::nullopt;
+  }
+  return bytes.substr(at, blockSize);
+}
+
+std::span<std::byte> Bytes(std::string& text) {
+  return std::as_writable_bytes(std::span(text.data(), text.size()));
+}
+
+}  // namespace
+
+std::optional<double> WavHeader::Duration() const {
+  const double bytesPerSecond =
+      static_cast<double>(sampleRate.value_or(0)) * bitsPerSample * channels / BitsPerByte;
+  if (bytesPerSecond == 0) {
+    return std::nullopt;
+  }
+  return dataLength / bytesPerSecond;
+}
+
+std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path) {
+  WavFile file;
+  if (auto error = file.OpenForReading(path)) {
+    return *error;
+  }
+  if (file.IsLockedByAnother()) {
+    return WavRefusal::AlreadyOpen;
+  }
+  std::string head(LastDataPosition - 1 + DataHeaderSize, '\0');
+  const auto read = file.ReadPadded(1, Bytes(head));
+  if (const auto* error = std::get_if<WavError>(&read)) {
+    return *error;
+  }
+  const auto format = FindBlock(head, Format, LastFormatPosition, FormatBlockSize);
+  if (!format) {
+    return WavRefusal::NotAWav;
+  }
+  if (Bytes2ToInt(format->substr(8)) != Pcm) {
+    return WavRefusal::NotPcm;
+  }
+  const auto data = FindBlock(head, Data, LastDataPosition, DataHeaderSize);
+  if (!data) {
+    return WavRefusal::NotAWav;
+  }
+  return WavHeader{.sampleRate = Bytes4ToLong(format->substr(12)),
+                   .bitsPerSample = Bytes2ToInt(format->substr(22)),
+                   .channels = Bytes2ToInt(format->substr(10)),
+                   .dataLength = Bytes4ToUnsigned(data->substr(TagSize))};
+}
+
+std::variant<SampleData, WavError> LocateData(WavFile& file) {
+  constexpr std::size_t step = 65536;
+  // Each piece reaches into the next one, for a data header that lies in both.
+  std::string piece(step + DataHeaderSize - 1, '\0');
+  for (qint64 position = 1;; position += step) {
+    const auto read = file.ReadPadded(position, Bytes(piece));
+    if (const auto* error = std::get_if<WavError>(&read)) {
+      return *error;
+    }
+    const auto at = Find(std::string_view(piece).substr(0, step + TagSize - 1), Data);
+    if (at != std::string_view::npos) {
+      const qint64 fileLength = file.Length();
+      const qint64 start = position + static_cast<qint64>(at + DataHeaderSize);
+      const qint64 declared = Bytes4ToUnsigned(std::string_view(piece).substr(at + TagSize));
+      return SampleData{start, std::min(declared, fileLength + 1 - start), fileLength};
+    }
+    if (std::get<std::size_t>(read) < piece.size()) {
+      return file.ErrorBecause(WavError::Failed::Reading, u"no sample data"_s);
+    }
+  }
+}
+
+}  // namespace brindle

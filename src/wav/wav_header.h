@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <variant>
+
+#include <QString>
+
+#include "wav/wav_file.h"
+
+namespace brindle {
+
+/// What the header of a WAV file says of it. No field is checked: a damaged one stays damaged.
+struct WavHeader {
+  std::optional<std::int32_t> sampleRate;  ///< Hz; nothing from 2^31 on
+  std::int16_t bitsPerSample = 0;
+  std::int16_t channels = 0;
+  std::uint32_t dataLength = 0;  ///< bytes, as declared
+
+  /// Seconds of the declared length; nothing where rate, bits or channels are missing or 0.
+  /// 1000 bytes at 44100 Hz, 16 bits, 2 channels: 1000 / 176400 s.
+  [[nodiscard]] std::optional<double> Duration() const;
+};
+
+/// Why a file is not opened although it can be read.
+enum class WavRefusal { AlreadyOpen, NotAWav, NotPcm };
+
+/// Finds the format block ("fmt " or "FMT " at a position from 1 to 32768) and the sample data
+/// ("data" or "DATA" at 1 to 65537) wherever the tags stand, chunks or not; the first match wins.
+/// Only uncompressed PCM (format code 1) is accepted. Bytes behind the end of the file count as 0.
+[[nodiscard]] std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path);
+
+/// Where the samples of a file are.
+struct SampleData {
+  qint64 start = 0;       ///< position of the first sample byte; the first byte of a file is 1
+  qint64 length = 0;      ///< bytes, cut to the file; below 0 where the file ends within the header
+  qint64 fileLength = 0;  ///< bytes
+};
+
+/// Finds the sample data anew, "data" or "DATA" anywhere in the file; where there is none, the
+/// error is "no sample data". A declared length that runs past the end of the file is cut there.
+[[nodiscard]] std::variant<SampleData, WavError> LocateData(WavFile& file);
+
+}  // namespace brindle

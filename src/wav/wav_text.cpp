@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/wav_text.h"
+
+#include <optional>
+#include <string>
+
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+
+namespace brindle {
+
+namespace {
+
+constexpr double SecondsPerHour = 3600;
+constexpr double SecondsPerMinute = 60;
+constexpr int ShownDecimals = 2;
+
+// Takes the whole units out of the rounded seconds and leaves the rest of the exact ones.
+double TakeOut(double& seconds, double unit) {
+  const auto count = static_cast<double>(IntegerDivided(seconds, unit).value_or(0));
+  seconds -= count * unit;
+  return count;
+}
+
+}  // namespace
+
+std::string FormatDuration(double& seconds) {
+  const double hours = TakeOut(seconds, SecondsPerHour);
+  const double minutes = TakeOut(seconds, SecondsPerMinute);
+  return TextOf(hours) + ":" + Formatted(minutes, "00") + ":" + Formatted(seconds, "00.###");
+}
+
+std::optional<std::string> RemainingTime(double elapsed, int wholePercent) {
+  if (wholePercent <= 0) {
+    return std::nullopt;
+  }
+  double seconds = elapsed * (100 - wholePercent) / wholePercent;
+  const double minutes = TakeOut(seconds, SecondsPerMinute);
+  const auto padded = "00" + TextOf(RoundedTo(seconds, 0));
+  return TextOf(minutes) + ":" + padded.substr(padded.size() - 2);
+}
+
+std::string StatisticsText(const PassStatistics& statistics) {
+  const auto rounded = [](double value) { return TextOf(RoundedTo(value, ShownDecimals)); };
+  return "WAV file was successfully normalized. Stats:\r\n"
+         "\r\n"
+         "Applied amplification: " +
+         rounded(statistics.amplification) + "%\r\n" +
+         "Average scanning throughput: " + rounded(statistics.scanThroughput) + "MB/s\r\n" +
+         "Average normalization throughput: " + rounded(statistics.normalizationThroughput) +
+         "MB/s\r\n" +
+         (statistics.isMultiBuffer ? "Buffer: 4096KB (multi buffer)"
+                                   : "Buffer: 64KB (single buffer)");
+}
+
+}  // namespace brindle
