@@ -62,11 +62,13 @@ Settings AtStart() {
 struct Calculator {
   Settings record = AtStart();
   SystemClock clock;
-  ScreenMessageBoxes boxes;
+  ModalDialogs modal;
+  ScreenMessageBoxes boxes(modal);
+  ScreenFileDialogs dialogs(modal);
   SystemDesktop desktop;
   WindowList windows;
   Product product = BuiltProduct();
-  Services services{record, windows, clock, boxes, desktop, product};
+  Services services{record, windows, clock, boxes, dialogs, desktop, product};
   BitrateCalc window{services};
 
   template <class Control>

@@ -102,7 +102,7 @@ std::optional<WavError> WavFile::Open(const QString& path, QIODevice::OpenMode m
                                       WavError::Failed failed) {
   file_.close();
   file_.setFileName(path);
-  if (auto error = WhatStandsAt(path).error) {
+  if (auto error = WhatIsAt(path).error) {
     return WavError{failed, *error};
   }
   if (!file_.open(mode | QIODevice::Unbuffered)) {

@@ -32,6 +32,13 @@ std::string FormatDuration(double& seconds) {
   return TextOf(hours) + ":" + Formatted(minutes, "00") + ":" + Formatted(seconds, "00.###");
 }
 
+std::optional<std::string> ChannelsText(int channels) {
+  if (channels <= 0) {
+    return std::nullopt;
+  }
+  return channels == 1 ? "Mono" : channels == 2 ? "Stereo" : std::to_string(channels) + "Ch";
+}
+
 std::optional<std::string> RemainingTime(double elapsed, int wholePercent) {
   if (wholePercent <= 0) {
     return std::nullopt;

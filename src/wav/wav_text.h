@@ -13,6 +13,9 @@ namespace brindle {
 /// "0:01:-00.3". Leaves the seconds that are beside the minutes in its argument.
 [[nodiscard]] std::string FormatDuration(double& seconds);
 
+/// "Mono" for 1 channel, "Stereo" for 2, "6Ch" for 6; nothing for 0 and below.
+[[nodiscard]] std::optional<std::string> ChannelsText(int channels);
+
 /// The rest of a pass as minutes:seconds ("3:07") from the seconds that `wholePercent` of it took;
 /// nothing where that is not above 0.
 [[nodiscard]] std::optional<std::string> RemainingTime(double elapsed, int wholePercent);

@@ -13,15 +13,18 @@
 
 namespace brindle {
 
-/// A clock that stands still until a test moves it.
+/// A clock that stands still until a test moves it, unless it is told to go on by itself.
 class FakeClock : public Clock {
  public:
-  [[nodiscard]] double Now() const override { return now_; }
+  [[nodiscard]] double Now() const override { return now_ += secondsPerLook_; }
   [[nodiscard]] float SecondsSinceMidnight() const override;
   void After(double seconds, QObject* context, std::function<void()> action) override;
 
   /// Moves time on, running what becomes due on the way, each at its own moment.
   void Advance(double seconds);
+
+  /// From now on time passes whenever somebody looks at the clock: for loops that wait for it.
+  void AdvanceAtEveryLook(double seconds) { secondsPerLook_ = seconds; }
 
   /// Sets the time of day, in seconds; it goes on from there with Advance() and wraps at midnight.
   void SetSecondsSinceMidnight(double seconds) { midnightOffset_ = seconds - now_; }
@@ -36,7 +39,8 @@ class FakeClock : public Clock {
     std::function<void()> action;
   };
 
-  double now_ = 1000;
+  mutable double now_ = 1000;
+  double secondsPerLook_ = 0;
   double midnightOffset_ = 0;
   std::vector<Waiter> waiting_;
 };

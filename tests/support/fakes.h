@@ -11,6 +11,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "app/input/file_dialogs.h"
 #include "app/input/message_boxes.h"
 #include "app/windows/desktop.h"
 
@@ -38,6 +39,33 @@ class FakeBoxes : public MessageBoxes {
 
   std::deque<std::optional<BoxAnswer>> answers;
   std::vector<Asked> asked;
+};
+
+/// File dialogs that remember what they were opened with and give the prepared paths. A dialog that
+/// no path was prepared for fails the test.
+class FakeDialogs : public FileDialogs {
+ public:
+  QString AskForExisting(QWidget*, const FileQuestion& question) override { return Next(question); }
+  QString AskForTarget(QWidget*, const FileQuestion& question, const QString& suffix) override {
+    suffixes.push_back(suffix);
+    return Next(question);
+  }
+
+  std::deque<QString> paths;  ///< an empty one is Cancel
+  std::vector<FileQuestion> asked;
+  std::vector<QString> suffixes;
+
+ private:
+  QString Next(const FileQuestion& question) {
+    asked.push_back(question);
+    if (paths.empty()) {
+      ADD_FAILURE() << "unexpected file dialog: " << question.title.toStdString();
+      return {};
+    }
+    const auto path = paths.front();
+    paths.pop_front();
+    return path;
+  }
 };
 
 class FakeDesktop : public Desktop {

@@ -43,13 +43,14 @@ class WindowTest : public ::testing::Test {
   Settings record;
   FakeClock clock;
   FakeBoxes boxes;
+  FakeDialogs dialogs;
   FakeDesktop desktop;
   Product product{.website = QStringLiteral("https://example.org/brindle"),
                   .updatePage = QStringLiteral("https://example.org/brindle/update"),
                   .mail = QStringLiteral("velbrin@example.org"),
                   .author = QStringLiteral("Velbrin 2026")};
   WindowList windows;
-  Services services{record, windows, clock, boxes, desktop, product};
+  Services services{record, windows, clock, boxes, dialogs, desktop, product};
   int defaultsLoaded = 0;  ///< how often the defaults window asked for the defaults
 };
 

@@ -27,10 +27,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // No window beeps or asks while its picture is taken.
-class Silence : public Desktop, public MessageBoxes {
+class Silence : public Desktop, public MessageBoxes, public FileDialogs {
  public:
   void Beep() override {}
   std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override { return {}; }
+  QString AskForExisting(QWidget*, const FileQuestion&) override { return {}; }
+  QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
 };
 
 QPalette DarkPalette() {
@@ -94,7 +96,7 @@ int TakeAll(const Gallery& gallery) {
   SystemClock clock;
   Silence silence;
   const Product product = BuiltProduct();
-  Services services{record, windows, clock, silence, silence, product};
+  Services services{record, windows, clock, silence, silence, silence, product};
   AddAllWindows(windows, services, [] {});
 
   Splash splash(services);

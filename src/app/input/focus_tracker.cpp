@@ -39,7 +39,7 @@ void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* contro
 void EndBegunNumber(QWidget* control) {
   auto* list = qobject_cast<EditableList*>(control);
   auto* field = list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
-  if (field != nullptr && IsJustBegun(field->text().toStdString())) {
+  if (field != nullptr && !field->KeepsBegunNumber() && IsJustBegun(field->text().toStdString())) {
     const QSignalBlocker quiet(field);
     field->Write(u"0"_s);
   }

@@ -16,7 +16,25 @@ Form::Form(const QString& name, const QString& caption, Escape escape) : escape_
   setWindowTitle(caption);
 }
 
+void Form::DeleteWhenLeft() {
+  toBeDeleted_ = true;
+  if (inside_ == 0) {
+    deleteLater();
+  }
+}
+
+Form::Occupied::~Occupied() {
+  --form_.inside_;
+  if (form_.inside_ == 0 && form_.toBeDeleted_) {
+    form_.deleteLater();
+  }
+}
+
 void Form::closeEvent(QCloseEvent* event) {
+  if (!closed_ && !AgreesToClose()) {
+    event->ignore();
+    return;
+  }
   QWidget::closeEvent(event);
   if (event->isAccepted() && !std::exchange(closed_, true)) {
     focus_.Stop();

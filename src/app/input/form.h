@@ -23,6 +23,29 @@ class Form : public QWidget {
 
   [[nodiscard]] FocusTracker& Focus() { return focus_; }
 
+  /// Whether the window, which is to be closed, or whose program is to end, has nothing against it.
+  /// May ask the user. A window that agrees is closed.
+  [[nodiscard]] virtual bool AgreesToClose() { return true; }
+
+  /// For the owner of a closed window: deletes it from the event loop, when none of its own
+  /// functions is running any more.
+  void DeleteWhenLeft();
+
+  /// Stands in every function of the window that lets events in: while a box is open, during a long
+  /// pass. The window may be closed meanwhile, but is not deleted.
+  class Occupied {
+   public:
+    explicit Occupied(Form& form) : form_(form) { ++form_.inside_; }
+    Occupied(const Occupied&) = delete;
+    Occupied& operator=(const Occupied&) = delete;
+    Occupied(Occupied&&) = delete;
+    Occupied& operator=(Occupied&&) = delete;
+    ~Occupied();
+
+   private:
+    Form& form_;
+  };
+
  Q_SIGNALS:
   /// The window has agreed to close and is about to hide; whoever owns it may delete it, but only
   /// from the event loop.
@@ -36,6 +59,8 @@ class Form : public QWidget {
   FocusTracker focus_{this};
   Escape escape_;
   bool closed_ = false;
+  int inside_ = 0;
+  bool toBeDeleted_ = false;
 };
 
 }  // namespace brindle

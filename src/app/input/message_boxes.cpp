@@ -4,7 +4,6 @@
 #include "app/input/message_boxes.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include <QMessageBox>
@@ -49,41 +48,24 @@ std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
 
 std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& text,
                                                  BoxButtons buttons) {
-  if (ended_) {
-    return std::nullopt;
-  }
   const QPointer box(new QMessageBox(owner));
   box->setObjectName(u"MessageBox"_s);
   box->setWindowTitle(u"Brindle"_s);
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
-  box->setWindowModality(Qt::ApplicationModal);
   const auto added = AddButtons(*box, buttons);
   box->setDefaultButton(added.front().button);
-  open_.append(box);
-  box->exec();
-  open_.removeAll(box);
-  if (box == nullptr) {
-    return std::nullopt;
-  }
-  const auto* clicked = box->clickedButton();
   std::optional<BoxAnswer> answer;
-  for (const auto& candidate : added) {
-    if (candidate.button == clicked && !ended_) {
-      answer = candidate.answer;
+  if (dialogs_.Run(box.data())) {
+    const auto* clicked = box->clickedButton();
+    for (const auto& candidate : added) {
+      if (candidate.button == clicked) {
+        answer = candidate.answer;
+      }
     }
   }
   delete box;
   return answer;
-}
-
-void ScreenMessageBoxes::End() {
-  ended_ = true;
-  for (const auto& box : std::as_const(open_)) {
-    if (box != nullptr) {
-      box->done(0);
-    }
-  }
 }
 
 }  // namespace brindle

@@ -5,11 +5,10 @@
 
 #include <optional>
 
-#include <QList>
-#include <QMessageBox>
-#include <QPointer>
 #include <QString>
 #include <QWidget>
+
+#include "app/input/modal_dialogs.h"
 
 namespace brindle {
 
@@ -35,14 +34,11 @@ class MessageBoxes {
 /// The message boxes on the screen.
 class ScreenMessageBoxes : public MessageBoxes {
  public:
+  explicit ScreenMessageBoxes(ModalDialogs& dialogs) : dialogs_(dialogs) {}
   std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override;
 
-  /// Takes every open box away; none counts as answered, and none opens any more.
-  void End();
-
  private:
-  QList<QPointer<QMessageBox>> open_;
-  bool ended_ = false;
+  ModalDialogs& dialogs_;
 };
 
 }  // namespace brindle

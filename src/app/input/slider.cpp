@@ -28,10 +28,10 @@ void Slider::Write(int value) {
   isBeingWritten_ = before;
 }
 
-void Slider::SetStep(int step) {
-  setTickInterval(step);
-  setSingleStep(step);
-  setPageStep(step);
+void Slider::SetSteps(int tick, int arrowKey, int pageKey) {
+  setTickInterval(tick);
+  setSingleStep(arrowKey);
+  setPageStep(pageKey);
 }
 
 // Wide enough to aim at each step.

@@ -24,7 +24,8 @@ class Slider : public QSlider {
   [[nodiscard]] bool IsBeingWritten() const { return isBeingWritten_; }
 
   /// The distance of its ticks, of an arrow key and of a page key.
-  void SetStep(int step);
+  void SetSteps(int tick, int arrowKey, int pageKey);
+  void SetStep(int step) { SetSteps(step, step, step); }
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;

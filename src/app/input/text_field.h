@@ -27,6 +27,10 @@ class TextField : public QLineEdit {
   /// The field in which its window's keys arrive, whether or not the window is the active one.
   [[nodiscard]] bool IsBeingEdited() const;
 
+  /// A number only begun ("-") stays when the field is left; elsewhere it becomes 0 then.
+  void KeepBegunNumber() { keepsBegunNumber_ = true; }
+  [[nodiscard]] bool KeepsBegunNumber() const { return keepsBegunNumber_; }
+
   /// How many digits the field should have room for.
   void SetVisibleDigits(int digits);
   [[nodiscard]] QSize sizeHint() const override;
@@ -55,6 +59,7 @@ class TextField : public QLineEdit {
 
  private:
   int visibleDigits_ = 7;
+  bool keepsBegunNumber_ = false;
   bool inKey_ = false;
   bool pressBringsFocus_ = false;
   bool pressKeepsSelection_ = false;

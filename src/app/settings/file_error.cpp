@@ -35,7 +35,7 @@ QString CannotRead(const FileError& error) { return Message("Cannot read ", erro
 
 QString CannotWrite(const FileError& error) { return Message("Cannot write ", error); }
 
-Standing WhatStandsAt(const QString& path) {
+AtPath WhatIsAt(const QString& path) {
   std::error_code code;
   const auto status = std::filesystem::status(path.toStdU16String(), code);
   if (status.type() == std::filesystem::file_type::not_found) {

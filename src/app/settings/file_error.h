@@ -28,7 +28,7 @@ struct FileError {
 [[nodiscard]] QString CannotWrite(const FileError& error);
 
 /// What stands at a path, links followed.
-struct Standing {
+struct AtPath {
   bool anything = true;
   /// Why it cannot be opened as a file: "not a file" for a folder, a pipe, a device; the system's
   /// reason where it cannot be told.
@@ -36,6 +36,6 @@ struct Standing {
 };
 
 /// To be looked at before a file is opened: opening a pipe would wait for its other end.
-[[nodiscard]] Standing WhatStandsAt(const QString& path);
+[[nodiscard]] AtPath WhatIsAt(const QString& path);
 
 }  // namespace brindle

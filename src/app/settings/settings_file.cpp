@@ -81,7 +81,7 @@ QString DesktopConfigFolder() {
 SettingsFile::SettingsFile(const QString& folder) : path_(folder + u"/Brindle2.ini"_s) {}
 
 std::variant<QByteArray, FileError> SettingsFile::Read() const {
-  const auto [anything, error] = WhatStandsAt(path_);
+  const auto [anything, error] = WhatIsAt(path_);
   if (!anything) {
     return QByteArray();
   }

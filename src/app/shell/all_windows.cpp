@@ -14,6 +14,7 @@
 #include "split/avi_split.h"
 #include "video/advanced.h"
 #include "video/bitrate_calc.h"
+#include "wav/wav_norm.h"
 
 namespace brindle {
 
@@ -24,6 +25,7 @@ void AddAllWindows(WindowList& windows, Services& services, const std::function<
   windows.Add(WindowId::AVISplit, [&] { return std::make_unique<AVISplit>(services); });
   windows.Add(WindowId::QuickC, [&] { return std::make_unique<QuickC>(services); });
   windows.Add(WindowId::AspectRa, [&] { return std::make_unique<AspectRa>(services); });
+  windows.Add(WindowId::WavNorm, [&] { return std::make_unique<WavNorm>(services); });
   windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
   windows.Add(WindowId::DefaultW,
               [&services, initDat] { return std::make_unique<DefaultW>(services, initDat); });

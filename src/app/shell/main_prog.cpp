@@ -237,6 +237,11 @@ void MainProg::WriteSettings() {
 }
 
 void MainProg::closeEvent(QCloseEvent* event) {
+  // Before anything is saved.
+  if (!unloaded_ && !services_.windows.AllAgreeToClose()) {
+    event->ignore();
+    return;
+  }
   if (!std::exchange(unloaded_, true) && SaveOnExit->isChecked()) {
     WriteSettings();
   }

@@ -53,7 +53,7 @@ void Program::HideAllAndExit() {
   if (std::exchange(ended_, true)) {
     return;
   }
-  boxes_.End();
+  modal_.End();
   for (auto* window : QApplication::topLevelWidgets()) {
     window->hide();
   }

@@ -8,7 +8,9 @@
 #include <QObject>
 
 #include "app/input/clock.h"
+#include "app/input/file_dialogs.h"
 #include "app/input/message_boxes.h"
+#include "app/input/modal_dialogs.h"
 #include "app/settings/settings.h"
 #include "app/shell/main_prog.h"
 #include "app/shell/splash.h"
@@ -40,10 +42,12 @@ class Program : public QObject {
   ProgramFolders folders_;
   Settings record_;
   SystemClock clock_;
-  ScreenMessageBoxes boxes_;
+  ModalDialogs modal_;
+  ScreenMessageBoxes boxes_{modal_};
+  ScreenFileDialogs dialogs_{modal_};
   SystemDesktop desktop_;
   WindowList windows_;
-  Services services_{record_, windows_, clock_, boxes_, desktop_, product_};
+  Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;
   bool ended_ = false;

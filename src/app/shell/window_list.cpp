@@ -3,7 +3,11 @@
 
 #include "app/shell/window_list.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
+
+#include <QPointer>
 
 #include "app/input/form.h"
 
@@ -30,9 +34,20 @@ void WindowList::Show(WindowId id) {
   form.activateWindow();
 }
 
+bool WindowList::AllAgreeToClose() {
+  // A question may be asked meanwhile, and windows come and go.
+  std::vector<QPointer<Form>> open;
+  for (const auto& [id, window] : windows_) {
+    open.emplace_back(window.get());
+  }
+  return std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
+    return window == nullptr || window->AgreesToClose();
+  });
+}
+
 void WindowList::Forget(WindowId id) {
   auto closed = windows_.extract(id);
-  closed.mapped().release()->deleteLater();
+  closed.mapped().release()->DeleteWhenLeft();
 }
 
 }  // namespace brindle

@@ -29,6 +29,7 @@ class WindowList : public QObject, public Windows {
   [[nodiscard]] bool Has(WindowId id) const override;
   Form& Load(WindowId id) override;
   void Show(WindowId id) override;
+  [[nodiscard]] bool AllAgreeToClose() override;
 
  private:
   void Forget(WindowId id);

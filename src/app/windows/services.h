@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "app/input/clock.h"
+#include "app/input/file_dialogs.h"
 #include "app/input/message_boxes.h"
 #include "app/settings/settings.h"
 #include "app/windows/desktop.h"
@@ -27,6 +28,7 @@ struct Services {
   Windows& windows;
   Clock& clock;
   MessageBoxes& boxes;
+  FileDialogs& dialogs;
   Desktop& desktop;
   const Product& product;
 };

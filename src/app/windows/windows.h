@@ -43,6 +43,9 @@ class Windows {
   /// exist, else brings it to the front. What its creation throws comes out; no window is left
   /// then.
   virtual void Show(WindowId id) = 0;
+
+  /// Asks every window whether it may be closed, until one is against it.
+  [[nodiscard]] virtual bool AllAgreeToClose() = 0;
 };
 
 }  // namespace brindle

@@ -54,7 +54,8 @@ class MessageBoxAnswers : public ::testing::TestWithParam<AnswerCase> {};
 
 TEST_P(MessageBoxAnswers, AreThoseOfTheButtons) {
   const auto& [caption, buttons, answer] = GetParam();
-  ScreenMessageBoxes boxes;
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
   WhenOpen(Clicking(caption));
   EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, buttons), answer);
 }
@@ -75,7 +76,8 @@ INSTANTIATE_TEST_SUITE_P(
     });
 
 TEST(MessageBoxes, ShowPlainTextAndStopTheProgram) {
-  ScreenMessageBoxes boxes;
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox* box) {
     EXPECT_EQ(box->objectName(), u"MessageBox"_s);
     EXPECT_EQ(box->textFormat(), Qt::PlainText);
@@ -87,26 +89,30 @@ TEST(MessageBoxes, ShowPlainTextAndStopTheProgram) {
 }
 
 TEST(MessageBoxes, EscapeMeansCancelWhereThereIsOne) {
-  ScreenMessageBoxes boxes;
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
   EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::CancelTryAgainContinue), BoxAnswer::Cancel);
 }
 
 TEST(MessageBoxes, EscapeMeansNoWhereThatIsAnAnswer) {
-  ScreenMessageBoxes boxes;
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
   EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), BoxAnswer::No);
 }
 
 TEST(MessageBoxes, TheEndOfTheProgramIsNoAnswer) {
-  ScreenMessageBoxes boxes;
-  WhenOpen([&](QMessageBox*) { boxes.End(); });
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([&](QMessageBox*) { dialogs.End(); });
   EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), std::nullopt);
   EXPECT_EQ(boxes.Ask(nullptr, u"Again"_s, BoxButtons::Ok), std::nullopt);
 }
 
 TEST(MessageBoxes, ABoxWhoseOwnerGoesIsNoAnswer) {
-  ScreenMessageBoxes boxes;
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
   auto* owner = new QWidget;
   owner->show();
   WhenOpen([&](QMessageBox*) { delete owner; });

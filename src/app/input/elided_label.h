@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLabel>
+#include <QSize>
+#include <QString>
+
+namespace brindle {
+
+/// A label for a text of any length, a path for example. It takes the room that its line leaves it
+/// and shows the middle of a longer text as dots; its text stays whole.
+class ElidedLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit ElidedLabel(const QString& name, const QString& text, const QString& tooltip = {});
+
+  /// Shows a text; a screen reader says it behind the label's name.
+  void Show(const QString& text);
+
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace brindle

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/input/file_drop.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QEvent>
+#include <QMimeData>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+namespace brindle {
+
+namespace {
+
+QString PathIn(const QMimeData* data) {
+  const auto urls = data->urls();
+  return urls.isEmpty() ? QString() : QDir::toNativeSeparators(urls.constFirst().toLocalFile());
+}
+
+}  // namespace
+
+FileDrop::FileDrop(QWidget* window) : QObject(window) {
+  window->setAcceptDrops(true);
+  window->installEventFilter(this);
+}
+
+bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
+  const bool isDrop = event->type() == QEvent::Drop;
+  if (isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
+    auto* drag = static_cast<QDropEvent*>(event);
+    const auto path = PathIn(drag->mimeData());
+    if (!isAccepting_ || path.isEmpty()) {
+      drag->ignore();
+    } else {
+      drag->acceptProposedAction();
+      if (isDrop) {
+        QTimer::singleShot(0, this, [this, path] { Q_EMIT Dropped(path); });
+      }
+    }
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace brindle

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QGroupBox>
+#include <QString>
+
+#include "app/input/elided_label.h"
+#include "app/input/labels.h"
+#include "wav/wav_header.h"
+
+namespace brindle {
+
+/// The frame of the normalizer that says which file is open and what it is.
+class FileInfo {
+ public:
+  FileInfo();
+  [[nodiscard]] QGroupBox* InFrame();
+
+  /// Shows the name of the file and what its header tells. What a damaged field does not tell
+  /// leaves its label as it was.
+  void Write(const QString& path, const WavHeader& header);
+
+  /// Shows or hides all but the name.
+  void SetVisible(bool visible);
+
+ private:
+  ElidedLabel* WavInfo1;
+  ValueLabel* WavInfo2;
+  ValueLabel* WavInfo3;
+  ValueLabel* WavInfo4;
+  ElidedLabel* WavInfo5;
+};
+
+}  // namespace brindle

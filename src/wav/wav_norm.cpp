@@ -1,0 +1,406 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/wav_norm.h"
+
+#include <optional>
+#include <variant>
+
+#include <QCoreApplication>
+#include <QString>
+
+#include "app/input/field_text.h"
+#include "app/input/file_dialogs.h"
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/input/wiring.h"
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+#include "wav/gain.h"
+#include "wav/peak_scan.h"
+#include "wav/wav_text.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int LeastTolerance = 0;  // percent
+constexpr int MostTolerance = 30;  // percent
+constexpr double MostPercent = 100;
+const auto Scanning = u"Scanning..."_s;
+const auto Normalizing = u"Normalizing..."_s;
+
+QString RefusalText(WavRefusal refusal) {
+  switch (refusal) {
+    case WavRefusal::AlreadyOpen:
+      return u"File already open."_s;
+    case WavRefusal::NotPcm:
+      return u"This program only accepts uncompressed PCM WAV files."_s;
+    case WavRefusal::NotAWav:
+      break;
+  }
+  return u"This file does not appear to be a valid WAV."_s;
+}
+
+QString ToleranceText(float tolerance) { return ToQString(TextOfSingle(tolerance)) + u'%'; }
+
+}  // namespace
+
+WavNorm::WavNorm(Services& services)
+    : Form(u"WavNorm"_s, u"WAV Normalizer (rev3)"_s),
+      services_(services),
+      record_(services.record),
+      Mbuffer(MakeCheckBox(
+          u"Mbuffer"_s, u"Multi-buffering (faster for source/target on the same HDD)"_s,
+          u"Disable multi-buffering when source and target are on two separate hard disks."_s)),
+      AutoNorm(MakeCheckBox(u"AutoNorm"_s, u"Auto Normalize After Scan"_s,
+                            u"Begin normalization immediately after scanning (no prompt)"_s)),
+      RemFolders(MakeCheckBox(u"RemFolders"_s, u"Remember Folders"_s,
+                              u"Remember last folder/file loaded"_s)),
+      Toler(new Slider(u"Toler"_s,
+                       u"Tolerance for determining whether the WAV is already normalized."_s,
+                       LeastTolerance, MostTolerance)),
+      TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
+                              {u"88.8%"_s, ToleranceText(record_.WavTolerance)})),
+      Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())),
+      output_(*this, services),
+      Label3(MakeLabel(u"Label3"_s, u"Normalize to:"_s)),
+      PercNorm(
+          new TextField(u"PercNorm"_s, u"Normalize to a percentage of the 16bit sample range"_s)),
+      btnOpen(
+          MakeButton(u"btnOpen"_s, u"Open WAV"_s, u"Select a 16bit PCM WAV file to normalize"_s)),
+      btnScan(MakeButton(u"btnScan"_s, u"Scan for Peaks"_s, u"Scan file for peaks"_s)),
+      btnNorm(MakeButton(u"btnNorm"_s, u"Normalize"_s, u"Normalize selected file"_s)),
+      Cancel(MakeButton(u"Cancel"_s, u"Abort"_s, u"Abort task"_s)),
+      Status(new ValueLabel(u"Status"_s, {}, {Scanning, Normalizing})) {
+  MakeLayout();
+  WireEvents();
+  Form_Load();
+  Focus().Begin(Mbuffer);
+}
+
+void WavNorm::MakeLayout() {
+  PercNorm->setText(u"100"_s);
+  PercNorm->KeepBegunNumber();
+  PercNorm->setAcceptDrops(false);  // a file dropped there is for the window
+  Toler->SetSteps(3, 1, 5);
+  NameByLabel(Label3->text(), {PercNorm});
+  NameByLabel(Label4->text(), {Toler, TolerTxt});
+  NameByLabel(u"Status"_s, {Status});
+  KeepRoom({btnScan, btnNorm, Cancel});
+
+  // clang-format off
+  LayOut(this,
+    Down({
+      MakeFrame(u"Options"_s, {
+        {Mbuffer, {}},
+        {AutoNorm, {}},
+        {RemFolders, {}},
+        {Label4, {Toler, TolerTxt}},
+      }),
+      output_.InFrame(),
+      fileInfo_.InFrame(),
+      Across({
+        Label3, PercNorm, MakeLabel(u"%"_s), Item::Stretch(), peaks_.Line(),
+      }, Spacing),
+      Across({btnOpen, btnScan, btnNorm, Item::Stretch(), Cancel}, Spacing),
+      progress_.Line(Status),
+    }));
+  // clang-format on
+}
+
+void WavNorm::WireEvents() {
+  using Self = WavNorm;
+  const Wires on(this);
+  on(Mbuffer).Click(&Self::Mbuffer_Click);
+  on(AutoNorm).Click(&Self::AutoNorm_Click);
+  on(RemFolders).Click(&Self::RemFolders_Click);
+  on(Toler).Change(&Self::Toler_Change);
+  on(PercNorm).Change(&Self::PercNorm_Change);
+  on(btnOpen).Click(&Self::btnOpen_Click);
+  on(btnScan).Click(&Self::btnScan_Click);
+  on(btnNorm).Click(&Self::btnNorm_Click);
+  on(Cancel).Click(&Self::Cancel_Click);
+  connect(&drop_, &FileDrop::Dropped, this, &Self::OpenFile);
+}
+
+void WavNorm::Form_Load() {
+  Toler->Write(ToInteger32(record_.WavTolerance));
+  TolerTxt->Show(ToleranceText(record_.WavTolerance));
+  ResetLoad();
+  peaks_.HidePeaks();
+  progress_.HideProgress();
+  AbortRequested = false;
+  PercNorm->Write(ToQString(TextOf(record_.WavNormalizePercent)));
+  AutoNorm->setChecked(record_.WavAutoNormalize);
+  Mbuffer->setChecked(record_.WavMultiBuffer);
+  RemFolders->setChecked(record_.WavRememberFolders);
+  output_.Form_Load();
+}
+
+void WavNorm::Mbuffer_Click() { record_.WavMultiBuffer = Mbuffer->isChecked(); }
+void WavNorm::AutoNorm_Click() { record_.WavAutoNormalize = AutoNorm->isChecked(); }
+void WavNorm::RemFolders_Click() { record_.WavRememberFolders = RemFolders->isChecked(); }
+
+void WavNorm::Toler_Change() {
+  if (!Toler->IsBeingWritten()) {
+    record_.WavTolerance = static_cast<float>(Toler->value());
+    TolerTxt->Show(ToleranceText(record_.WavTolerance));
+  }
+}
+
+void WavNorm::PercNorm_Change() {
+  if (IsEmpty(PercNorm)) {
+    return;
+  }
+  if (!IsNumericIn(PercNorm)) {
+    WriteNumber(PercNorm, LeadingNumberIn(PercNorm));
+  }
+  if (IsJustBegun(PercNorm->text().toStdString())) {
+    return;
+  }
+  if (NumberIn(PercNorm) > MostPercent) {
+    WriteNumber(PercNorm, MostPercent);
+  }
+  record_.WavNormalizePercent = ToInteger16(NumberIn(PercNorm));
+}
+
+void WavNorm::btnOpen_Click() {
+  const Occupied inside(*this);
+  const auto path = services_.dialogs.AskForExisting(
+      this, {.name = u"DLG"_s,
+             .title = u"Select Files"_s,
+             .filters = {u"WAV files (*.wav)"_s, u"All Files (*.*) (*)"_s},
+             .start = record_.WavRememberFolders ? record_.WavSourceFile : QString()});
+  if (!path.isEmpty()) {
+    OpenFile(path);
+  }
+}
+
+void WavNorm::OpenFile(const QString& path) {
+  if (running_ != Running::Nothing) {
+    return;
+  }
+  const Occupied inside(*this);
+  const auto opened = ReadHeader(path);
+  if (const auto* header = std::get_if<WavHeader>(&opened)) {
+    fileInfo_.Write(path, *header);
+    ShowFileInfo();
+    peaks_.HidePeaks();
+    record_.WavSourceFile = path;
+    return;
+  }
+  const auto* refusal = std::get_if<WavRefusal>(&opened);
+  Ask(refusal != nullptr ? RefusalText(*refusal) : MessageOf(std::get<WavError>(opened)));
+  if (!isClosing_) {
+    ResetLoad();
+  }
+}
+
+void WavNorm::btnScan_Click() {
+  if (running_ != Running::Nothing) {
+    return;
+  }
+  const Occupied inside(*this);
+  const bool goesOn = record_.WavAutoNormalize;
+  Cancel->show();
+  Cancel->setFocus();
+  HideFileInfo();
+  progress_.ShowProgress();
+  Status->Show(Scanning);
+  SetRunning(Running::Scan);
+  const auto scan = ScanPeaks(record_.WavSourceFile, services_.clock, *this);
+  if (isClosing_) {
+    return;
+  }
+  SetRunning(Running::Nothing);
+  if (scan.isAborted) {
+    AbortRequested = false;
+  }
+  ScanThroughput = scan.throughput;
+  progress_.HideProgress();
+  peaks_.Write(scan.lowest, scan.highest);
+  ShowNormalizeReady();
+  ShowFileInfo();
+  HideCancel();
+  peaks_.ShowPeaks();
+  Status->Show({});
+  if (scan.error) {
+    Ask(MessageOf(*scan.error));
+  } else if (goesOn) {
+    btnNorm_Click();  // deliberately after an aborted scan, too
+  }
+}
+
+void WavNorm::btnNorm_Click() {
+  if (running_ != Running::Nothing) {
+    return;
+  }
+  const Occupied inside(*this);
+  const auto lowest = peaks_.Lowest();
+  const auto highest = peaks_.Highest();
+  running_ = Running::Busy;
+  QCoreApplication::processEvents();
+  if (isClosing_) {
+    return;
+  }
+  running_ = Running::Nothing;
+  const auto gain = GainFor(lowest, highest, TargetPercent());
+  if (!gain || !IsNormalizationRequired(100 * *gain, record_.WavTolerance)) {
+    Ask(u"Normalization is not required"_s);
+    return;
+  }
+  Status->Show(Normalizing);
+  Cancel->show();
+  Cancel->setFocus();
+  HideNormalize();
+  PercNorm->setEnabled(false);
+  peaks_.HidePeaks();
+  progress_.ShowProgress();
+  SetRunning(Running::Normalization);
+  const auto error = Normalize(
+      {.files = {record_.WavSourceFile, record_.WavTargetFile, record_.WavOverwriteSource},
+       .isMultiBuffer = record_.WavMultiBuffer,
+       .gain = *gain});
+  if (isClosing_) {
+    return;
+  }
+  SetRunning(Running::Nothing);
+  progress_.HideProgress();
+  Mbuffer->setEnabled(true);
+  HideCancel();
+  PercNorm->setEnabled(true);
+  Status->Show({});
+  HideNormalize();
+  if (error) {
+    Ask(MessageOf(*error));
+  }
+}
+
+// The pass itself, with its statistics when it was completed.
+std::optional<WavError> WavNorm::Normalize(const PassOptions& options) {
+  const GainTable table(options.gain);
+  double throughput = 0;
+  {
+    // The files are closed before the statistics are shown.
+    Normalization pass;
+    if (pass.Open(options.files, *this) != Normalization::Opened::Yes) {
+      return pass.Error();
+    }
+    Mbuffer->setEnabled(false);
+    const auto buffering = options.isMultiBuffer ? Buffering::Multi : Buffering::Single;
+    if (pass.Run(table, buffering, services_.clock, *this) != Normalization::Ended::Completed) {
+      return pass.Error();
+    }
+    throughput = pass.Throughput();
+  }
+  QCoreApplication::processEvents();
+  if (!isClosing_) {
+    running_ = Running::Busy;
+    progress_.HideProgress();
+    ShowStats({.scanThroughput = ScanThroughput,
+               .normalizationThroughput = throughput,
+               .amplification = 100 * options.gain,
+               .isMultiBuffer = options.isMultiBuffer});
+  }
+  return std::nullopt;
+}
+
+// An empty or only begun percentage counts as the stored one.
+double WavNorm::TargetPercent() {
+  if (IsEmpty(PercNorm) || IsJustBegun(PercNorm->text().toStdString())) {
+    WriteNumber(PercNorm, record_.WavNormalizePercent);
+  }
+  return NumberIn(PercNorm);
+}
+
+// Taken at the next update of a scan or pass that has one. Deliberately kept by a pass that has
+// none any more: the next scan stops by it.
+void WavNorm::Cancel_Click() {
+  const Occupied inside(*this);
+  if (Status->text() != Normalizing || ReallyAbort()) {
+    AbortRequested = true;
+  }
+}
+
+bool WavNorm::ReallyAbort() {
+  return Ask(u"Aborting normalization is not recommended. Output file will be damaged.\r\n"
+             "                      Really abort normalization?"_s,
+             BoxButtons::YesNo) == BoxAnswer::Yes;
+}
+
+bool WavNorm::Update(const PassProgress& progress) {
+  progress_.Update(progress);
+  QCoreApplication::processEvents();
+  return !isClosing_ && !AbortRequested;
+}
+
+bool WavNorm::MayOverwrite() {
+  return Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNo) == BoxAnswer::Yes;
+}
+
+void WavNorm::WorksInPlace() { output_.SelectSource(); }
+
+bool WavNorm::AgreesToClose() {
+  const Occupied inside(*this);
+  if (running_ == Running::Normalization && !ReallyAbort()) {
+    return false;
+  }
+  isClosing_ = true;
+  return true;
+}
+
+void WavNorm::ShowStats(const PassStatistics& statistics) {
+  Ask(ToQString(StatisticsText(statistics)));
+}
+
+// Nothing is the answer when the window or the program goes away.
+std::optional<BoxAnswer> WavNorm::Ask(const QString& text, BoxButtons buttons) {
+  const auto answer = services_.boxes.Ask(this, text, buttons);
+  isClosing_ |= !answer.has_value();
+  return answer;
+}
+
+void WavNorm::SetRunning(Running running) {
+  running_ = running;
+  const bool isIdle = running_ == Running::Nothing;
+  btnOpen->setEnabled(isIdle);
+  btnScan->setEnabled(isIdle);
+  btnNorm->setEnabled(isIdle);
+  output_.SetIdle(isIdle);
+  drop_.SetAccepting(isIdle);
+}
+
+void WavNorm::HideCancel() {
+  if (focusWidget() == Cancel) {
+    btnScan->setFocus();
+  }
+  Cancel->hide();
+}
+
+void WavNorm::ResetLoad() {
+  HideNormalize();
+  HideFileInfo();
+  HideCancel();
+}
+
+void WavNorm::ShowNormalizeReady() {
+  btnNorm->show();
+  fileInfo_.SetVisible(true);
+}
+
+void WavNorm::HideNormalize() { btnNorm->hide(); }
+
+void WavNorm::ShowFileInfo() {
+  btnScan->show();
+  fileInfo_.SetVisible(true);
+}
+
+void WavNorm::HideFileInfo() {
+  btnScan->hide();
+  fileInfo_.SetVisible(false);
+}
+
+}  // namespace brindle
