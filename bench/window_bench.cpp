@@ -63,8 +63,8 @@ struct Calculator {
   Settings record = AtStart();
   SystemClock clock;
   ModalDialogs modal;
-  ScreenMessageBoxes boxes(modal);
-  ScreenFileDialogs dialogs(modal);
+  ScreenMessageBoxes boxes{modal};
+  ScreenFileDialogs dialogs{modal};
   SystemDesktop desktop;
   WindowList windows;
   Product product = BuiltProduct();

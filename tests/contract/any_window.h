@@ -26,7 +26,8 @@ class AnyWindow : public WindowTest {
         {"DefaultW", WindowId::DefaultW},   {"BitrateCalc", WindowId::BitrateCalc},
         {"AudioCalc", WindowId::AudioCalc}, {"HDCalc", WindowId::HDCalc},
         {"Advanced", WindowId::Advanced},   {"AVISplit", WindowId::AVISplit},
-        {"QuickC", WindowId::QuickC},       {"AspectRa", WindowId::AspectRa}};
+        {"QuickC", WindowId::QuickC},       {"AspectRa", WindowId::AspectRa},
+        {"WavNorm", WindowId::WavNorm}};
     if (name == "Splash") {
       splash_ = std::make_unique<Splash>(services);
       splash_->Run();
@@ -41,6 +42,16 @@ class AnyWindow : public WindowTest {
     }
     record.SplitSegmentsMode = 1;  // the third segment shows
     return Open(listed.at(name));
+  }
+
+  /// Shows every control that has a name and is hidden until it is needed.
+  static void ShowAll(const QWidget* window) {
+    for (auto* control : window->findChildren<QWidget*>()) {
+      if (!control->isWindow() && control->isHidden() && !control->objectName().isEmpty() &&
+          !control->objectName().startsWith(QStringLiteral("qt_"))) {
+        control->show();
+      }
+    }
   }
 
   /// The control that a widget belongs to: a list is one control with its text part.

@@ -29,6 +29,7 @@ inline const std::vector<WindowRow>& WindowRows() {
       {"AVISplit", "Velbrin's Brindle 2 : AVI Splitting Calc"},
       {"QuickC", "Velbrin's Brindle 2 : Quick Convert"},
       {"AspectRa", "Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"},
+      {"WavNorm", "WAV Normalizer (rev3)"},
   };
   return rows;
 }
@@ -45,6 +46,7 @@ enum class Kind {
   List,    ///< with a field to type in
   Choice,  ///< a list without one
   Slider,
+  Progress,
   Frame
 };
 
@@ -62,6 +64,7 @@ struct ControlRow {
   std::string accessibleName;
   int tab = NoTab;  ///< its place in the tab order, from 0, with every control enabled; the options
                     ///< of an array share one
+  bool isHidden = false;  ///< until it is needed
 };
 
 inline void PrintTo(const ControlRow& row, std::ostream* out) {
@@ -70,6 +73,12 @@ inline void PrintTo(const ControlRow& row, std::ostream* out) {
 
 inline const std::vector<ControlRow>& ControlRows() {
   using K = Kind;
+  static const std::string options = "Options";
+  static const std::string saveTo = "Save normalized WAV output to:";
+  static const std::string file = "File Info";
+  static const std::string tolerance =
+      "Tolerance for determining whether the WAV is already normalized.";
+  static const std::string remaining = "Remaining time to complete task (min:secs)";
   static const std::string basic = "Basic Settings";
   static const std::string extra = "Extra Settings";
   static const std::string time = "Hr:Min:Secs :";
@@ -351,6 +360,54 @@ inline const std::vector<ControlRow>& ControlRows() {
        "Aspect ratio of the displayed resolution.", "Aspect ratio:"},
       {"AspectRa", "Stats(5)", K::Label, output, "-0.9%",
        "An AR error of up to about 2% is considered negligible.", "Aspect error:"},
+
+      {"WavNorm", "Mbuffer", K::CheckBox, options,
+       "Multi-buffering (faster for source/target on the same HDD)",
+       "Disable multi-buffering when source and target are on two separate hard disks.",
+       "Multi-buffering (faster for source/target on the same HDD)", 0},
+      {"WavNorm", "AutoNorm", K::CheckBox, options, "Auto Normalize After Scan",
+       "Begin normalization immediately after scanning (no prompt)", "Auto Normalize After Scan", 1},
+      {"WavNorm", "RemFolders", K::CheckBox, options, "Remember Folders",
+       "Remember last folder/file loaded", "Remember Folders", 2},
+      {"WavNorm", "Label4", K::Label, options, "Normalization tolerance:", tolerance,
+       "Normalization tolerance:"},
+      {"WavNorm", "Toler", K::Slider, options, "", tolerance, "Normalization tolerance:", 3},
+      {"WavNorm", "TolerTxt", K::Label, options, "6%", tolerance, "Normalization tolerance:"},
+      {"WavNorm", "Output(0)", K::Option, saveTo,
+       "Overwrite existing file (not sug. for 2HDD sys)", "Directly normalize existing WAV file",
+       "Overwrite existing file (not sug. for 2HDD sys)", 4},
+      {"WavNorm", "Output(1)", K::Option, saveTo, "Target File:",
+       "If you have 2 hard disks set the target to a different HD than the source to maximize "
+       "performance.",
+       "Target File:", 4},
+      {"WavNorm", "TargetFile", K::Label, saveTo, "C:\\Out.wav", "C:\\Out.wav", "Target File:"},
+      {"WavNorm", "Target", K::Button, saveTo, "Browse...",
+       "Select target file for normalized output", "Browse...", 5},
+      {"WavNorm", "WavInfo1", K::Label, file, "No File Loaded", "", "File Info"},
+      {"WavNorm", "WavInfo2", K::Label, file, "Samplerate", "", "File Info", NoTab, true},
+      {"WavNorm", "WavInfo3", K::Label, file, "Sample", "", "File Info", NoTab, true},
+      {"WavNorm", "WavInfo4", K::Label, file, "Mode", "", "File Info", NoTab, true},
+      {"WavNorm", "WavInfo5", K::Label, file, "Duration", "", "File Info", NoTab, true},
+      {"WavNorm", "Label3", K::Label, "", "Normalize to:", "", "Normalize to:"},
+      {"WavNorm", "PercNorm", K::Field, "", "100",
+       "Normalize to a percentage of the 16bit sample range", "Normalize to:", 6},
+      {"WavNorm", "Label1", K::Label, "", "Peaks:", "Detected peaks", "Peaks:", NoTab, true},
+      {"WavNorm", "MinV", K::Label, "", "", "Minimum level (peak)", "Peaks: Minimum level (peak)",
+       NoTab, true},
+      {"WavNorm", "MaxV", K::Label, "", "", "Maximum level (peak)", "Peaks: Maximum level (peak)",
+       NoTab, true},
+      {"WavNorm", "btnOpen", K::Button, "", "Open WAV",
+       "Select a 16bit PCM WAV file to normalize", "Open WAV", 7},
+      {"WavNorm", "btnScan", K::Button, "", "Scan for Peaks", "Scan file for peaks",
+       "Scan for Peaks", 8, true},
+      {"WavNorm", "btnNorm", K::Button, "", "Normalize", "Normalize selected file", "Normalize", 9,
+       true},
+      {"WavNorm", "Cancel", K::Button, "", "Abort", "Abort task", "Abort", 10, true},
+      {"WavNorm", "Status", K::Label, "", "", "", "Status"},
+      {"WavNorm", "ProgBar", K::Progress, "", "", "", "Progress", NoTab, true},
+      {"WavNorm", "Perc", K::Label, "", "0", "", "Progress", NoTab, true},
+      {"WavNorm", "ETA1", K::Label, "", "ETA:", remaining, "ETA:", NoTab, true},
+      {"WavNorm", "ETA2", K::Label, "", "", remaining, "ETA:", NoTab, true},
   };
   // clang-format on
   return rows;

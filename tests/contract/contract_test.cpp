@@ -15,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -47,6 +48,9 @@ std::string KindOf(const QWidget* control) {
   }
   if (qobject_cast<const QSlider*>(control) != nullptr) {
     return "slider";
+  }
+  if (qobject_cast<const QProgressBar*>(control) != nullptr) {
+    return "progress bar";
   }
   if (qobject_cast<const QLineEdit*>(control) != nullptr) {
     return "field";
@@ -93,6 +97,8 @@ std::string NameOf(Kind kind) {
       return "choice";
     case Kind::Slider:
       return "slider";
+    case Kind::Progress:
+      return "progress bar";
     case Kind::Frame:
       return "frame";
   }
@@ -196,11 +202,12 @@ TEST_P(WindowContract, ShowsPlainTextEverywhere) {
   }
 }
 
-// With every control enabled: those that have nothing to open yet keep their place.
+// With every control shown and enabled: those that are not needed yet keep their place.
 class TabOrder : public WindowContract {
  protected:
   QWidget* OpenEnabled() {
     auto* window = OpenIt();
+    ShowAll(window);
     for (auto* control : ControlsIn(window)) {
       control->setEnabled(true);
     }
@@ -269,16 +276,16 @@ TEST_P(TabOrder, GoesBackTheSameWay) {
   EXPECT_EQ(Walk(window, Qt::Key_Backtab, expected.size()), expected);
 }
 
-TEST_P(TabOrder, LeavesOutWhatIsDisabled) {
+TEST_P(TabOrder, LeavesOutWhatIsDisabledOrHidden) {
   auto* window = OpenIt();
-  std::set<std::string> disabled;
+  std::set<std::string> left;
   for (const auto* control : ControlsIn(window)) {
-    if (!control->isEnabled()) {
-      disabled.insert(NameOf(control));
+    if (!control->isEnabled() || control->isHidden()) {
+      left.insert(NameOf(control));
     }
   }
   auto expected = ExpectedFrom(window);
-  std::erase_if(expected, [&](const auto& stop) { return disabled.contains(stop); });
+  std::erase_if(expected, [&](const auto& stop) { return left.contains(stop); });
   expected.push_back(expected.front());
   EXPECT_EQ(Walk(window, Qt::Key_Tab, expected.size()), expected);
 }
@@ -324,14 +331,14 @@ TEST_P(ControlContract, HoldsWhatTheTableSays) {
   EXPECT_EQ(CaptionOf(control), row.caption);
   EXPECT_EQ(control->toolTip().toStdString(), row.tooltip);
   EXPECT_EQ(AccessibleNameOf(control), row.accessibleName);
-  EXPECT_TRUE(control->isVisible());
+  EXPECT_EQ(control->isHidden(), row.isHidden);
   EXPECT_TRUE(window->isAncestorOf(control));
 }
 
 TEST_P(ControlContract, OfAnArrayItCarriesItsIndex) {
-  const auto& [windowName, name, kind, frame, caption, tooltip, accessibleName, tab] = GetParam();
-  if (kind == Kind::Option) {
-    const auto index = name.substr(name.find('(') + 1, 1);
+  const auto& row = GetParam();
+  if (row.kind == Kind::Option) {
+    const auto index = row.name.substr(row.name.find('(') + 1, 1);
     EXPECT_EQ(control->property("Index"), QVariant(std::atoi(index.c_str())));
   }
 }
@@ -343,7 +350,10 @@ TEST_P(ControlContract, IsNamedByWhatStandsBesideIt) {
   const auto& row = GetParam();
   const std::set<Kind> labelled{Kind::Field, Kind::List, Kind::SpinButton, Kind::Option,
                                 Kind::Label};
-  if (row.window == "Splash" || !labelled.contains(row.kind) || row.accessibleName == row.caption) {
+  // Several values share a line of the normalizer; they are named by the table alone.
+  const bool isValueOfMany = row.window == "WavNorm" && row.kind == Kind::Label;
+  if (row.window == "Splash" || !labelled.contains(row.kind) || isValueOfMany ||
+      row.accessibleName == row.caption) {
     return;
   }
   std::string left;

@@ -14,18 +14,24 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QByteArray>
 #include <QComboBox>
+#include <QFile>
 #include <QFont>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRect>
 #include <QString>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QTimer>
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "app/input/elided_label.h"
+#include "app/input/slider.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 
@@ -118,6 +124,9 @@ std::string CutOff(const QWidget* widget) {
   if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) {
     return fits(metrics.size(Qt::TextSingleLine, frame->title())) ? "" : "frame";
   }
+  if (qobject_cast<const ElidedLabel*>(widget) != nullptr) {
+    return metrics.height() <= widget->height() ? "" : "height of text";
+  }
   if (const auto* label = qobject_cast<const QLabel*>(widget)) {
     if (label->wordWrap()) {
       const auto needed = metrics.boundingRect(QRect(0, 0, label->contentsRect().width(), 10000),
@@ -162,6 +171,8 @@ class GeometryOf : public AnyWindow, public ::testing::WithParamInterface<Window
   void SetUp() override {
     window = OpenByName(GetParam().name);
     ASSERT_NE(window, nullptr);
+    ShowAll(window);
+    QCoreApplication::processEvents();
   }
 
   QWidget* window = nullptr;
@@ -532,6 +543,61 @@ TEST_F(AdvancedStays, WithEveryOptionAndBox) {
   for (const auto& name :
        {u"InterlOpt(1)"_s, u"InterlOpt(3)"_s, u"InterlOpt(4)"_s, u"AOver"_s, u"VOver"_s}) {
     Find<QAbstractButton>(window, name)->click();
+    ExpectAllAsBefore();
+  }
+}
+
+class WavNormStays : public GeometryStays {
+ protected:
+  void SetUp() override {
+    Start("WavNorm");
+    path = folder.filePath(QString(60, u'w') + u".wav"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    // Six channels, 2147483647 Hz, -32768 bit.
+    const auto header = QByteArray::fromHex(
+        "524946460000000057415645666d74201000000001000600ffffff7f00000000000000806461746100000400");
+    ASSERT_EQ(file.write(header + QByteArray(0x40000, '\x40')), header.size() + 0x40000);
+  }
+
+  void Push(const QString& button) const { Find<QPushButton>(window, button)->click(); }
+
+  // What was hidden takes the room that was kept for it.
+  void ExpectTheOthersStay() const {
+    for (const auto& [widget, box] : Boxes()) {
+      EXPECT_TRUE(!before.contains(widget) || before.at(widget) == box) << Called(widget);
+      EXPECT_EQ(CutOff(widget), "") << Called(widget);
+    }
+  }
+
+  QString path;
+};
+
+TEST_F(WavNormStays, FromTheOpenFileToTheEndOfAPass) {
+  dialogs.paths = {path};
+  Push(u"btnOpen"_s);
+  ASSERT_EQ(TextOf(u"WavInfo2"_s), u"2147483647Hz"_s);
+  ExpectTheOthersStay();
+  clock.AdvanceAtEveryLook(1);
+  int looks = 0;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, window, [&] {
+    ++looks;
+    ExpectTheOthersStay();
+  });
+  watch.start(0);
+  Push(u"btnScan"_s);
+  ASSERT_GT(looks, 1);
+  ASSERT_EQ(TextOf(u"MaxV"_s), u"16448"_s);
+  boxes.answers = {BoxAnswer::Ok};
+  Push(u"btnNorm"_s);
+  watch.stop();
+  ExpectTheOthersStay();
+}
+
+TEST_F(WavNormStays, WithAnyTolerance) {
+  for (const int value : {0, 30}) {
+    Find<Slider>(window, u"Toler"_s)->setValue(value);
     ExpectAllAsBefore();
   }
 }

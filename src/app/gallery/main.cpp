@@ -14,6 +14,8 @@
 #include <QPalette>
 #include <QTemporaryDir>
 
+#include "app/gallery/normalizer_pictures.h"
+#include "app/gallery/recording.h"
 #include "app/shell/all_windows.h"
 #include "app/shell/built_product.h"
 #include "app/shell/main_prog.h"
@@ -26,13 +28,28 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// No window beeps or asks while its picture is taken.
+// No window beeps or asks while its picture is taken; the file that is opened is the recording.
 class Silence : public Desktop, public MessageBoxes, public FileDialogs {
  public:
+  explicit Silence(QString recording) : recording_(std::move(recording)) {}
   void Beep() override {}
-  std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override { return {}; }
-  QString AskForExisting(QWidget*, const FileQuestion&) override { return {}; }
+  std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override {
+    return BoxAnswer::Ok;
+  }
+  QString AskForExisting(QWidget*, const FileQuestion&) override { return recording_; }
   QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
+
+ private:
+  QString recording_;
+};
+
+// Time passes quickly, so that a short file keeps a window busy for long.
+class QuickClock : public SystemClock {
+ public:
+  [[nodiscard]] double Now() const override { return now_ += 0.6; }
+
+ private:
+  mutable double now_ = 0;
 };
 
 QPalette DarkPalette() {
@@ -75,8 +92,8 @@ class Gallery {
  public:
   Gallery(const QDir& folder, QString label) : folder_(folder), label_(std::move(label)) {}
 
-  bool Take(QWidget& window) const {
-    const auto path = folder_.filePath(window.objectName() + u'-' + label_ + u".png"_s);
+  bool Take(QWidget& window, const QString& state = {}) const {
+    const auto path = folder_.filePath(window.objectName() + state + u'-' + label_ + u".png"_s);
     const bool saved = window.grab().save(path);
     if (!saved) {
       std::cerr << "cannot write " << path.toStdString() << '\n';
@@ -93,8 +110,9 @@ int TakeAll(const Gallery& gallery) {
   const QTemporaryDir folder;
   Settings record;
   WindowList windows;
-  SystemClock clock;
-  Silence silence;
+  QuickClock clock;
+  const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
+  Silence silence(recording);
   const Product product = BuiltProduct();
   Services services{record, windows, clock, silence, silence, silence, product};
   AddAllWindows(windows, services, [] {});
@@ -104,9 +122,9 @@ int TakeAll(const Gallery& gallery) {
   MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
   mainProg.show();
   SetRealisticFigures(record);
-  for (const auto id :
-       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
-        WindowId::QuickC, WindowId::AspectRa, WindowId::Advanced, WindowId::DefaultW}) {
+  for (const auto id : {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc,
+                        WindowId::AVISplit, WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm,
+                        WindowId::Advanced, WindowId::DefaultW}) {
     windows.Show(id);
   }
   QApplication::processEvents();
@@ -116,6 +134,14 @@ int TakeAll(const Gallery& gallery) {
       saved &= gallery.Take(*window);
     }
   }
+  if (!WriteRecording(recording)) {
+    std::cerr << "cannot write " << recording.toStdString() << '\n';
+    return 1;
+  }
+  record.WavTargetFile = folder.filePath(u"Normalized.wav"_s);
+  auto& normalizer = windows.Load(WindowId::WavNorm);
+  ShowNormalizerAtWork(normalizer,
+                       [&](const QString& state) { saved &= gallery.Take(normalizer, state); });
   return saved ? 0 : 1;
 }
 

@@ -66,8 +66,8 @@ QLayout* ControlsOf(const Row& row) {
   const bool isText = std::all_of(row.controls.begin(), row.controls.end(), IsLabel);
   for (auto* control : row.controls) {
     const bool isPlainLabel = control->metaObject() == &QLabel::staticMetaObject;
-    const bool isSpin = qobject_cast<SpinButton*>(control) != nullptr;
-    controls->addWidget(control, isText || isPlainLabel || isSpin ? 0 : 1, AlignmentOf(control));
+    const bool isButton = qobject_cast<QAbstractButton*>(control) != nullptr;
+    controls->addWidget(control, isText || isPlainLabel || isButton ? 0 : 1, AlignmentOf(control));
     if (!isPlainLabel && control->accessibleName().isEmpty()) {
       NameByLabel(row.head.Text(), {control});
     }

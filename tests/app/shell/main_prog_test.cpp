@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "Calculate a suitable resolution for video based on the Aspect Ratio.", true},
         ControlCase{"QuickCon", "Calculators", "Quick Converter", "", "", true},
         ControlCase{"WinCalc", "Calculators", "Windows Calculator", "", "", false},
-        ControlCase{"Normalize", "Tools", "", "Easily normalize any 16bit PCM WAV file", "", false},
+        ControlCase{"Normalize", "Tools", "", "Easily normalize any 16bit PCM WAV file", "", true},
         ControlCase{"Adremove", "Tools", "", "Disable DivX 5 pro GAIN spyware", "", false},
         ControlCase{"HelpWin", "Extra", "Help", "", "", false},
         ControlCase{"Update", "Extra", "Check for Updates",

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// One job of the normalizer on a real file, for bench/wav to time: wav_job JOB FILE... Prints the
+// processor time and the time passed of the job itself, in seconds.
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <random>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include <QApplication>
+#include <QFile>
+#include <QPushButton>
+#include <QString>
+#include <QTemporaryDir>
+
+#include "app/shell/all_windows.h"
+#include "app/shell/system_desktop.h"
+#include "app/shell/window_list.h"
+#include "wav/gain.h"
+#include "wav/normalization.h"
+#include "wav/peak_scan.h"
+#include "wav/samples.h"
+
+namespace brindle {
+namespace {
+
+using Arguments = std::vector<QString>;
+
+constexpr double Gain = 1.25;
+
+void Require(bool holds, const char* what) {
+  if (!holds) {
+    std::cerr << "wav_job: " << what << '\n';
+    std::exit(1);
+  }
+}
+
+class Undisturbed : public PassObserver, public TargetQuestions {
+ public:
+  [[nodiscard]] bool Update(const PassProgress&) override { return true; }
+  [[nodiscard]] bool MayOverwrite() override { return true; }
+  void WorksInPlace() override {}
+};
+
+// Chords that swell and fade under some noise, 16-bit stereo at 44100 Hz, of this many megabytes.
+void Make(const Arguments& arguments) {
+  constexpr std::uint32_t rate = 44100;
+  const auto dataLength = arguments[1].toUInt() * 1'000'000 / 4 * 4;
+  QFile file(arguments[0]);
+  Require(file.open(QIODevice::WriteOnly), "cannot make the file");
+  const auto number = [&](std::uint32_t value, int bytes) {
+    for (int byte = 0; byte < bytes; ++byte) {
+      file.putChar(static_cast<char>(value >> (8 * byte)));
+    }
+  };
+  file.write("RIFF");
+  number(dataLength + 36, 4);
+  file.write("WAVEfmt ");
+  number(16, 4);
+  number(1, 2);
+  number(2, 2);
+  number(rate, 4);
+  number(rate * 4, 4);
+  number(4, 2);
+  number(16, 2);
+  file.write("data");
+  number(dataLength, 4);
+  std::mt19937 random(7);  // NOLINT: the same music every time
+  std::normal_distribution<float> noise(0, 600);
+  SampleBuffer buffer(BlockWords);
+  std::uint32_t frame = 0;
+  for (std::uint32_t left = dataLength; left > 0;) {
+    for (std::size_t word = 0; word < buffer.size(); word += 2, ++frame) {
+      const auto time = static_cast<float>(frame) / static_cast<float>(rate);
+      const float swell = 0.55F + 0.45F * std::sin(time * 0.7F);
+      const float chord = std::sin(time * 1382) + 0.7F * std::sin(time * 1741) +
+                          0.5F * std::sin(time * 2073) + 0.3F * std::sin(time * 5530);
+      for (const std::size_t side : {0, 1}) {
+        buffer[word + side] = static_cast<std::int16_t>(
+            std::clamp(8000 * swell * chord + noise(random), -26000.0F, 26000.0F));
+      }
+    }
+    const auto bytes = std::min<std::uint32_t>(left, BlockSize);
+    file.write(reinterpret_cast<const char*>(buffer.data()), bytes);
+    left -= bytes;
+  }
+  Require(file.flush(), "cannot write the file");
+}
+
+// The floor of a scan: nothing but the reads and one table store a sample.
+void FloorScan(const Arguments& arguments) {
+  const int file = open(qPrintable(arguments[0]), O_RDONLY);
+  Require(file >= 0, "cannot open the file");
+  static std::array<std::uint8_t, LevelCount> seen;
+  static std::array<std::uint16_t, BlockWords> block;
+  for (ssize_t bytes = 0; (bytes = read(file, block.data(), sizeof(block))) > 0;) {
+    const auto* end = block.data() + bytes / 2;
+    for (const auto* word = block.data(); word < end; ++word) {
+      seen[*word] = 1;
+    }
+  }
+  close(file);
+  Require(std::count(seen.begin(), seen.end(), 1) > 1000, "there is no music in the file");
+}
+
+// The floor of a pass: nothing but the reads, one table lookup a sample, and the writes.
+void FloorPass(const Arguments& arguments) {
+  const int source = open(qPrintable(arguments[0]), O_RDONLY);
+  const int target = open(qPrintable(arguments[1]), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+  Require(source >= 0 && target >= 0, "cannot open the files");
+  static std::array<std::uint16_t, LevelCount> table;
+  for (std::size_t level = 0; level < LevelCount; ++level) {
+    table[level] = static_cast<std::uint16_t>(level * 5 / 4);
+  }
+  static std::array<std::uint16_t, BlockWords> block;
+  for (ssize_t bytes = 0; (bytes = read(source, block.data(), sizeof(block))) > 0;) {
+    auto* end = block.data() + bytes / 2;
+    for (auto* word = block.data(); word < end; ++word) {
+      *word = table[*word];
+    }
+    Require(write(target, block.data(), static_cast<std::size_t>(bytes)) == bytes, "cannot write");
+  }
+  close(source);
+  close(target);
+}
+
+void Scan(const Arguments& arguments) {
+  const SystemClock clock;
+  Undisturbed undisturbed;
+  const auto scan = ScanPeaks(arguments[0], clock, undisturbed);
+  Require(!scan.error && scan.lowest < -1000 && scan.highest > 1000, "the scan failed");
+}
+
+void Normalize(const PassFiles& files, Buffering buffering) {
+  const SystemClock clock;
+  Undisturbed undisturbed;
+  Normalization pass;
+  Require(pass.Open(files, undisturbed) == Normalization::Opened::Yes, "the files do not open");
+  Require(
+      pass.Run(GainTable(Gain), buffering, clock, undisturbed) == Normalization::Ended::Completed,
+      "the pass failed");
+}
+
+void PassMulti(const Arguments& arguments) {
+  Normalize({arguments[0], arguments[1], false}, Buffering::Multi);
+}
+void PassSingle(const Arguments& arguments) {
+  Normalize({arguments[0], arguments[1], false}, Buffering::Single);
+}
+void PassInPlace(const Arguments& arguments) {
+  Normalize({arguments[0], {}, true}, Buffering::Multi);
+}
+
+// What the window asks for, answered at once.
+class Answers : public MessageBoxes, public FileDialogs {
+ public:
+  explicit Answers(QString file) : file_(std::move(file)) {}
+  std::optional<BoxAnswer> Ask(QWidget*, const QString& text, BoxButtons buttons) override {
+    completed |= text.startsWith(QStringLiteral("WAV file was successfully normalized"));
+    return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+  }
+  QString AskForExisting(QWidget*, const FileQuestion&) override { return file_; }
+  QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
+
+  bool completed = false;
+
+ private:
+  QString file_;
+};
+
+// The real window: empty, and, where there is a file, what a user does to normalize it.
+void Window(const Arguments& arguments) {
+  Settings record;
+  record.WavRememberFolders = true;
+  record.WavMultiBuffer = true;
+  record.WavNormalizePercent = 100;
+  WindowList windows;
+  SystemClock clock;
+  SystemDesktop desktop;
+  const Product product;
+  Answers answers(arguments.empty() ? QString() : arguments[0]);
+  Services services{record, windows, clock, answers, answers, desktop, product};
+  if (arguments.size() > 1) {
+    record.WavTargetFile = arguments[1];
+  }
+  AddAllWindows(windows, services, [] {});
+  windows.Show(WindowId::WavNorm);
+  QApplication::processEvents();
+  if (!arguments.empty()) {
+    for (const auto* button : {"btnOpen", "btnScan", "btnNorm"}) {
+      windows.Load(WindowId::WavNorm).findChild<QPushButton*>(QString::fromLatin1(button))->click();
+    }
+    Require(answers.completed, "the window did not normalize the file");
+  }
+}
+
+double ProcessorSeconds() {
+  timespec time{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+int Run(const QString& job, const Arguments& arguments) {
+  struct Job {
+    qsizetype files;
+    std::function<void(const Arguments&)> run;
+  };
+  const std::map<QString, Job> jobs{
+      {QStringLiteral("make"), {2, Make}},
+      {QStringLiteral("floor-scan"), {1, FloorScan}},
+      {QStringLiteral("floor-pass"), {2, FloorPass}},
+      {QStringLiteral("scan"), {1, Scan}},
+      {QStringLiteral("pass-multi"), {2, PassMulti}},
+      {QStringLiteral("pass-single"), {2, PassSingle}},
+      {QStringLiteral("pass-in-place"), {1, PassInPlace}},
+      {QStringLiteral("window"), {0, Window}},
+      {QStringLiteral("window-at-work"), {2, Window}},
+  };
+  const auto found = jobs.find(job);
+  Require(found != jobs.end(), "there is no such job");
+  Require(found->second.files == static_cast<qsizetype>(arguments.size()), "wrong arguments");
+  const auto passedAtStart = std::chrono::steady_clock::now();
+  const double processorAtStart = ProcessorSeconds();
+  found->second.run(arguments);
+  const double processor = ProcessorSeconds() - processorAtStart;
+  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - passedAtStart;
+  std::cout << processor << ' ' << passed.count() << '\n';
+  return 0;
+}
+
+}  // namespace
+}  // namespace brindle
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  const auto words = QApplication::arguments();
+  brindle::Require(words.size() > 1, "which job?");
+  return brindle::Run(words[1], brindle::Arguments(words.begin() + 2, words.end()));
+}
