@@ -34,6 +34,10 @@ qint64 BlockEnd(const SampleData& data, qint64 size) {
   return data.fileLength - data.length % size - size - 1;
 }
 
+Samples BlockOf(Samples buffer, qint64 block) {
+  return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
+}
+
 qint64 LastWord(const SampleData& data) { return data.start + data.length - WordSize; }
 
 }  // namespace
@@ -108,13 +112,16 @@ bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
   for (; position_ <= blockEnd; position_ += MultiSize) {
     // All blocks are read before any is written. Each is mapped while the processor has it at hand.
     for (qint64 block = 0; block < MultiBlocks; ++block) {
-      const auto words = Samples(buffer_).subspan(static_cast<std::size_t>(block) * BlockWords);
-      if (!ReadMapped(table, position_ + block * BlockSize, words.first(BlockWords))) {
+      if (!ReadMapped(table, position_ + block * BlockSize, BlockOf(buffer_, block))) {
         return false;
       }
     }
-    if (!Succeeded(Output().Write(position_, BytesOf(buffer_)))) {
-      return false;
+    // One write of all of them takes the system nearly twice as long.
+    for (qint64 block = 0; block < MultiBlocks; ++block) {
+      const auto samples = BlockOf(buffer_, block);
+      if (!Succeeded(Output().Write(position_ + block * BlockSize, BytesOf(samples)))) {
+        return false;
+      }
     }
     if (!timer.GoesOn(position_, UpdateInterval::Half)) {
       return false;
