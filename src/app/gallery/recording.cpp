@@ -17,7 +17,7 @@ bool WriteRecording(const QString& path) {
   constexpr std::uint32_t rate = 44100;  // Hz
   constexpr std::uint16_t channels = 2;
   constexpr std::uint16_t bytesPerSample = 2;
-  constexpr std::uint32_t frames = rate * 70;
+  constexpr std::uint32_t frames = rate * 100;
   constexpr std::uint32_t dataLength = frames * channels * bytesPerSample;
   constexpr double loudness = 21000;
   constexpr double pitch = 0.03;

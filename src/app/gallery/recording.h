@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-/// Writes a good minute of sound, 16-bit stereo at 44100 Hz, that is not as loud as it could be.
+/// Writes a minute and forty seconds of sound, 16-bit stereo at 44100 Hz, that is not as loud as it could be.
 [[nodiscard]] bool WriteRecording(const QString& path);
 
 }  // namespace brindle
