@@ -18,16 +18,17 @@
 #include <optional>
 #include <random>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
 #include <QApplication>
+#include <QDataStream>
 #include <QFile>
 #include <QPushButton>
 #include <QString>
 #include <QTemporaryDir>
 
+#include "app/gallery/recording.h"
 #include "app/shell/all_windows.h"
 #include "app/shell/system_desktop.h"
 #include "app/shell/window_list.h"
@@ -59,53 +60,44 @@ class Undisturbed : public PassObserver, public TargetQuestions {
 
 // Chords that swell and fade under some noise, 16-bit stereo at 44100 Hz, of this many megabytes.
 void Make(const Arguments& arguments) {
-  constexpr std::uint32_t rate = 44100;
   const auto dataLength = arguments[1].toUInt() * 1'000'000 / 4 * 4;
   QFile file(arguments[0]);
   Require(file.open(QIODevice::WriteOnly), "cannot make the file");
-  const auto number = [&](std::uint32_t value, int bytes) {
-    for (int byte = 0; byte < bytes; ++byte) {
-      file.putChar(static_cast<char>(value >> (8 * byte)));
-    }
-  };
-  file.write("RIFF");
-  number(dataLength + 36, 4);
-  file.write("WAVEfmt ");
-  number(16, 4);
-  number(1, 2);
-  number(2, 2);
-  number(rate, 4);
-  number(rate * 4, 4);
-  number(4, 2);
-  number(16, 2);
-  file.write("data");
-  number(dataLength, 4);
-  std::mt19937 random(7);  // NOLINT: the same music every time
+  QDataStream out(&file);
+  WriteWavHeader(out, dataLength);
+  std::mt19937 random(7);  // NOLINT(cert-msc51-cpp): the same music every time
   std::normal_distribution<float> noise(0, 600);
-  SampleBuffer buffer(BlockWords);
-  std::uint32_t frame = 0;
-  for (std::uint32_t left = dataLength; left > 0;) {
-    for (std::size_t word = 0; word < buffer.size(); word += 2, ++frame) {
-      const auto time = static_cast<float>(frame) / static_cast<float>(rate);
-      const float swell = 0.55F + 0.45F * std::sin(time * 0.7F);
-      const float chord = std::sin(time * 1382) + 0.7F * std::sin(time * 1741) +
-                          0.5F * std::sin(time * 2073) + 0.3F * std::sin(time * 5530);
-      for (const std::size_t side : {0, 1}) {
-        buffer[word + side] = static_cast<std::int16_t>(
-            std::clamp(8000 * swell * chord + noise(random), -26000.0F, 26000.0F));
-      }
+  for (std::uint32_t frame = 0; frame < dataLength / 4; ++frame) {
+    const auto time = static_cast<float>(frame) / static_cast<float>(SamplesPerSecond);
+    const float swell = 0.55F + 0.45F * std::sin(time * 0.7F);
+    const float chord = std::sin(time * 1382) + 0.7F * std::sin(time * 1741) +
+                        0.5F * std::sin(time * 2073) + 0.3F * std::sin(time * 5530);
+    for (int side = 0; side < 2; ++side) {
+      const float level = 8000 * swell * chord + noise(random);
+      out << static_cast<std::int16_t>(std::clamp(level, -26000.0F, 26000.0F));
     }
-    const auto bytes = std::min<std::uint32_t>(left, BlockSize);
-    file.write(reinterpret_cast<const char*>(buffer.data()), bytes);
-    left -= bytes;
   }
-  Require(file.flush(), "cannot write the file");
+  Require(out.status() == QDataStream::Ok && file.flush(), "cannot write the file");
+}
+
+int OpenToRead(const QString& path) {
+  const int file =
+      open(qPrintable(path), O_RDONLY);  // NOLINT(cppcoreguidelines-pro-type-vararg): POSIX
+  Require(file >= 0, "cannot open the file");
+  return file;
+}
+
+int OpenToWrite(const QString& path) {
+  constexpr int everyone = 0666;
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
+  const int file = open(qPrintable(path), O_WRONLY | O_CREAT | O_TRUNC, everyone);
+  Require(file >= 0, "cannot make the file");
+  return file;
 }
 
 // The floor of a scan: nothing but the reads and one table store a sample.
 void FloorScan(const Arguments& arguments) {
-  const int file = open(qPrintable(arguments[0]), O_RDONLY);
-  Require(file >= 0, "cannot open the file");
+  const int file = OpenToRead(arguments[0]);
   static std::array<std::uint8_t, LevelCount> seen;
   static std::array<std::uint16_t, BlockWords> block;
   for (ssize_t bytes = 0; (bytes = read(file, block.data(), sizeof(block))) > 0;) {
@@ -120,9 +112,8 @@ void FloorScan(const Arguments& arguments) {
 
 // The floor of a pass: nothing but the reads, one table lookup a sample, and the writes.
 void FloorPass(const Arguments& arguments) {
-  const int source = open(qPrintable(arguments[0]), O_RDONLY);
-  const int target = open(qPrintable(arguments[1]), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  Require(source >= 0 && target >= 0, "cannot open the files");
+  const int source = OpenToRead(arguments[0]);
+  const int target = OpenToWrite(arguments[1]);
   static std::array<std::uint16_t, LevelCount> table;
   for (std::size_t level = 0; level < LevelCount; ++level) {
     table[level] = static_cast<std::uint16_t>(level * 5 / 4);

@@ -107,8 +107,10 @@ Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffer
 }
 
 bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
-  buffer_.resize(MultiBlocks * BlockWords);
   const qint64 blockEnd = BlockEnd(data_, MultiSize);
+  if (position_ <= blockEnd) {
+    buffer_.resize(MultiBlocks * BlockWords);
+  }
   for (; position_ <= blockEnd; position_ += MultiSize) {
     // All blocks are read before any is written. Each is mapped while the processor has it at hand.
     for (qint64 block = 0; block < MultiBlocks; ++block) {

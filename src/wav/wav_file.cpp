@@ -24,8 +24,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The toolkit's files take characters.
+// NOLINTBEGIN(cppcoreguidelines-pro-type-reinterpret-cast): bytes are bytes by either name
 char* Chars(std::byte* bytes) { return reinterpret_cast<char*>(bytes); }
 const char* Chars(const std::byte* bytes) { return reinterpret_cast<const char*>(bytes); }
+// NOLINTEND(cppcoreguidelines-pro-type-reinterpret-cast)
 
 }  // namespace
 

@@ -116,7 +116,7 @@ std::variant<SampleData, WavError> LocateData(WavFile& file) {
       const qint64 declared = Bytes4ToUnsigned(std::string_view(piece).substr(at + TagSize));
       return SampleData{start, std::min(declared, fileLength + 1 - start), fileLength};
     }
-    if (std::get<std::size_t>(read) < piece.size()) {
+    if (std::get<std::size_t>(read) <= step) {
       return file.ErrorBecause(WavError::Failed::Reading, u"no sample data"_s);
     }
   }

@@ -13,12 +13,31 @@
 
 namespace brindle {
 
+namespace {
+
+constexpr std::uint16_t Channels = 2;
+constexpr std::uint16_t BytesPerSample = 2;
+constexpr std::uint16_t BytesPerFrame = Channels * BytesPerSample;
+
+}  // namespace
+
+void WriteWavHeader(QDataStream& out, std::uint32_t dataLength) {
+  constexpr std::uint32_t restOfHeader = 36;
+  constexpr std::uint32_t formatLength = 16;
+  constexpr std::uint16_t pcm = 1;
+  constexpr std::uint16_t bitsPerSample = 8 * BytesPerSample;
+  out.setByteOrder(QDataStream::LittleEndian);
+  out.writeRawData("RIFF", 4);
+  out << dataLength + restOfHeader;
+  out.writeRawData("WAVEfmt ", 8);
+  out << formatLength << pcm << Channels << SamplesPerSecond << SamplesPerSecond * BytesPerFrame
+      << BytesPerFrame << bitsPerSample;
+  out.writeRawData("data", 4);
+  out << dataLength;
+}
+
 bool WriteRecording(const QString& path) {
-  constexpr std::uint32_t rate = 44100;  // Hz
-  constexpr std::uint16_t channels = 2;
-  constexpr std::uint16_t bytesPerSample = 2;
-  constexpr std::uint32_t frames = rate * 100;
-  constexpr std::uint32_t dataLength = frames * channels * bytesPerSample;
+  constexpr std::uint32_t frames = SamplesPerSecond * 100;
   constexpr double loudness = 21000;
   constexpr double pitch = 0.03;
   QFile file(path);
@@ -26,20 +45,12 @@ bool WriteRecording(const QString& path) {
     return false;
   }
   QDataStream out(&file);
-  out.setByteOrder(QDataStream::LittleEndian);
-  out.writeRawData("RIFF", 4);
-  out << dataLength + 36;
-  out.writeRawData("WAVEfmt ", 8);
-  out << std::uint32_t{16} << std::uint16_t{1} << channels << rate
-      << rate * channels * bytesPerSample << std::uint16_t{channels * bytesPerSample}
-      << std::uint16_t{8 * bytesPerSample};
-  out.writeRawData("data", 4);
-  out << dataLength;
+  WriteWavHeader(out, frames * BytesPerFrame);
   for (std::uint32_t frame = 0; frame < frames; ++frame) {
     const auto level = static_cast<std::int16_t>(loudness * std::sin(frame * pitch));
     out << level << level;
   }
-  return out.status() == QDataStream::Ok;
+  return out.status() == QDataStream::Ok && file.flush();
 }
 
 }  // namespace brindle

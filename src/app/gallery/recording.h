@@ -3,11 +3,21 @@
 
 #pragma once
 
+#include <cstdint>
+
+#include <QDataStream>
 #include <QString>
 
 namespace brindle {
 
-/// Writes a minute and forty seconds of sound, 16-bit stereo at 44100 Hz, that is not as loud as it could be.
+// Sound that the program is shown and measured with: 16-bit stereo.
+inline constexpr std::uint32_t SamplesPerSecond = 44100;
+
+/// Begins a WAV file with `dataLength` bytes of samples, and makes `out` write words as they stand
+/// in one.
+void WriteWavHeader(QDataStream& out, std::uint32_t dataLength);
+
+/// Writes a minute and forty seconds of sound that is not as loud as it could be.
 [[nodiscard]] bool WriteRecording(const QString& path);
 
 }  // namespace brindle

@@ -39,7 +39,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && Qt::mightBeRichText(toolTip())) {
     const auto shown = u"<p style='white-space:pre'>"_s + toolTip().toHtmlEscaped() + u"</p>"_s;
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shown, this);
+    QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), shown, this);
     return true;
   }
   return QLabel::event(event);

@@ -30,12 +30,12 @@ FileDrop::FileDrop(QWidget* window) : QObject(window) {
 bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
   const bool isDrop = event->type() == QEvent::Drop;
   if (isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
-    auto* drag = static_cast<QDropEvent*>(event);
-    const auto path = PathIn(drag->mimeData());
+    auto& drag = dynamic_cast<QDropEvent&>(*event);
+    const auto path = PathIn(drag.mimeData());
     if (!isAccepting_ || path.isEmpty()) {
-      drag->ignore();
+      drag.ignore();
     } else {
-      drag->acceptProposedAction();
+      drag.acceptProposedAction();
       if (isDrop) {
         QTimer::singleShot(0, this, [this, path] { Q_EMIT Dropped(path); });
       }

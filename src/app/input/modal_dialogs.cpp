@@ -11,7 +11,8 @@
 
 namespace brindle {
 
-std::optional<int> ModalDialogs::Run(QPointer<QDialog> dialog) {
+std::optional<int> ModalDialogs::Run(QDialog* opened) {
+  const QPointer dialog(opened);
   if (ended_) {
     return std::nullopt;
   }

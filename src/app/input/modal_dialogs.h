@@ -16,7 +16,7 @@ class ModalDialogs {
  public:
   /// Opens the dialog, waits for its end and gives its result; nothing when the program ended or
   /// the dialog was destroyed, with its owner, meanwhile.
-  std::optional<int> Run(QPointer<QDialog> dialog);
+  std::optional<int> Run(QDialog* opened);
 
   /// Takes every open dialog away; none counts as answered, and none opens any more.
   void End();
