@@ -17,6 +17,7 @@ bool IsLocked(int descriptor) {
   struct flock range = {};
   range.l_type = F_RDLCK;
   range.l_whence = SEEK_SET;
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
   return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
 }
 

@@ -15,8 +15,10 @@ namespace {
 std::uint32_t Number(std::string_view bytes) {
   constexpr int bitsPerByte = 8;
   std::uint32_t number = 0;
-  for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-    number = (number << bitsPerByte) + static_cast<unsigned char>(*byte);
+  int place = 0;
+  for (const char byte : bytes) {
+    number |= std::uint32_t{static_cast<unsigned char>(byte)} << place;
+    place += bitsPerByte;
   }
   return number;
 }
