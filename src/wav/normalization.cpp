@@ -180,8 +180,14 @@ bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
   };
   for (std::size_t word = 0; word < words; ++word) {
     samples[word] = table(samples[word]);
-    if (timer.IsDue(UpdateInterval::Quarter) && !(writeUpTo(word + 1) && timer.Update(position_))) {
-      return false;
+    if (timer.IsDue(UpdateInterval::Quarter)) {
+      if (!writeUpTo(word + 1) || !timer.Update(position_)) {
+        return false;
+      }
+      // What was read before may be gone: written again, it would make a hole in the file.
+      if (!Succeeded(input_.CheckReaches(LastWord(data_) + 1))) {
+        return false;
+      }
     }
     position_ += WordSize;
   }

@@ -56,10 +56,15 @@ std::optional<WavError> WavFile::Read(qint64 position, std::span<std::byte> byte
   if (const auto* error = std::get_if<WavError>(&read)) {
     return *error;
   }
-  if (std::get<std::size_t>(read) < bytes.size()) {
-    return ErrorBecause(WavError::Failed::Reading, u"the file became shorter"_s);
-  }
-  return std::nullopt;
+  return std::get<std::size_t>(read) < bytes.size() ? std::optional(BecameShorter()) : std::nullopt;
+}
+
+std::optional<WavError> WavFile::CheckReaches(qint64 position) const {
+  return Length() < position ? std::optional(BecameShorter()) : std::nullopt;
+}
+
+WavError WavFile::BecameShorter() const {
+  return ErrorBecause(WavError::Failed::Reading, u"the file became shorter"_s);
 }
 
 std::variant<std::size_t, WavError> WavFile::ReadPadded(qint64 position,

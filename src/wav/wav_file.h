@@ -41,6 +41,9 @@ class WavFile {
   [[nodiscard]] qint64 Length() const { return file_.size(); }
   [[nodiscard]] bool IsLockedByAnother() const;
 
+  /// The same error as of Read() where the file ends before `position`.
+  [[nodiscard]] std::optional<WavError> CheckReaches(qint64 position) const;
+
   /// Fills `bytes` from `position` on. Short of that many it is an error, "the file became
   /// shorter".
   [[nodiscard]] std::optional<WavError> Read(qint64 position, std::span<std::byte> bytes);
@@ -56,6 +59,7 @@ class WavFile {
  private:
   [[nodiscard]] std::optional<WavError> Open(const QString& path, QIODevice::OpenMode mode,
                                              WavError::Failed failed);
+  [[nodiscard]] WavError BecameShorter() const;
   [[nodiscard]] WavError SystemError(WavError::Failed failed) const;
   [[nodiscard]] bool SeekTo(qint64 position);
 

@@ -1,2 +1,484 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
+
+#include "wav/peak_scan.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include "tests/app/settings/child_process.h"
+#include "tests/app/settings/temporary_folder.h"
+#include "tests/support/named_case.h"
+#include "tests/wav/pass_support.h"
+#include "wav/pass_progress.h"
+
+namespace brindle {
+namespace {
+
+constexpr double MebiByte = 1024.0 * 1024.0;
+constexpr std::size_t Block = 65536;
+
+// Watching a pass, without a file.
+
+struct PercentCase {
+  std::string name;
+  qint64 position = 0;
+  qint64 fileLength = 0;
+  int wholePercent = 0;
+  float percent = 0;
+};
+
+class PercentOfPass : public ::testing::TestWithParam<PercentCase> {};
+
+TEST_P(PercentOfPass, IsTold) {
+  const auto& [name, position, fileLength, wholePercent, percent] = GetParam();
+  const ReadClock clock;
+  ScriptedObserver observer;
+  PassTimer timer(clock, observer, fileLength);
+  EXPECT_TRUE(timer.Update(position));
+  ASSERT_EQ(observer.updates.size(), 1U);
+  EXPECT_EQ(observer.updates[0].wholePercent, wholePercent);
+  EXPECT_EQ(observer.updates[0].percent, percent);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, PercentOfPass,
+    ::testing::Values(PercentCase{"NothingMuch", 1, 1000000, 0, 0.0001F},
+                      PercentCase{"BelowAHalf", 4999, 1000000, 0, 0.4999F},
+                      PercentCase{"HalfGoesDownToZero", 5, 1000, 0, 0.5F},
+                      PercentCase{"AboveAHalf", 5001, 1000000, 1, 0.5001F},
+                      PercentCase{"HalfGoesUpToTwo", 15, 1000, 2, 1.5F},
+                      PercentCase{"HalfGoesDownToTwo", 25, 1000, 2, 2.5F},
+                      PercentCase{"HalfGoesUpToFortyTwo", 415, 1000, 42, 41.5F},
+                      PercentCase{"HalfGoesDownToFortyTwo", 425, 1000, 42, 42.5F},
+                      PercentCase{"AThird", 1, 3, 33, 33.3333333F},
+                      PercentCase{"TwoThirds", 2, 3, 67, 66.6666667F},
+                      PercentCase{"AlmostAll", 996, 1000, 100, 99.6F},
+                      PercentCase{"HalfGoesUpToAll", 995, 1000, 100, 99.5F},
+                      PercentCase{"All", 1000, 1000, 100, 100},
+                      PercentCase{"BehindTheSignedInteger", 3000000000, 4000000000, 75, 75},
+                      PercentCase{"BehindTheUnsignedInteger", 5000000000, 8000000000, 62, 62.5F}),
+    NameOf);
+
+struct DueCase {
+  std::string name;
+  double seconds = 0;  // since the last update
+  bool isDueAtHalf = false;
+  bool isDueAtQuarter = false;
+};
+
+class UpdateOfPass : public ::testing::TestWithParam<DueCase> {};
+
+constexpr double Just = 1e-9;  // seconds
+
+TEST_P(UpdateOfPass, IsDueOnlyBehindItsInterval) {
+  const auto& [name, seconds, isDueAtHalf, isDueAtQuarter] = GetParam();
+  ReadClock clock;
+  ScriptedObserver observer;
+  clock.JumpAfter(1, seconds);
+  const PassTimer timer(clock, observer, 1000);
+  EXPECT_EQ(timer.IsDue(UpdateInterval::Half), isDueAtHalf);
+  EXPECT_EQ(timer.IsDue(UpdateInterval::Quarter), isDueAtQuarter);
+  EXPECT_TRUE(observer.updates.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, UpdateOfPass,
+                         ::testing::Values(DueCase{"AtOnce", 0, false, false},
+                                           DueCase{"BelowAQuarter", 0.25 - Just, false, false},
+                                           DueCase{"AQuarter", 0.25, false, false},
+                                           DueCase{"JustBehindAQuarter", 0.25 + Just, false, true},
+                                           DueCase{"BelowAHalf", 0.5 - Just, false, true},
+                                           DueCase{"AHalf", 0.5, false, true},
+                                           DueCase{"JustBehindAHalf", 0.5 + Just, true, true},
+                                           DueCase{"LongAfter", 3600, true, true}),
+                         NameOf);
+
+TEST(TimerOfPassTest, GoesOnWithoutAWordUntilItIsDue) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  observer.endsAt = 1;
+  clock.JumpAfter(2, 0.375);
+  PassTimer timer(clock, observer, 1000);
+  EXPECT_TRUE(timer.GoesOn(10, UpdateInterval::Quarter));
+  EXPECT_TRUE(timer.GoesOn(20, UpdateInterval::Half));
+  EXPECT_TRUE(observer.updates.empty());
+  EXPECT_FALSE(timer.GoesOn(30, UpdateInterval::Quarter));
+  ASSERT_EQ(observer.updates.size(), 1U);
+  EXPECT_EQ(observer.updates[0].percent, 3);
+  EXPECT_EQ(observer.updates[0].elapsed, 0.375);
+}
+
+TEST(TimerOfPassTest, CountsFromTheLastUpdate) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  observer.onUpdate = [&](std::size_t) { clock.JumpAfter(1, 0.5); };
+  clock.JumpAfter(1, 0.75);
+  PassTimer timer(clock, observer, 1000);
+  EXPECT_TRUE(timer.GoesOn(10, UpdateInterval::Half));
+  EXPECT_TRUE(timer.GoesOn(20, UpdateInterval::Half));
+  EXPECT_TRUE(timer.GoesOn(30, UpdateInterval::Half));
+  EXPECT_EQ(observer.Percents(), std::vector<float>{1});
+  EXPECT_TRUE(timer.GoesOn(40, UpdateInterval::Quarter));
+  EXPECT_EQ(observer.Percents(), (std::vector<float>{1, 4}));
+  EXPECT_EQ(observer.updates.back().elapsed, 1.25);
+}
+
+TEST(TimerOfPassTest, ThroughputIsInMebibytes) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  clock.JumpAfter(1, 4);
+  const PassTimer timer(clock, observer, 1000);
+  EXPECT_EQ(timer.Throughput(10485760), 2.5);
+}
+
+TEST(TimerOfPassTest, NoTimeGivesNoThroughput) {
+  const ReadClock clock;
+  ScriptedObserver observer;
+  const PassTimer timer(clock, observer, 1000);
+  EXPECT_EQ(timer.Throughput(1048576), 0);
+}
+
+// The scan.
+
+// A level that fills a block.
+std::string Filled(std::size_t bytes, std::int16_t level) {
+  std::string samples(bytes, '\0');
+  for (std::size_t i = 0; i + 1 < bytes; i += 2) {
+    std::memcpy(samples.data() + i, &level, sizeof(level));
+  }
+  return samples;
+}
+
+class PeakScanTest : public ::testing::Test {
+ protected:
+  // Scans a file of these parts, and holds that the file is as it was.
+  PeakScan Scan(const WavParts& parts, const Clock& clock, PassObserver& observer) const {
+    const auto bytes = WavBytes(parts);
+    folder_.Put("scanned.wav", bytes);
+    const auto scan = ScanPeaks(folder_.PathOf("scanned.wav"), clock, observer);
+    EXPECT_EQ(TextOf(scan.error), "no error");
+    EXPECT_TRUE(folder_.Bytes("scanned.wav") == bytes);
+    return scan;
+  }
+
+  [[nodiscard]] const TemporaryFolder& Folder() const { return folder_; }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+float PercentAt(std::size_t position, std::size_t fileLength) {
+  return static_cast<float>(static_cast<double>(position) * 100 / static_cast<double>(fileLength));
+}
+
+TEST_F(PeakScanTest, UpdateComesBehindEachBlockAndInNoOtherPlace) {
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  // The last whole block and the ten words behind it are the tail's.
+  const auto scan = Scan({.samples = Noise(5 * Block + 20)}, clock, observer);
+  constexpr std::size_t length = 44 + 5 * Block + 20;
+  EXPECT_EQ(
+      observer.Percents(),
+      (std::vector<float>{PercentAt(45, length), PercentAt(45 + Block, length),
+                          PercentAt(45 + 2 * Block, length), PercentAt(45 + 3 * Block, length)}));
+  EXPECT_FALSE(scan.isAborted);
+  for (std::size_t i = 1; i < observer.updates.size(); ++i) {
+    EXPECT_GT(observer.updates[i].elapsed, observer.updates[i - 1].elapsed);
+  }
+}
+
+TEST_F(PeakScanTest, FileWithoutBlocksIsNotTold) {
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  const auto scan = Scan({.samples = Noise(2 * Block - 2)}, clock, observer);
+  EXPECT_TRUE(observer.updates.empty());
+  EXPECT_FALSE(scan.isAborted);
+}
+
+TEST_F(PeakScanTest, WholePercentOfATieIsEven) {
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  // The second block at 65618 of 305200 bytes is at 21.5 %.
+  const auto scan = Scan({.samples = Noise(305200 - 81), .start = 82}, clock, observer);
+  ASSERT_EQ(observer.updates.size(), 3U);
+  EXPECT_EQ(observer.updates[1].percent, 21.5F);
+  EXPECT_EQ(observer.updates[1].wholePercent, 22);
+  EXPECT_FALSE(scan.isAborted);
+}
+
+TEST_F(PeakScanTest, HalfASecondIsNotYetTimeForAnUpdate) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  clock.JumpAfter(1, 0.5);
+  (void)Scan({.samples = Noise(5 * Block)}, clock, observer);
+  EXPECT_TRUE(observer.updates.empty());
+}
+
+TEST_F(PeakScanTest, UpdateComesJustBehindHalfASecond) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  // The start and two blocks at one moment.
+  clock.JumpAfter(3, 0.5 + Just);
+  (void)Scan({.samples = Noise(6 * Block)}, clock, observer);
+  EXPECT_EQ(observer.Percents(), std::vector<float>{PercentAt(45 + 2 * Block, 44 + 6 * Block)});
+  EXPECT_NEAR(observer.updates[0].elapsed, 0.5 + Just, Just / 10);
+}
+
+TEST_F(PeakScanTest, NextUpdateComesHalfASecondBehindTheLast) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  observer.onUpdate = [&](std::size_t index) { clock.JumpAfter(2, index == 0 ? 0.5 + Just : 0.5); };
+  clock.JumpAfter(1, 10);
+  (void)Scan({.samples = Noise(9 * Block)}, clock, observer);
+  constexpr std::size_t length = 44 + 9 * Block;
+  EXPECT_EQ(observer.Percents(),
+            (std::vector<float>{PercentAt(45, length), PercentAt(45 + 3 * Block, length)}));
+  EXPECT_EQ(observer.updates[0].elapsed, 10);
+  EXPECT_NEAR(observer.updates[1].elapsed, 10.5, 2 * Just);
+}
+
+struct LevelsCase {
+  std::string name;
+  std::size_t endsAt = 0;
+  std::int16_t lowest = 0;
+  std::int16_t highest = 0;
+};
+
+class AbortOfScan : public ::testing::TestWithParam<LevelsCase> {};
+
+TEST_P(AbortOfScan, GivesTheLevelsSoFar) {
+  const auto& [name, endsAt, lowest, highest] = GetParam();
+  const TemporaryFolder folder;
+  folder.Put("scanned.wav",
+             WavBytes({.samples = Filled(Block, 100) + Filled(Block, -200) + Filled(Block, 300) +
+                                  Filled(Block, 400) + Filled(20, -500)}));
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  observer.endsAt = endsAt;
+  const auto scan = ScanPeaks(folder.PathOf("scanned.wav"), clock, observer);
+  EXPECT_EQ(scan.lowest, lowest);
+  EXPECT_EQ(scan.highest, highest);
+  EXPECT_EQ(scan.isAborted, endsAt != 0);
+  EXPECT_EQ(TextOf(scan.error), "no error");
+  EXPECT_EQ(observer.updates.size(), endsAt == 0 ? 3 : endsAt);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, AbortOfScan,
+                         ::testing::Values(LevelsCase{"AtTheFirstBlock", 1, 0, 100},
+                                           LevelsCase{"AtTheSecondBlock", 2, -200, 100},
+                                           LevelsCase{"AtTheLastBlock", 3, -200, 300},
+                                           LevelsCase{"Never", 0, -500, 400}),
+                         NameOf);
+
+struct ThroughputCase {
+  std::string name;
+  std::size_t dataBytes = 0;
+  std::size_t start = 45;
+  std::size_t endPosition = 0;  // of the loops
+};
+
+class ThroughputOfScan : public ::testing::TestWithParam<ThroughputCase> {};
+
+TEST_P(ThroughputOfScan, AddsTheStartToTheEnd) {
+  const auto& [name, dataBytes, start, endPosition] = GetParam();
+  const TemporaryFolder folder;
+  folder.Put("scanned.wav", WavBytes({.samples = Noise(dataBytes), .start = start}));
+  ReadClock clock;
+  ScriptedObserver observer;
+  // The checks behind the blocks are read after the jump, and one of them is told.
+  clock.JumpAfter(1, 0.75);
+  const auto scan = ScanPeaks(folder.PathOf("scanned.wav"), clock, observer);
+  EXPECT_EQ(scan.throughput,
+            static_cast<float>(static_cast<double>(endPosition + start + 2) / 0.75 / MebiByte));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ThroughputOfScan,
+    ::testing::Values(ThroughputCase{"NoSamples", 0, 45, 45}, ThroughputCase{"OneWord", 2, 45, 47},
+                      ThroughputCase{"OddByteIsNotVisited", 3, 45, 47},
+                      ThroughputCase{"SamplesFarBehind", 20, 5000, 5020},
+                      ThroughputCase{"Block", Block, 45, 45 + Block},
+                      ThroughputCase{"ThreeBlocksAndTenWords", 3 * Block + 20, 45, 65 + 3 * Block},
+                      ThroughputCase{"BlocksFarBehind", 3 * Block + 20, 777, 797 + 3 * Block}),
+    NameOf);
+
+TEST_F(PeakScanTest, NoTimeGivesNoThroughput) {
+  const ReadClock clock;
+  ScriptedObserver observer;
+  const auto scan = Scan({.samples = Noise(3 * Block)}, clock, observer);
+  EXPECT_EQ(scan.throughput, 0);
+}
+
+TEST_F(PeakScanTest, ThroughputOfAnAbortIsThatOfTheBlockItEndedBehind) {
+  ReadClock clock;
+  ScriptedObserver observer;
+  observer.endsAt = 1;
+  clock.JumpAfter(3, 2);
+  const auto scan = Scan({.samples = Noise(6 * Block)}, clock, observer);
+  EXPECT_TRUE(scan.isAborted);
+  EXPECT_EQ(scan.throughput, static_cast<float>((45 + 2 * Block + 45 + 2) / 2.0 / MebiByte));
+}
+
+TEST_F(PeakScanTest, HeaderCutWithinItsLengthHasNoSamples) {
+  const ReadClock clock(1);
+  for (std::size_t cut = 1; cut <= 4; ++cut) {
+    auto bytes = WavBytes({.samples = {}, .declared = 0xFFFFFFFF});
+    bytes.resize(bytes.size() - cut);
+    Folder().Put("cut.wav", bytes);
+    ScriptedObserver observer;
+    const auto scan = ScanPeaks(Folder().PathOf("cut.wav"), clock, observer);
+    EXPECT_EQ(TextOf(scan.error), "no error") << cut;
+    EXPECT_EQ(scan.lowest, 0) << cut;
+    EXPECT_EQ(scan.highest, 0) << cut;
+    EXPECT_TRUE(observer.updates.empty());
+  }
+}
+
+TEST_F(PeakScanTest, TagIsFoundAtEveryPlaceTheFileMayEndBehindIt) {
+  const ReadClock clock(1);
+  // Around the places where a search that reads in pieces could lose it.
+  for (const std::size_t middle : {std::size_t{4096}, Block, 2 * Block}) {
+    for (std::size_t tag = middle - 8; tag <= middle + 8; ++tag) {
+      for (std::size_t cut = 0; cut <= 4; ++cut) {
+        auto bytes = WavBytes({.samples = {}, .start = tag + 9, .declared = 0xFFFFFFFF});
+        bytes.resize(bytes.size() - cut);
+        Folder().Put("cut.wav", bytes);
+        ScriptedObserver observer;
+        const auto scan = ScanPeaks(Folder().PathOf("cut.wav"), clock, observer);
+        ASSERT_EQ(TextOf(scan.error), "no error") << "tag at byte " << tag << ", cut " << cut;
+        // Only a whole length field is there to be looked at.
+        EXPECT_EQ(scan.lowest, cut == 0 ? -1 : 0);
+        EXPECT_EQ(scan.highest, 0);
+      }
+    }
+  }
+}
+
+// Files that cannot be scanned.
+
+std::string ErrorOfScan(const QString& path) {
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  const auto scan = ScanPeaks(path, clock, observer);
+  return TextOf(scan.error);
+}
+
+class FailureOfScan : public PeakScanTest {};
+
+TEST_F(FailureOfScan, MissingFile) {
+  EXPECT_EQ(ErrorOfScan(Folder().PathOf("missing.wav")),
+            "Cannot read " + NativeText(Folder().PathOf("missing.wav")) + ": " + ReasonOf(ENOENT));
+  EXPECT_TRUE(Folder().Names().empty());
+}
+
+TEST_F(FailureOfScan, NoPath) { EXPECT_TRUE(ErrorOfScan({}).starts_with("Cannot read : ")); }
+
+TEST_F(FailureOfScan, FolderIsNotAFile) {
+  EXPECT_EQ(ErrorOfScan(Folder().Path()),
+            "Cannot read " + NativeText(Folder().Path()) + ": not a file");
+}
+
+TEST_F(FailureOfScan, PipeIsNotAFileAndNotWaitedFor) {
+  const auto path = Folder().PathOf("pipe.wav");
+  ASSERT_EQ(mkfifo(path.toUtf8().constData(), S_IRWXU), 0);
+  EXPECT_EQ(InImpatientChild([&] { return ErrorOfScan(path); }),
+            "Cannot read " + NativeText(path) + ": not a file");
+}
+
+TEST_F(FailureOfScan, DeviceIsNotAFile) {
+  EXPECT_EQ(ErrorOfScan(QStringLiteral("/dev/zero")), "Cannot read /dev/zero: not a file");
+}
+
+TEST_F(FailureOfScan, FileThatMayNotBeRead) {
+  const auto path = Folder().PathOf("secret.wav");
+  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
+  ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
+    SetMode(path, 0);
+    found.ExpectEqual(ErrorOfScan(path),
+                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
+  });
+}
+
+TEST_F(FailureOfScan, FileInAFolderThatMayNotBeEntered) {
+  const auto path = Folder().PathOf("secret.wav");
+  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
+  ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
+    SetMode(Folder().Path(), 0);
+    found.ExpectEqual(ErrorOfScan(path),
+                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
+  });
+}
+
+TEST_F(FailureOfScan, NoSampleDataAnyMore) {
+  Folder().Put("other.wav", std::string(200000, 'd') + "DATa");
+  EXPECT_EQ(ErrorOfScan(Folder().PathOf("other.wav")),
+            "Cannot read " + NativeText(Folder().PathOf("other.wav")) + ": no sample data");
+}
+
+TEST_F(FailureOfScan, EmptyFile) {
+  Folder().Put("empty.wav", "");
+  EXPECT_EQ(ErrorOfScan(Folder().PathOf("empty.wav")),
+            "Cannot read " + NativeText(Folder().PathOf("empty.wav")) + ": no sample data");
+}
+
+TEST_F(FailureOfScan, FileThatBecomesShorterMeanwhile) {
+  const auto path = Folder().PathOf("shrinking.wav");
+  const auto bytes = WavBytes({.samples = Noise(5 * Block)});
+  // In the block that comes next, in a later one, in the words behind them.
+  for (const std::size_t length : {44 + Block + 100, 44 + 3 * Block, 44 + 5 * Block - 1}) {
+    Folder().Put("shrinking.wav", bytes);
+    const ReadClock clock(1);
+    ScriptedObserver observer;
+    observer.onUpdate = [&](std::size_t) {
+      std::filesystem::resize_file(path.toStdString(), length);
+    };
+    const auto scan = ScanPeaks(path, clock, observer);
+    EXPECT_EQ(TextOf(scan.error), "Cannot read " + NativeText(path) + ": the file became shorter")
+        << length;
+    EXPECT_FALSE(scan.isAborted);
+  }
+}
+
+TEST_F(PeakScanTest, FileDeletedMeanwhileIsScannedToItsEnd) {
+  const auto path = Folder().PathOf("deleted.wav");
+  const auto samples = Filled(4 * Block, 7) + Filled(2, -9);
+  Folder().Put("deleted.wav", WavBytes({.samples = samples}));
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  observer.onUpdate = [&](std::size_t) { QFile::remove(path); };
+  const auto scan = ScanPeaks(path, clock, observer);
+  EXPECT_EQ(TextOf(scan.error), "no error");
+  EXPECT_EQ(scan.lowest, -9);
+  EXPECT_EQ(scan.highest, 7);
+}
+
+TEST_F(PeakScanTest, FileThatGrowsMeanwhileIsScannedAsItWas) {
+  const auto path = Folder().PathOf("growing.wav");
+  Folder().Put("growing.wav", WavBytes({.samples = Filled(4 * Block, 7), .declared = 0xFFFFFFFF}));
+  const ReadClock clock(1);
+  ScriptedObserver observer;
+  observer.onUpdate = [&](std::size_t) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray::fromStdString(Filled(Block, 1000)));
+  };
+  const auto scan = ScanPeaks(path, clock, observer);
+  EXPECT_EQ(TextOf(scan.error), "no error");
+  EXPECT_EQ(observer.updates.size(), 3U);
+  EXPECT_EQ(scan.highest, 7);
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,275 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <grp.h>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include <QDir>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include "app/input/clock.h"
+#include "tests/app/settings/child_process.h"
+#include "tests/app/settings/temporary_folder.h"
+#include "wav/gain.h"
+#include "wav/normalization.h"
+#include "wav/pass_progress.h"
+#include "wav/wav_file.h"
+
+namespace brindle {
+
+/// A clock that moves only when it is read.
+class ReadClock : public Clock {
+ public:
+  /// Goes on by `step` seconds at every reading.
+  explicit ReadClock(double step = 0) : step_(step) {}
+
+  [[nodiscard]] double Now() const override {
+    const double now = now_;
+    now_ += step_;
+    if (readingsToJump_ > 0 && --readingsToJump_ == 0) {
+      now_ += jump_;
+    }
+    return now;
+  }
+  [[nodiscard]] float SecondsSinceMidnight() const override {
+    ADD_FAILURE() << "a pass must not be measured by a clock that wraps";
+    return 0;
+  }
+  void After(double, QObject*, std::function<void()>) override {
+    ADD_FAILURE() << "a pass waits for nothing";
+  }
+
+  /// Behind the next `readings`, all at one moment, it is `seconds` later.
+  void JumpAfter(int readings, double seconds) {
+    readingsToJump_ = readings;
+    jump_ = seconds;
+  }
+
+ private:
+  double step_;
+  mutable double now_ = 1000;
+  mutable int readingsToJump_ = 0;
+  double jump_ = 0;
+};
+
+/// Remembers what it is told and ends the pass at the update of its script.
+class ScriptedObserver : public PassObserver {
+ public:
+  [[nodiscard]] bool Update(const PassProgress& progress) override {
+    updates.push_back(progress);
+    if (onUpdate) {
+      onUpdate(updates.size() - 1);
+    }
+    return updates.size() != endsAt;
+  }
+
+  /// The float percentages of all updates.
+  [[nodiscard]] std::vector<float> Percents() const {
+    std::vector<float> percents;
+    percents.reserve(updates.size());
+    for (const auto& update : updates) {
+      percents.push_back(update.percent);
+    }
+    return percents;
+  }
+
+  std::size_t endsAt = 0;  ///< the update that ends the pass, counted from 1; 0: none
+  std::function<void(std::size_t index)> onUpdate;
+  std::vector<PassProgress> updates;
+};
+
+/// Answers and counts the questions about a target.
+class ScriptedQuestions : public TargetQuestions {
+ public:
+  [[nodiscard]] bool MayOverwrite() override {
+    ++asked;
+    if (whenAsked) {
+      whenAsked();
+    }
+    return answer;
+  }
+  void WorksInPlace() override { ++worksInPlace; }
+
+  bool answer = false;
+  std::function<void()> whenAsked;
+  int asked = 0;
+  int worksInPlace = 0;
+};
+
+/// The bytes of a number, lowest first.
+inline std::string LittleEndian(std::uint32_t value, std::size_t bytes) {
+  std::string text;
+  for (std::size_t i = 0; i < bytes; ++i) {
+    text += static_cast<char>(value >> (8 * i) & 0xFFU);
+  }
+  return text;
+}
+
+/// What a WAV file is made of: 16-bit mono at 44100 Hz.
+struct WavParts {
+  std::string samples;
+  std::string behind;      ///< what follows the samples
+  std::size_t start = 45;  ///< position of the first sample byte, at least 45
+  std::optional<std::uint32_t>
+      declared;  ///< data length in the header, where it is not the true one
+};
+
+inline std::string WavBytes(const WavParts& parts) {
+  const auto declared = parts.declared.value_or(static_cast<std::uint32_t>(parts.samples.size()));
+  auto bytes = "RIFF" + LittleEndian(36 + declared, 4) + "WAVEfmt " + LittleEndian(16, 4) +
+               LittleEndian(1, 2) + LittleEndian(1, 2) + LittleEndian(44100, 4) +
+               LittleEndian(88200, 4) + LittleEndian(2, 2) + LittleEndian(16, 2);
+  bytes.resize(parts.start - 1 - 8, '\0');
+  return bytes + "data" + LittleEndian(declared, 4) + parts.samples + parts.behind;
+}
+
+/// Sample bytes that look different everywhere, from -12000 to 12000.
+inline std::string Noise(std::size_t bytes) {
+  constexpr std::int32_t range = 24001;
+  std::string samples(bytes, '\0');
+  std::uint32_t state = 20260201;
+  for (std::size_t i = 0; i + 1 < bytes; i += 2) {
+    state = state * 1664525 + 1013904223;
+    const auto level =
+        static_cast<std::int16_t>(static_cast<std::int32_t>(state >> 9) % range - 12000);
+    std::memcpy(samples.data() + i, &level, sizeof(level));
+  }
+  if (bytes % 2 == 1) {
+    samples.back() = 'o';
+  }
+  return samples;
+}
+
+/// The bytes with all whole words from position `start` on, `length` bytes of them, mapped by
+/// `gain`.
+inline std::string MappedWords(std::string bytes, std::size_t start, std::size_t length,
+                               double gain) {
+  std::vector<std::int16_t> mapped;
+  for (int level = -32768; level <= 32767; ++level) {
+    mapped.push_back(
+        static_cast<std::int16_t>(std::clamp(std::nearbyint(level * gain), -32768.0, 32767.0)));
+  }
+  for (std::size_t i = start - 1; i + 1 < start - 1 + length; i += 2) {
+    std::int16_t level = 0;
+    std::memcpy(&level, bytes.data() + i, sizeof(level));
+    std::memcpy(bytes.data() + i, &mapped[static_cast<std::size_t>(level + 32768)], sizeof(level));
+  }
+  return bytes;
+}
+
+inline std::string NativeText(const QString& path) {
+  return QDir::toNativeSeparators(path).toStdString();
+}
+
+inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
+
+/// The message of an error, or "no error".
+inline std::string TextOf(const std::optional<WavError>& error) {
+  return error ? MessageOf(*error).toStdString() : std::string("no error");
+}
+
+inline const char* TextOf(Normalization::Opened opened) {
+  switch (opened) {
+    case Normalization::Opened::Yes:
+      return "opened";
+    case Normalization::Opened::Refused:
+      return "refused";
+    case Normalization::Opened::Failed:
+      return "failed";
+  }
+  return "?";
+}
+
+inline const char* TextOf(Normalization::Ended ended) {
+  switch (ended) {
+    case Normalization::Ended::Completed:
+      return "completed";
+    case Normalization::Ended::Aborted:
+      return "aborted";
+    case Normalization::Ended::Failed:
+      return "failed";
+  }
+  return "?";
+}
+
+/// Runs a whole pass without a watcher. What comes of it in words: "completed", "refused", or the
+/// message of the error.
+inline std::string RunPass(const PassFiles& files, Buffering buffering, double gain,
+                           TargetQuestions& questions) {
+  Normalization pass;
+  const auto opened = pass.Open(files, questions);
+  if (opened == Normalization::Opened::Failed) {
+    return TextOf(pass.Error());
+  }
+  if (opened != Normalization::Opened::Yes) {
+    return TextOf(opened);
+  }
+  const ReadClock clock;
+  ScriptedObserver observer;
+  const auto ended = pass.Run(GainTable(gain), buffering, clock, observer);
+  return ended == Normalization::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
+}
+
+// What the superuser can always do proves nothing. Gives the folder and the files directly in it to
+// an unprivileged user and runs the check as that user, who must be able to hinder himself; what it
+// finds fails the test. Where privileges cannot be dropped, the test counts as skipped.
+inline void ExpectNoFindingsAsNobody(const TemporaryFolder& folder,
+                                     const std::function<void(Findings&)>& check) {
+  constexpr uid_t nobody = 65534;
+  constexpr std::string_view cannotProve = "cannot prove: ";
+  const auto path = folder.Path().toUtf8();
+  if (geteuid() == 0) {
+    ASSERT_EQ(chown(path.constData(), nobody, nobody), 0) << std::strerror(errno);
+    for (const auto& name : folder.Names()) {
+      const auto file = folder.PathOf(name.c_str()).toUtf8();
+      ASSERT_EQ(lchown(file.constData(), nobody, nobody), 0) << std::strerror(errno);
+    }
+  }
+  const auto report = InChild([&] {
+    if (geteuid() == 0 &&
+        (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
+      return std::string(cannotProve) + "privileges cannot be dropped: " + std::strerror(errno);
+    }
+    Findings found;
+    check(found);
+    chmod(path.constData(), S_IRWXU);
+    return found.Text();
+  });
+  if (report.starts_with(cannotProve)) {
+    GTEST_SKIP() << "NOT RUN, " << report;
+  }
+  EXPECT_EQ(report, "");
+}
+
+/// Changes who may do what with a file, inside a check of ExpectNoFindingsAsNobody().
+inline void SetMode(const QString& path, mode_t mode) {
+  if (chmod(path.toUtf8().constData(), mode) != 0) {
+    _exit(3);
+  }
+}
+
+/// Runs the check in a child that is killed should it hang.
+inline std::string InImpatientChild(const std::function<std::string()>& check) {
+  return InChild([&] {
+    constexpr unsigned seconds = 60;
+    alarm(seconds);
+    return check();
+  });
+}
+
+}  // namespace brindle
