@@ -7,24 +7,22 @@
 #include <QString>
 
 #include "app/input/elided_label.h"
-#include "app/input/file_dialogs.h"
 #include "app/input/layout.h"
 #include "app/input/option_group.h"
+#include "app/settings/settings.h"
 
 namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-OutputChoice::OutputChoice(Form& window, Services& services)
-    : window_(window),
-      services_(services),
-      record_(services.record),
+OutputChoice::OutputChoice(Settings& record)
+    : record_(record),
       Output(u"Output"_s),
       Target(
           MakeButton(u"Target"_s, u"Browse..."_s, u"Select target file for normalized output"_s)),
       TargetFile(new ElidedLabel(u"TargetFile"_s, u"C:\\output.wav"_s)) {
   connect(&Output, &OptionGroup::Click, this, &OutputChoice::Output_Click);
-  connect(Target, &QPushButton::clicked, this, &OutputChoice::Target_Click);
+  connect(Target, &QPushButton::clicked, this, &OutputChoice::Browse);
 }
 
 QGroupBox* OutputChoice::InFrame() {
@@ -60,19 +58,9 @@ void OutputChoice::Output_Click(int index) {
   EnableTarget();
 }
 
-void OutputChoice::Target_Click() {
-  const Form::Occupied inside(window_);
-  const auto path = services_.dialogs.AskForTarget(
-      &window_,
-      {.name = u"DLG"_s,
-       .title = u"Save As"_s,
-       .filters = {u"PCM WAV file (*.wav)"_s},
-       .start = record_.WavRememberFolders ? record_.WavTargetFile : QString()},
-      u"wav"_s);
-  if (!path.isEmpty()) {
-    record_.WavTargetFile = path;
-    ShowTarget();
-  }
+void OutputChoice::WriteTarget(const QString& path) {
+  record_.WavTargetFile = path;
+  ShowTarget();
 }
 
 void OutputChoice::ShowTarget() {

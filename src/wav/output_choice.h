@@ -6,12 +6,11 @@
 #include <QGroupBox>
 #include <QObject>
 #include <QPushButton>
+#include <QString>
 
 #include "app/input/elided_label.h"
-#include "app/input/form.h"
 #include "app/input/option_group.h"
 #include "app/settings/settings.h"
-#include "app/windows/services.h"
 
 namespace brindle {
 
@@ -21,24 +20,26 @@ class OutputChoice : public QObject {
   Q_OBJECT
 
  public:
-  OutputChoice(Form& window, Services& services);
+  explicit OutputChoice(Settings& record);
   [[nodiscard]] QGroupBox* InFrame();
 
   void Form_Load();
   void SelectSource() { Output.Select(Source); }
+  void WriteTarget(const QString& path);
   /// While a pass runs no target can be browsed for.
   void SetIdle(bool isIdle);
+
+ Q_SIGNALS:
+  /// The user wants to choose the target file.
+  void Browse();
 
  private:
   enum Index { Source, File };
 
   void Output_Click(int index);
-  void Target_Click();
   void ShowTarget();
   void EnableTarget();
 
-  Form& window_;
-  Services& services_;
   Settings& record_;
   bool isIdle_ = true;
 

@@ -65,7 +65,7 @@ WavNorm::WavNorm(Services& services)
       TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
                               {u"88.8%"_s, ToleranceText(record_.WavTolerance)})),
       Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())),
-      output_(*this, services),
+      output_(record_),
       Label3(MakeLabel(u"Label3"_s, u"Normalize to:"_s)),
       PercNorm(
           new TextField(u"PercNorm"_s, u"Normalize to a percentage of the 16bit sample range"_s)),
@@ -123,6 +123,7 @@ void WavNorm::WireEvents() {
   on(btnScan).Click(&Self::btnScan_Click);
   on(btnNorm).Click(&Self::btnNorm_Click);
   on(Cancel).Click(&Self::Cancel_Click);
+  connect(&output_, &OutputChoice::Browse, this, &Self::Target_Click);
   connect(&drop_, &FileDrop::Dropped, this, &Self::OpenFile);
 }
 
@@ -167,14 +168,34 @@ void WavNorm::PercNorm_Change() {
   record_.WavNormalizePercent = ToInteger16(NumberIn(PercNorm));
 }
 
+void WavNorm::Target_Click() {
+  if (running_ != Running::Nothing) {
+    return;
+  }
+  const Occupied inside(*this);
+  const auto path = services_.dialogs.AskForTarget(
+      this,
+      {.name = u"DLG"_s,
+       .title = u"Save As"_s,
+       .filters = {u"PCM WAV file (*.wav)"_s},
+       .start = record_.WavRememberFolders ? record_.WavTargetFile : QString()},
+      u"wav"_s);
+  if (!path.isEmpty() && !isClosing_) {
+    output_.WriteTarget(path);
+  }
+}
+
 void WavNorm::btnOpen_Click() {
+  if (running_ != Running::Nothing) {
+    return;
+  }
   const Occupied inside(*this);
   const auto path = services_.dialogs.AskForExisting(
       this, {.name = u"DLG"_s,
              .title = u"Select Files"_s,
              .filters = {u"WAV files (*.wav)"_s, u"All Files (*.*) (*)"_s},
              .start = record_.WavRememberFolders ? record_.WavSourceFile : QString()});
-  if (!path.isEmpty()) {
+  if (!path.isEmpty() && !isClosing_) {
     OpenFile(path);
   }
 }

@@ -58,6 +58,7 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
   void AutoNorm_Click();
   void RemFolders_Click();
   void Toler_Change();
+  void Target_Click();
   void PercNorm_Change();
   void btnOpen_Click();
   void btnScan_Click();

@@ -1,0 +1,333 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QProgressBar>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "app/input/message_boxes.h"
+#include "app/input/slider.h"
+#include "app/input/text_field.h"
+#include "app/shell/all_windows.h"
+#include "app/windows/services.h"
+#include "tests/support/calculator_window.h"
+#include "tests/support/user.h"
+
+namespace brindle {
+
+/// What a small WAV file is made of.
+struct SmallWav {
+  std::vector<std::int16_t> samples;
+  std::uint16_t format = 1;
+  std::uint16_t channels = 2;
+  std::uint32_t rate = 44100;
+  std::uint16_t bits = 16;
+  std::optional<std::uint32_t> declared;  ///< length of the data, where it is not the true one
+  std::string formatTag = "fmt ";
+  std::string dataTag = "data";
+
+  [[nodiscard]] QByteArray Bytes() const {
+    std::string bytes = "RIFF";
+    Append(bytes, static_cast<std::uint32_t>(36 + 2 * samples.size()), 4);
+    bytes += "WAVE" + formatTag;
+    Append(bytes, 16, 4);
+    Append(bytes, format, 2);
+    Append(bytes, channels, 2);
+    Append(bytes, rate, 4);
+    Append(bytes, 4 * rate, 4);
+    Append(bytes, 4, 2);
+    Append(bytes, bits, 2);
+    bytes += dataTag;
+    Append(bytes, declared.value_or(static_cast<std::uint32_t>(2 * samples.size())), 4);
+    for (const auto sample : samples) {
+      Append(bytes, static_cast<std::uint16_t>(sample), 2);
+    }
+    return QByteArray::fromStdString(bytes);
+  }
+
+ private:
+  static void Append(std::string& bytes, std::uint32_t value, int count) {
+    for (int i = 0; i < count; ++i) {
+      bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+    }
+  }
+};
+
+/// The samples as a pass of this gain leaves them.
+inline std::vector<std::int16_t> Amplified(std::vector<std::int16_t> samples, double gain) {
+  for (auto& sample : samples) {
+    sample =
+        static_cast<std::int16_t>(std::clamp(std::nearbyint(sample * gain), -32768.0, 32767.0));
+  }
+  return samples;
+}
+
+/// Message boxes whose answers a test prepares, each with what happens while the box stands. A box
+/// that was not prepared fails the test.
+class PreparedBoxes : public MessageBoxes {
+ public:
+  struct Asked {
+    std::string text;
+    BoxButtons buttons = BoxButtons::Ok;
+  };
+
+  /// The next box gets this answer, after `meanwhile` was done. Without an answer its owner or the
+  /// program went away.
+  void Answer(std::optional<BoxAnswer> answer, std::function<void()> meanwhile = {}) {
+    prepared_.push_back({answer, std::move(meanwhile)});
+  }
+
+  std::optional<BoxAnswer> Ask(QWidget* /*owner*/, const QString& text,
+                               BoxButtons buttons) override {
+    asked.push_back({text.toStdString(), buttons});
+    if (prepared_.empty()) {
+      ADD_FAILURE() << "unexpected message box: " << text.toStdString();
+      return std::nullopt;
+    }
+    const auto next = prepared_.front();
+    prepared_.pop_front();
+    if (next.meanwhile) {
+      next.meanwhile();
+    }
+    return next.answer;
+  }
+
+  [[nodiscard]] bool AllAsked() const { return prepared_.empty(); }
+
+  std::vector<Asked> asked;
+
+ private:
+  struct Prepared {
+    std::optional<BoxAnswer> answer;
+    std::function<void()> meanwhile;
+  };
+  std::deque<Prepared> prepared_;
+};
+
+/// The normalizer on files of its own. Its clock stands still unless a test lets it go on, so that
+/// a pass lets no event in; LetUpdatesCome() changes that.
+class NormalizerWindow : public CalculatorWindow {
+ protected:
+  static constexpr const char* Refused = "This file does not appear to be a valid WAV.";
+  static constexpr const char* NotRequired = "Normalization is not required";
+  static constexpr const char* Overwrite = "The file already exists, overwrite it?";
+  static constexpr const char* ReallyAbort =
+      "Aborting normalization is not recommended. Output file will be damaged.\r\n"
+      "                      Really abort normalization?";
+
+  NormalizerWindow() {
+    AddAllWindows(windows, prepared, [] {});
+    record.WavAutoNormalize = false;
+    record.WavRememberFolders = true;
+    record.WavOverwriteSource = false;
+    record.WavMultiBuffer = false;
+    record.WavNormalizePercent = 100;
+    record.WavTolerance = 6;
+    record.WavSourceFile.clear();
+    record.WavTargetFile = PathOf("out.wav");
+    QObject::connect(&watch_, &QTimer::timeout, [this] { DoWhatIsDue(); });
+  }
+
+  void TearDown() override {
+    EXPECT_TRUE(questions.AllAsked()) << "a box that was prepared for was not asked";
+    EXPECT_TRUE(meanwhile_.empty()) << "a moment that was waited for did not come";
+    EXPECT_TRUE(dialogs.paths.empty()) << "a file dialog that was prepared for was not opened";
+  }
+
+  // --- Files ---
+
+  [[nodiscard]] QString PathOf(const char* name) const {
+    return QDir::toNativeSeparators(folder.filePath(QString::fromUtf8(name)));
+  }
+  QString Put(const char* name, const QByteArray& bytes) const {
+    QFile file(PathOf(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << file.errorString().toStdString();
+    EXPECT_EQ(file.write(bytes), bytes.size());
+    return PathOf(name);
+  }
+  QString Put(const char* name, const SmallWav& wav) const { return Put(name, wav.Bytes()); }
+  [[nodiscard]] QByteArray BytesOf(const char* name) const {
+    QFile file(PathOf(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+  }
+
+  /// Samples with the peaks -16384 and 8191: at 100 % their gain is 2.
+  static SmallWav Quiet() { return {.samples = {-16384, 8191, 3, -5, 0, 700}}; }
+  static SmallWav QuietAmplified() { return {.samples = Amplified(Quiet().samples, 2)}; }
+
+  /// Samples of `blocks` times 64 KB, with the peaks of Quiet() in the first of them. A scan, and a
+  /// pass of single buffers, tells of its progress behind each block but the last.
+  static SmallWav Long(std::size_t blocks) {
+    SmallWav wav;
+    wav.samples.resize(blocks * 32768, 100);
+    wav.samples[1] = -16384;
+    wav.samples[2] = 8191;
+    return wav;
+  }
+  static SmallWav LongAmplified(std::size_t blocks) {
+    auto wav = Long(blocks);
+    wav.samples = Amplified(wav.samples, 2);
+    return wav;
+  }
+
+  // --- What a person does ---
+
+  void OpenNormalizer() {
+    window = Open(WindowId::WavNorm);
+    PercNorm = Find<TextField>(window, QStringLiteral("PercNorm"));
+    Toler = Find<Slider>(window, QStringLiteral("Toler"));
+  }
+
+  void ClickOn(const char* name) const { Click(Control(name)); }
+
+  void OpenFile(const QString& path) {
+    dialogs.paths.push_back(path);
+    ClickOn("btnOpen");
+  }
+
+  /// Opens the window with a scanned file in it.
+  void OpenScanned(const SmallWav& wav) {
+    const auto path = Put("in.wav", wav);
+    OpenNormalizer();
+    OpenFile(path);
+    ClickOn("btnScan");
+  }
+
+  /// Lets time pass whenever a pass looks at its clock: an update is due at every chance.
+  void LetUpdatesCome() { clock.AdvanceAtEveryLook(1); }
+
+  /// Does something when a pass of this status ("Scanning...", "Normalizing...") lets events in;
+  /// each call is for one more such moment.
+  void During(const char* status, std::function<void()> action) {
+    meanwhile_.push_back({status, std::move(action)});
+    watch_.start(0);
+  }
+
+  /// Closes what is still open, and runs the deletions that wait for the event loop.
+  static void RunDeletions() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  // --- What a person sees ---
+
+  [[nodiscard]] QWidget* Control(const char* name) const {
+    return Find(window, QString::fromLatin1(name));
+  }
+
+  /// The visible groups of controls in reading order, and the status: "info peaks normalize scan".
+  [[nodiscard]] std::string Shown() const {
+    struct Group {
+      const char* name;
+      std::vector<const char*> controls;
+    };
+    const std::vector<Group> groups{{"info", {"WavInfo2", "WavInfo3", "WavInfo4", "WavInfo5"}},
+                                    {"peaks", {"Label1", "MinV", "MaxV"}},
+                                    {"scan", {"btnScan"}},
+                                    {"normalize", {"btnNorm"}},
+                                    {"abort", {"Cancel"}},
+                                    {"progress", {"ProgBar", "Perc", "ETA1", "ETA2"}}};
+    std::string shown;
+    for (const auto& group : groups) {
+      const auto visible = std::count_if(group.controls.begin(), group.controls.end(),
+                                         [&](auto* name) { return Control(name)->isVisible(); });
+      if (visible == static_cast<std::ptrdiff_t>(group.controls.size())) {
+        shown += std::string(shown.empty() ? "" : " ") + group.name;
+      } else if (visible > 0) {
+        shown += std::string(" HALF of ") + group.name;
+      }
+    }
+    for (const auto* always : {"btnOpen", "WavInfo1", "PercNorm", "Target", "TargetFile"}) {
+      EXPECT_TRUE(Control(always)->isVisible()) << always;
+    }
+    const auto status = Text("Status");
+    return status.empty() ? shown : shown + " " + status;
+  }
+
+  /// The controls that can do nothing, in reading order.
+  [[nodiscard]] std::string Disabled() const {
+    std::string disabled;
+    for (const auto* name :
+         {"Mbuffer", "AutoNorm", "RemFolders", "Toler", "Output(0)", "Output(1)", "TargetFile",
+          "Target", "PercNorm", "btnOpen", "btnScan", "btnNorm", "Cancel"}) {
+      if (!Control(name)->isEnabled()) {
+        disabled += std::string(disabled.empty() ? "" : " ") + name;
+      }
+    }
+    return disabled;
+  }
+
+  /// The figures of the file: "a.wav 44100Hz 16bit Stereo 0:00:00".
+  [[nodiscard]] std::string Info() const {
+    return Text("WavInfo1") + " " + Text("WavInfo2") + " " + Text("WavInfo3") + " " +
+           Text("WavInfo4") + " " + Text("WavInfo5");
+  }
+  [[nodiscard]] std::string Peaks() const { return Text("MinV") + " " + Text("MaxV"); }
+  [[nodiscard]] int Progress() const {
+    return Find<QProgressBar>(window, QStringLiteral("ProgBar"))->value();
+  }
+  [[nodiscard]] std::string FocusedControl() const {
+    const auto* focused = window->focusWidget();
+    return focused == nullptr ? "" : focused->objectName().toStdString();
+  }
+
+  /// Which boxes were asked since the last call.
+  [[nodiscard]] std::vector<std::string> Boxes() {
+    std::vector<std::string> texts;
+    for (const auto& asked : std::exchange(questions.asked, {})) {
+      texts.push_back(asked.text);
+    }
+    return texts;
+  }
+
+  PreparedBoxes questions;
+  Services prepared{record, windows, clock, questions, dialogs, desktop, product};
+  TextField* PercNorm = nullptr;
+  Slider* Toler = nullptr;
+
+ private:
+  struct Moment {
+    std::string status;
+    std::function<void()> action;
+  };
+
+  void DoWhatIsDue() {
+    if (meanwhile_.empty()) {
+      watch_.stop();
+      return;
+    }
+    if (window != nullptr && Text("Status") == meanwhile_.front().status) {
+      const auto moment = std::move(meanwhile_.front());
+      meanwhile_.pop_front();
+      moment.action();
+    }
+  }
+
+  std::deque<Moment> meanwhile_;
+  QTimer watch_;
+};
+
+using Texts = std::vector<std::string>;
+
+}  // namespace brindle
