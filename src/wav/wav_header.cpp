@@ -70,6 +70,18 @@ std::optional<double> WavHeader::Duration() const {
   return dataLength / bytesPerSecond;
 }
 
+QString MessageOf(WavRefusal refusal) {
+  switch (refusal) {
+    case WavRefusal::AlreadyOpen:
+      return u"File already open."_s;
+    case WavRefusal::NotPcm:
+      return u"This program only accepts uncompressed PCM WAV files."_s;
+    case WavRefusal::NotAWav:
+      break;
+  }
+  return u"This file does not appear to be a valid WAV."_s;
+}
+
 std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path) {
   WavFile file;
   if (auto error = file.OpenForReading(path)) {

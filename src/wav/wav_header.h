@@ -28,6 +28,9 @@ struct WavHeader {
 /// Why a file is not opened although it can be read.
 enum class WavRefusal { AlreadyOpen, NotAWav, NotPcm };
 
+/// What the user is told of it.
+[[nodiscard]] QString MessageOf(WavRefusal refusal);
+
 /// Finds the format block ("fmt " or "FMT " at a position from 1 to 32768) and the sample data
 /// ("data" or "DATA" at 1 to 65537) wherever the tags stand, chunks or not; the first match wins.
 /// Only uncompressed PCM (format code 1) is accepted. Bytes behind the end of the file count as 0.

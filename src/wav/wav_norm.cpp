@@ -26,23 +26,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int LeastTolerance = 0;  // percent
 constexpr int MostTolerance = 30;  // percent
 constexpr double MostPercent = 100;
 const auto Scanning = u"Scanning..."_s;
 const auto Normalizing = u"Normalizing..."_s;
-
-QString RefusalText(WavRefusal refusal) {
-  switch (refusal) {
-    case WavRefusal::AlreadyOpen:
-      return u"File already open."_s;
-    case WavRefusal::NotPcm:
-      return u"This program only accepts uncompressed PCM WAV files."_s;
-    case WavRefusal::NotAWav:
-      break;
-  }
-  return u"This file does not appear to be a valid WAV."_s;
-}
 
 QString ToleranceText(float tolerance) { return ToQString(TextOfSingle(tolerance)) + u'%'; }
 
@@ -60,8 +47,8 @@ WavNorm::WavNorm(Services& services)
       RemFolders(MakeCheckBox(u"RemFolders"_s, u"Remember Folders"_s,
                               u"Remember last folder/file loaded"_s)),
       Toler(new Slider(u"Toler"_s,
-                       u"Tolerance for determining whether the WAV is already normalized."_s,
-                       LeastTolerance, MostTolerance)),
+                       u"Tolerance for determining whether the WAV is already normalized."_s, 0,
+                       MostTolerance)),
       TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
                               {u"88.8%"_s, ToleranceText(record_.WavTolerance)})),
       Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())),
@@ -214,7 +201,7 @@ void WavNorm::OpenFile(const QString& path) {
     return;
   }
   const auto* refusal = std::get_if<WavRefusal>(&opened);
-  Ask(refusal != nullptr ? RefusalText(*refusal) : MessageOf(std::get<WavError>(opened)));
+  Ask(refusal != nullptr ? MessageOf(*refusal) : MessageOf(std::get<WavError>(opened)));
   if (!isClosing_) {
     ResetLoad();
   }
@@ -300,7 +287,7 @@ void WavNorm::btnNorm_Click() {
   }
 }
 
-// The pass itself, with its statistics when it was completed.
+// The pass itself, and its statistics when it was completed.
 std::optional<WavError> WavNorm::Normalize(const PassOptions& options) {
   const GainTable table(options.gain);
   double throughput = 0;
@@ -412,16 +399,9 @@ void WavNorm::ShowNormalizeReady() {
   fileInfo_.SetVisible(true);
 }
 
-void WavNorm::HideNormalize() { btnNorm->hide(); }
-
-void WavNorm::ShowFileInfo() {
-  btnScan->show();
-  fileInfo_.SetVisible(true);
-}
-
-void WavNorm::HideFileInfo() {
-  btnScan->hide();
-  fileInfo_.SetVisible(false);
+void WavNorm::SetFileInfoVisible(bool visible) {
+  btnScan->setVisible(visible);
+  fileInfo_.SetVisible(visible);
 }
 
 }  // namespace brindle

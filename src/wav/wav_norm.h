@@ -79,9 +79,10 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
   void SetRunning(Running running);
   void ResetLoad();
   void ShowNormalizeReady();
-  void HideNormalize();
-  void ShowFileInfo();
-  void HideFileInfo();
+  void HideNormalize() { btnNorm->hide(); }
+  void ShowFileInfo() { SetFileInfoVisible(true); }
+  void HideFileInfo() { SetFileInfoVisible(false); }
+  void SetFileInfoVisible(bool visible);
   void HideCancel();
 
   Services& services_;
