@@ -60,7 +60,10 @@ class Undisturbed : public PassObserver, public TargetQuestions {
 
 // Chords that swell and fade under some noise, 16-bit stereo at 44100 Hz, of this many megabytes.
 void Make(const Arguments& arguments) {
-  const auto dataLength = arguments[1].toUInt() * 1'000'000 / 4 * 4;
+  constexpr quint64 most = 4294;  // megabytes that a header can declare
+  const auto megabytes = arguments[1].toULongLong();
+  Require(megabytes > 0 && megabytes <= most, "no such size");
+  const auto dataLength = static_cast<std::uint32_t>(megabytes * 1'000'000);
   QFile file(arguments[0]);
   Require(file.open(QIODevice::WriteOnly), "cannot make the file");
   QDataStream out(&file);
@@ -110,24 +113,51 @@ void FloorScan(const Arguments& arguments) {
   Require(std::count(seen.begin(), seen.end(), 1) > 1000, "there is no music in the file");
 }
 
+using LevelTable = std::array<std::uint16_t, LevelCount>;
+
+const LevelTable& Table() {
+  static LevelTable table;
+  for (std::size_t level = 0; level < LevelCount; ++level) {
+    table[level] = static_cast<std::uint16_t>(level * 5 / 4);
+  }
+  return table;
+}
+
+void Map(std::uint16_t* word, ssize_t bytes, const LevelTable& table) {
+  for (const auto* end = word + bytes / 2; word < end; ++word) {
+    *word = table[*word];
+  }
+}
+
 // The floor of a pass: nothing but the reads, one table lookup a sample, and the writes.
 void FloorPass(const Arguments& arguments) {
   const int source = OpenToRead(arguments[0]);
   const int target = OpenToWrite(arguments[1]);
-  static std::array<std::uint16_t, LevelCount> table;
-  for (std::size_t level = 0; level < LevelCount; ++level) {
-    table[level] = static_cast<std::uint16_t>(level * 5 / 4);
-  }
+  const auto& table = Table();
   static std::array<std::uint16_t, BlockWords> block;
   for (ssize_t bytes = 0; (bytes = read(source, block.data(), sizeof(block))) > 0;) {
-    auto* end = block.data() + bytes / 2;
-    for (auto* word = block.data(); word < end; ++word) {
-      *word = table[*word];
-    }
+    Map(block.data(), bytes, table);
     Require(write(target, block.data(), static_cast<std::size_t>(bytes)) == bytes, "cannot write");
   }
   close(source);
   close(target);
+}
+
+// The same for a pass in place, which finds its file's room already there.
+void FloorInPlace(const Arguments& arguments) {
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
+  const int file = open(qPrintable(arguments[0]), O_RDWR);
+  Require(file >= 0, "cannot open the file");
+  const auto& table = Table();
+  static std::array<std::uint16_t, BlockWords> block;
+  off_t position = 0;
+  for (ssize_t bytes = 0; (bytes = pread(file, block.data(), sizeof(block), position)) > 0;
+       position += bytes) {
+    Map(block.data(), bytes, table);
+    Require(pwrite(file, block.data(), static_cast<std::size_t>(bytes), position) == bytes,
+            "cannot write");
+  }
+  close(file);
 }
 
 void Scan(const Arguments& arguments) {
@@ -215,6 +245,7 @@ int Run(const QString& job, const Arguments& arguments) {
       {QStringLiteral("make"), {2, Make}},
       {QStringLiteral("floor-scan"), {1, FloorScan}},
       {QStringLiteral("floor-pass"), {2, FloorPass}},
+      {QStringLiteral("floor-in-place"), {1, FloorInPlace}},
       {QStringLiteral("scan"), {1, Scan}},
       {QStringLiteral("pass-multi"), {2, PassMulti}},
       {QStringLiteral("pass-single"), {2, PassSingle}},

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 
@@ -10,10 +11,11 @@ namespace brindle {
 
 // Two kinds of locks that do not know of each other: on a whole file, and on its ranges.
 bool IsLocked(int descriptor) {
-  if (flock(descriptor, LOCK_SH | LOCK_NB) != 0) {
+  if (flock(descriptor, LOCK_SH | LOCK_NB) == 0) {
+    flock(descriptor, LOCK_UN);
+  } else if (errno == EWOULDBLOCK) {
     return true;
   }
-  flock(descriptor, LOCK_UN);
   struct flock range = {};
   range.l_type = F_RDLCK;
   range.l_whence = SEEK_SET;

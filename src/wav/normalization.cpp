@@ -28,17 +28,14 @@ namespace {
 constexpr qint64 MultiBlocks = 64;
 constexpr qint64 MultiSize = MultiBlocks * BlockSize;  // bytes
 
-// Where the last block of a loop over blocks of this size may begin: far enough from the end of the
-// file to leave the last whole one to the smaller loops.
-qint64 BlockEnd(const SampleData& data, qint64 size) {
-  return data.fileLength - data.length % size - size - 1;
-}
-
 Samples BlockOf(Samples buffer, qint64 block) {
   return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
 }
 
-qint64 LastWord(const SampleData& data) { return data.start + data.length - WordSize; }
+// By the same text too, where a file system numbers its files anew at every look.
+bool TargetIsSource(const PassFiles& files) {
+  return files.target == files.source || LeadToSameFile(files.source, files.target);
+}
 
 }  // namespace
 
@@ -55,21 +52,22 @@ Normalization::Opened Normalization::Open(const PassFiles& files, TargetQuestion
   buffer_.resize(BlockWords);
 
   isInPlace_ = files.isInPlace;
-  if (!isInPlace_ && LeadToSameFile(files.source, files.target)) {
+  if (!isInPlace_ && TargetIsSource(files)) {
     isInPlace_ = true;
     questions.WorksInPlace();
   }
   if (isInPlace_) {
     return Succeeded(input_.OpenForChanging(files.source)) ? Opened::Yes : Opened::Failed;
   }
-  if (!OpenTarget(files.target, questions)) {
+  if (!OpenTarget(files, questions)) {
     return error_ ? Opened::Failed : Opened::Refused;
   }
   return Copy(1, std::min(data_.start - 1, data_.fileLength)) ? Opened::Yes : Opened::Failed;
 }
 
 // A target that cannot be written shows here, before it is deleted and before a byte is written.
-bool Normalization::OpenTarget(const QString& target, TargetQuestions& questions) {
+bool Normalization::OpenTarget(const PassFiles& files, TargetQuestions& questions) {
+  const auto& target = files.target;
   if (QFileInfo(target).isRelative()) {
     error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"not an absolute path"_s)};
     return false;
@@ -82,6 +80,11 @@ bool Normalization::OpenTarget(const QString& target, TargetQuestions& questions
   }
   output_.Close();
   if (!questions.MayOverwrite()) {
+    return false;
+  }
+  // The question may have stood for long.
+  if (TargetIsSource(files)) {
+    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"it became the source"_s)};
     return false;
   }
   QFile old(target);
@@ -107,7 +110,7 @@ Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffer
 }
 
 bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
-  const qint64 blockEnd = BlockEnd(data_, MultiSize);
+  const qint64 blockEnd = data_.BlockEnd(MultiSize);
   if (position_ <= blockEnd) {
     buffer_.resize(MultiBlocks * BlockWords);
   }
@@ -138,14 +141,14 @@ bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
 }
 
 bool Normalization::MapSingle(const GainTable& table, PassTimer& timer) {
-  const qint64 blockEnd = BlockEnd(data_, BlockSize);
+  const qint64 blockEnd = data_.BlockEnd(BlockSize);
   for (; position_ <= blockEnd; position_ += BlockSize) {
     if (!MapBlock(table, BlockWords) || !timer.GoesOn(position_, UpdateInterval::Quarter)) {
       return false;
     }
   }
   // The words behind the blocks, a block of them at a time, unwatched.
-  for (qint64 words = WordsUpTo(position_, LastWord(data_)); words > 0;) {
+  for (qint64 words = WordsUpTo(position_, data_.LastWord()); words > 0;) {
     const qint64 piece = std::min<qint64>(words, BlockWords);
     if (!MapBlock(table, static_cast<std::size_t>(piece))) {
       return false;
@@ -166,7 +169,7 @@ bool Normalization::MapBlock(const GainTable& table, std::size_t words) {
 // more than one block of them is left behind the blocks.
 bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
   const qint64 first = position_;
-  const auto words = static_cast<std::size_t>(WordsUpTo(first, LastWord(data_)));
+  const auto words = static_cast<std::size_t>(WordsUpTo(first, data_.LastWord()));
   const auto samples = Samples(buffer_).first(words);
   if (!Succeeded(input_.Read(first, BytesOf(samples)))) {
     return false;
@@ -185,7 +188,7 @@ bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
         return false;
       }
       // What was read before may be gone: written again, it would make a hole in the file.
-      if (!Succeeded(input_.CheckReaches(LastWord(data_) + 1))) {
+      if (!Succeeded(input_.CheckReaches(data_.LastWord() + 1))) {
         return false;
       }
     }

@@ -72,7 +72,7 @@ class Normalization {
   [[nodiscard]] double Throughput() const { return throughput_; }
 
  private:
-  [[nodiscard]] bool OpenTarget(const QString& target, TargetQuestions& questions);
+  [[nodiscard]] bool OpenTarget(const PassFiles& files, TargetQuestions& questions);
   [[nodiscard]] bool Copy(qint64 position, qint64 end);
   [[nodiscard]] bool MapMulti(const GainTable& table, PassTimer& timer);
   [[nodiscard]] bool MapSingle(const GainTable& table, PassTimer& timer);

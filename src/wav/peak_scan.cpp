@@ -63,8 +63,7 @@ PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& obse
     return scan;
   }
   const auto& data = std::get<SampleData>(located);
-  const qint64 blockEnd = data.fileLength - data.length % BlockSize - BlockSize - 1;
-  const qint64 lastWord = data.start + data.length - WordSize;
+  const qint64 blockEnd = data.BlockEnd(BlockSize);
 
   SeenLevel seenLevel;
   SampleBuffer buffer(BlockWords);
@@ -88,7 +87,7 @@ PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& obse
   }
   if (!scan.isAborted && !scan.error) {
     position = blockEnd + BlockSize;
-    for (qint64 words = WordsUpTo(position, lastWord); words > 0;) {
+    for (qint64 words = WordsUpTo(position, data.LastWord()); words > 0;) {
       const auto piece = std::min<qint64>(words, BlockWords);
       if (!look(position, static_cast<std::size_t>(piece))) {
         break;

@@ -41,6 +41,13 @@ struct SampleData {
   qint64 start = 0;       ///< position of the first sample byte; the first byte of a file is 1
   qint64 length = 0;      ///< bytes, cut to the file; below 0 where the file ends within the header
   qint64 fileLength = 0;  ///< bytes
+
+  /// The last position at which a loop over blocks of `size` bytes reads one. Deliberately far
+  /// enough from the end of the *file* to leave the last whole block of samples to what follows the
+  /// loop, and to take in what stands behind the samples.
+  [[nodiscard]] qint64 BlockEnd(qint64 size) const { return fileLength - length % size - size - 1; }
+  /// The last position at which a loop over words reads one.
+  [[nodiscard]] qint64 LastWord() const { return start + length - 2; }
 };
 
 /// Finds the sample data anew, "data" or "DATA" anywhere in the file; where there is none, the

@@ -346,18 +346,15 @@ bool WavNorm::Update(const PassProgress& progress) {
 }
 
 bool WavNorm::MayOverwrite() {
-  return Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNo) == BoxAnswer::Yes;
+  const auto answer = Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNo);
+  return answer == BoxAnswer::Yes && !isClosing_;
 }
 
 void WavNorm::WorksInPlace() { output_.SelectSource(); }
 
 bool WavNorm::AgreesToClose() {
   const Occupied inside(*this);
-  if (running_ == Running::Normalization && !ReallyAbort()) {
-    return false;
-  }
-  isClosing_ = true;
-  return true;
+  return running_ != Running::Normalization || ReallyAbort();
 }
 
 void WavNorm::ShowStats(const PassStatistics& statistics) {

@@ -39,6 +39,7 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
 
   /// Asks before a normalization is aborted; a scan ends without a question.
   [[nodiscard]] bool AgreesToClose() override;
+  void WillClose() override { isClosing_ = true; }
 
  private:
   // Busy: nothing can be started, nothing is to be aborted.

@@ -631,7 +631,7 @@ class HugeTruth : public Truth {
   }
 };
 
-constexpr qint64 GiB = 1024 * 1024 * 1024;
+constexpr qint64 GiB = qint64{1024} * 1024 * 1024;
 
 TEST_F(HugeTruth, LengthOfMoreThanTwoGigabytesStandsWhereTheFileHoldsIt) {
   PutHuge(5 * GiB, 0xFFFFFFFF);

@@ -138,11 +138,10 @@ int TakeAll(const Gallery& gallery) {
     std::cerr << "cannot write " << recording.toStdString() << '\n';
     return 1;
   }
-  record.WavTargetFile = folder.filePath(u"Normalized.wav"_s);
   auto& normalizer = windows.Load(WindowId::WavNorm);
-  ShowNormalizerAtWork(normalizer,
-                       [&](const QString& state) { saved &= gallery.Take(normalizer, state); });
-  return saved ? 0 : 1;
+  const bool seen = ShowNormalizerAtWork(
+      normalizer, [&](const QString& state) { saved &= gallery.Take(normalizer, state); });
+  return saved && seen ? 0 : 1;
 }
 
 int Run() {

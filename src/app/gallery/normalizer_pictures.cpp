@@ -21,8 +21,8 @@ void Click(const QWidget& window, const QString& button) {
   window.findChild<QPushButton*>(button)->click();
 }
 
-// Clicks, and calls `take` when what the click began is well under way.
-void ClickAndWatch(const QWidget& window, const QString& button,
+// Clicks, and calls `take` when what the click began is well under way; false where it never was.
+bool ClickAndWatch(const QWidget& window, const QString& button,
                    const std::function<void()>& take) {
   constexpr int wellUnderWay = 30;  // percent
   const auto* progress = window.findChild<QProgressBar*>(u"ProgBar"_s);
@@ -36,16 +36,17 @@ void ClickAndWatch(const QWidget& window, const QString& button,
   });
   watch.start(0);
   Click(window, button);
+  return taken;
 }
 
 }  // namespace
 
-void ShowNormalizerAtWork(QWidget& window, const std::function<void(const QString& state)>& take) {
+bool ShowNormalizerAtWork(QWidget& window, const std::function<void(const QString& state)>& take) {
   Click(window, u"btnOpen"_s);
   take(u"Open"_s);
-  ClickAndWatch(window, u"btnScan"_s, [&] { take(u"Scanning"_s); });
+  const bool scanned = ClickAndWatch(window, u"btnScan"_s, [&] { take(u"Scanning"_s); });
   take(u"Scanned"_s);
-  ClickAndWatch(window, u"btnNorm"_s, [&] { take(u"Normalizing"_s); });
+  return ClickAndWatch(window, u"btnNorm"_s, [&] { take(u"Normalizing"_s); }) && scanned;
 }
 
 }  // namespace brindle

@@ -12,6 +12,7 @@ namespace brindle {
 
 /// Uses the normalizer as a person does, and calls `take` in each of its states, with what to add
 /// to the window's name: a file is open, it is scanned, it has been scanned, it is normalized.
-void ShowNormalizerAtWork(QWidget& window, const std::function<void(const QString& state)>& take);
+[[nodiscard]] bool ShowNormalizerAtWork(QWidget& window,
+                                        const std::function<void(const QString& state)>& take);
 
 }  // namespace brindle

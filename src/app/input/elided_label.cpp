@@ -26,8 +26,10 @@ ElidedLabel::ElidedLabel(const QString& name, const QString& text, const QString
 }
 
 void ElidedLabel::Show(const QString& text) {
-  setText(text);
-  setAccessibleDescription(text);
+  if (text != this->text()) {
+    setText(text);
+    setAccessibleDescription(text);
+  }
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
@@ -35,21 +37,30 @@ QSize ElidedLabel::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * leastColumns, fontMetrics().height()};
 }
 
-// A tooltip that looks like markup, as a file name may, is shown as it is.
+// A label without a tooltip of its own shows the text that it cannot show whole. What looks like
+// markup, as a file name may, is shown as it is.
 bool ElidedLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && Qt::mightBeRichText(toolTip())) {
-    const auto shown = u"<p style='white-space:pre'>"_s + toolTip().toHtmlEscaped() + u"</p>"_s;
-    QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), shown, this);
-    return true;
+  if (event->type() == QEvent::ToolTip) {
+    const auto tip = toolTip().isEmpty() && Shown() != text() ? text() : toolTip();
+    if (!tip.isEmpty()) {
+      const auto plain = Qt::mightBeRichText(tip)
+                             ? u"<p style='white-space:pre'>"_s + tip.toHtmlEscaped() + u"</p>"_s
+                             : tip;
+      QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), plain, this);
+      return true;
+    }
   }
   return QLabel::event(event);
 }
 
+QString ElidedLabel::Shown() const {
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+}
+
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
-                        isEnabled(), shown, foregroundRole());
+                        isEnabled(), Shown(), foregroundRole());
 }
 
 }  // namespace brindle

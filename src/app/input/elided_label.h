@@ -25,6 +25,9 @@ class ElidedLabel : public QLabel {
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] QString Shown() const;
 };
 
 }  // namespace brindle

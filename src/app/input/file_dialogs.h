@@ -30,7 +30,8 @@ class FileDialogs {
   virtual ~FileDialogs() = default;
 
   /// The path of an existing file, in the platform's own separators. Empty when the user cancelled,
-  /// and when `owner` or the program went away; then the caller must not touch its window any more.
+  /// and when the program ended: nothing is to be done then. The owner may have been closed
+  /// meanwhile, which it knows itself.
   virtual QString AskForExisting(QWidget* owner, const FileQuestion& question) = 0;
 
   /// The same for a file that need not exist. Whether one is to be overwritten is not asked. A name

@@ -3,6 +3,7 @@
 
 #include "app/input/file_drop.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QDropEvent>
 #include <QEvent>
@@ -27,17 +28,28 @@ FileDrop::FileDrop(QWidget* window) : QObject(window) {
   window->installEventFilter(this);
 }
 
+// An open box or dialog stops the whole program.
+bool FileDrop::CanAccept() const {
+  return isAccepting_ && QApplication::activeModalWidget() == nullptr;
+}
+
 bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
   const bool isDrop = event->type() == QEvent::Drop;
   if (isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
     auto& drag = dynamic_cast<QDropEvent&>(*event);
     const auto path = PathIn(drag.mimeData());
-    if (!isAccepting_ || path.isEmpty()) {
+    if (!CanAccept() || path.isEmpty()) {
       drag.ignore();
     } else {
-      drag.acceptProposedAction();
+      // The file is opened where it is, whatever else was proposed: it is not to be moved away.
+      drag.setDropAction(Qt::CopyAction);
+      drag.accept();
       if (isDrop) {
-        QTimer::singleShot(0, this, [this, path] { Q_EMIT Dropped(path); });
+        QTimer::singleShot(0, this, [this, path] {
+          if (CanAccept()) {
+            Q_EMIT Dropped(path);
+          }
+        });
       }
     }
     return true;

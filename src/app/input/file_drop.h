@@ -17,7 +17,7 @@ class FileDrop : public QObject {
  public:
   explicit FileDrop(QWidget* window);
 
-  /// While it does not accept, a dragged file is turned away.
+  /// While it does not accept, and under an open box or dialog, a dragged file is turned away.
   void SetAccepting(bool accepting) { isAccepting_ = accepting; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -28,6 +28,8 @@ class FileDrop : public QObject {
   void Dropped(const QString& path);
 
  private:
+  [[nodiscard]] bool CanAccept() const;
+
   bool isAccepting_ = true;
 };
 

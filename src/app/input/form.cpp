@@ -35,6 +35,7 @@ void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  WillClose();
   QWidget::closeEvent(event);
   if (event->isAccepted() && !std::exchange(closed_, true)) {
     focus_.Stop();

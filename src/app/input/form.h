@@ -24,15 +24,17 @@ class Form : public QWidget {
   [[nodiscard]] FocusTracker& Focus() { return focus_; }
 
   /// Whether the window, which is to be closed, or whose program is to end, has nothing against it.
-  /// May ask the user. A window that agrees is closed.
+  /// May ask the user.
   [[nodiscard]] virtual bool AgreesToClose() { return true; }
+  /// The window is going to be closed, or its program to end: nobody was against it.
+  virtual void WillClose() {}
 
   /// For the owner of a closed window: deletes it from the event loop, when none of its own
   /// functions is running any more.
   void DeleteWhenLeft();
 
-  /// Stands in every function of the window that lets events in: while a box is open, during a long
-  /// pass. The window may be closed meanwhile, but is not deleted.
+  /// Stands in every function of a window of the list that lets events in: while a box is open,
+  /// during a long pass. The window may be closed meanwhile, but is not deleted.
   class Occupied {
    public:
     explicit Occupied(Form& form) : form_(form) { ++form_.inside_; }

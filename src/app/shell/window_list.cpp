@@ -40,9 +40,15 @@ bool WindowList::AllAgreeToClose() {
   for (const auto& [id, window] : windows_) {
     open.emplace_back(window.get());
   }
-  return std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
+  const bool allAgree = std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
     return window == nullptr || window->AgreesToClose();
   });
+  for (const auto& window : open) {
+    if (allAgree && window != nullptr) {
+      window->WillClose();
+    }
+  }
+  return allAgree;
 }
 
 void WindowList::Forget(WindowId id) {

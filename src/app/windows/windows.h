@@ -44,7 +44,8 @@ class Windows {
   /// then.
   virtual void Show(WindowId id) = 0;
 
-  /// Asks every window whether it may be closed, until one is against it.
+  /// Asks every window whether it may be closed, until one is against it; when none is, all are
+  /// told that they will be.
   [[nodiscard]] virtual bool AllAgreeToClose() = 0;
 };
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>
@@ -129,6 +130,41 @@ TEST_F(FileDrops, OnAWindowThatGoesAreForgotten) {
 TEST_F(FileDrops, LeaveOtherEventsAlone) {
   QMouseEvent press(QEvent::MouseButtonPress, {1, 1}, {1, 1}, Qt::LeftButton, Qt::LeftButton, {});
   EXPECT_FALSE(drop->eventFilter(window.get(), &press));
+}
+
+// The program that the file comes from would delete what it believes to have been moved.
+TEST_F(FileDrops, AreCopiesWhateverWasProposed) {
+  SetFiles({u"/music/song.wav"_s});
+  ASSERT_TRUE(Enter() && Move());
+  QDropEvent event({1, 1}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                   Qt::ShiftModifier);
+  event.setDropAction(Qt::MoveAction);
+  QApplication::sendEvent(window.get(), &event);
+  EXPECT_TRUE(event.isAccepted());
+  EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+}
+
+TEST_F(FileDrops, AreTurnedAwayWhileADialogStopsTheProgram) {
+  SetFiles({u"/music/song.wav"_s});
+  ASSERT_TRUE(Enter() && Move());
+  QDialog dialog;
+  dialog.setModal(true);
+  dialog.show();
+  EXPECT_FALSE(LetGo());
+  EXPECT_FALSE(Enter());
+  dialog.hide();
+  EXPECT_TRUE(All());
+}
+
+// A box that opened behind the drop.
+TEST_F(FileDrops, AreForgottenWhenADialogOpensMeanwhile) {
+  SetFiles({u"/music/song.wav"_s});
+  ASSERT_TRUE(All());
+  QDialog dialog;
+  dialog.setModal(true);
+  dialog.show();
+  QApplication::processEvents();
+  EXPECT_TRUE(dropped.empty());
 }
 
 }  // namespace

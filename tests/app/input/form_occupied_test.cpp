@@ -21,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 // A window whose function lets events in.
 class BusyForm : public Form {
-  Q_OBJECT
-
  public:
   BusyForm() : Form(u"BusyForm"_s, u"Busy"_s) {
     connect(this, &Form::Closed, this, [this] { DeleteWhenLeft(); });
@@ -112,8 +110,6 @@ TEST(FormOccupied, AnOpenFormIsLeftInPeace) {
 
 // A window that is asked first.
 class ReluctantForm : public Form {
-  Q_OBJECT
-
  public:
   ReluctantForm() : Form(u"ReluctantForm"_s, u"Reluctant"_s) {}
   [[nodiscard]] bool AgreesToClose() override {
@@ -161,5 +157,3 @@ TEST(FormClosing, UnderItsOwnQuestionIsToldOnce) {
 
 }  // namespace
 }  // namespace brindle
-
-#include "form_occupied_test.moc"
