@@ -2,15 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // One job of the normalizer on a real file, for bench/wav to time: wav_job JOB FILE... Prints the
-// processor time and the time passed of the job itself, in seconds.
+// processor time and the time passed of the job itself, in seconds, and the peak of the program's
+// memory, in megabytes.
 
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <ctime>
 #include <fcntl.h>
 #include <functional>
 #include <iostream>
@@ -26,7 +20,6 @@
 #include <QFile>
 #include <QPushButton>
 #include <QString>
-#include <QTemporaryDir>
 
 #include "app/gallery/recording.h"
 #include "app/shell/all_windows.h"
@@ -236,6 +229,20 @@ double ProcessorSeconds() {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
+// The peak of the program's own memory, in megabytes; what the system tells a parent includes the
+// parent's own.
+double PeakMegabytes() {
+  QFile status(QStringLiteral("/proc/self/status"));
+  Require(status.open(QIODevice::ReadOnly), "no /proc");
+  for (const auto& line : status.readAll().split('\n')) {
+    if (line.startsWith("VmHWM:")) {
+      return line.simplified().split(' ').at(1).toDouble() / 1024;
+    }
+  }
+  Require(false, "the peak of the memory is not told");
+  return 0;
+}
+
 int Run(const QString& job, const Arguments& arguments) {
   struct Job {
     qsizetype files;
@@ -261,7 +268,7 @@ int Run(const QString& job, const Arguments& arguments) {
   found->second.run(arguments);
   const double processor = ProcessorSeconds() - processorAtStart;
   const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - passedAtStart;
-  std::cout << processor << ' ' << passed.count() << '\n';
+  std::cout << processor << ' ' << passed.count() << ' ' << PeakMegabytes() << '\n';
   return 0;
 }
 
