@@ -20,7 +20,6 @@
 namespace brindle {
 
 using namespace Qt::StringLiterals;
-using namespace std::string_view_literals;
 
 namespace {
 

@@ -11,14 +11,12 @@
 
 #include "app/input/field_text.h"
 #include "app/input/file_dialogs.h"
-#include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
 #include "wav/gain.h"
 #include "wav/peak_scan.h"
-#include "wav/wav_text.h"
 
 namespace brindle {
 
@@ -349,8 +347,6 @@ bool WavNorm::MayOverwrite() {
   const auto answer = Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNo);
   return answer == BoxAnswer::Yes && !isClosing_;
 }
-
-void WavNorm::WorksInPlace() { output_.SelectSource(); }
 
 bool WavNorm::AgreesToClose() {
   const Occupied inside(*this);

@@ -75,7 +75,7 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
 
   [[nodiscard]] bool Update(const PassProgress& progress) override;
   [[nodiscard]] bool MayOverwrite() override;
-  void WorksInPlace() override;
+  void WorksInPlace() override { output_.SelectSource(); }
 
   void SetRunning(Running running);
   void ResetLoad();

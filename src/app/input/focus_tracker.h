@@ -14,8 +14,8 @@ namespace brindle {
 /// Tells a window which of its controls has the focus, the way its handlers understand it: a move
 /// from one control of the window to another. Switching windows, opening a menu or a drop-down
 /// list, and closing the window are none. The left control's handler runs first; before it, a
-/// number only begun in a field that is left becomes 0 (but for fields that keep
-/// it), which no handler hears of.
+/// number only begun in a field that is left becomes 0, which no handler hears of; some fields keep
+/// it.
 class FocusTracker : public QObject {
   Q_OBJECT
 
