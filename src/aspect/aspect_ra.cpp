@@ -40,10 +40,10 @@ AspectRa::AspectRa(Services& services)
       // The tooltips of the sliders are deliberately worded so.
       HRES(new Slider(u"HRES"_s, u"Slide to select the vertical horizontal resolution."_s,
                       LeastWidth, MostWidth)),
-      HRESL(new ValueLabel(u"HRESL"_s, {}, {u"888"_s})),
+      HRESL(new CopyableLabel(u"HRESL"_s, {}, {u"888"_s})),
       VRES(new Slider(u"VRES"_s, u"Slide to select the vertical vertical resolution."_s,
                       LeastHeight, MostHeight)),
-      VRESL(new ValueLabel(u"VRESL"_s, {}, {u"888"_s})),
+      VRESL(new CopyableLabel(u"VRESL"_s, {}, {u"888"_s})),
       PixelCount(new ValueLabel(u"Stats(0)"_s, u"Total number of pixels in output video frame."_s,
                                 {u"888888"_s})),
       Macroblocks(new ValueLabel(

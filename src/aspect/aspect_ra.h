@@ -7,6 +7,7 @@
 #include "app/input/form.h"
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
+#include "app/input/results.h"
 #include "app/input/slider.h"
 #include "app/input/text_field.h"
 #include "app/settings/settings.h"
@@ -50,9 +51,9 @@ class AspectRa : public Form {
   TextField* AR2;
   DropDownList* MODUL;
   Slider* HRES;
-  ValueLabel* HRESL;
+  CopyableLabel* HRESL;
   Slider* VRES;
-  ValueLabel* VRESL;
+  CopyableLabel* VRESL;
   ValueLabel* PixelCount;
   ValueLabel* Macroblocks;
   ValueLabel* AspectRatio;

@@ -3,12 +3,15 @@
 
 #include "app/input/results.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFont>
 #include <QLineEdit>
 #include <QString>
+#include <QStringList>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
@@ -68,10 +71,28 @@ bool ResultField::event(QEvent* event) {
 
 void ResultField::FollowFont() { setFont(LargeFont()); }
 
-ResultLabel::ResultLabel(const QString& name, const QString& tooltip, int digits)
-    : ValueLabel(name, tooltip, {Widest(digits)}) {
+CopyableLabel::CopyableLabel(const QString& name, const QString& tooltip, QStringList widest)
+    : ValueLabel(name, tooltip, std::move(widest)) {
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setFocusPolicy(Qt::StrongFocus);
+}
+
+void CopyableLabel::focusInEvent(QFocusEvent* event) {
+  ValueLabel::focusInEvent(event);
+  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+    setSelection(0, static_cast<int>(text().size()));
+  }
+}
+
+void CopyableLabel::focusOutEvent(QFocusEvent* event) {
+  ValueLabel::focusOutEvent(event);
+  if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
+    setSelection(0, 0);
+  }
+}
+
+ResultLabel::ResultLabel(const QString& name, const QString& tooltip, int digits)
+    : CopyableLabel(name, tooltip, {Widest(digits)}) {
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   FollowFont();
 }
@@ -80,27 +101,13 @@ bool ResultLabel::event(QEvent* event) {
   if (event->type() == QEvent::ApplicationFontChange) {
     FollowFont();
   }
-  return ValueLabel::event(event);
-}
-
-void ResultLabel::focusInEvent(QFocusEvent* event) {
-  ValueLabel::focusInEvent(event);
-  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
-    setSelection(0, static_cast<int>(text().size()));
-  }
-}
-
-void ResultLabel::focusOutEvent(QFocusEvent* event) {
-  ValueLabel::focusOutEvent(event);
-  if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
-    setSelection(0, 0);
-  }
+  return CopyableLabel::event(event);
 }
 
 void ResultLabel::paintEvent(QPaintEvent* event) {
   QStyleOptionFrame option = FieldPanel(this);
   QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
-  ValueLabel::paintEvent(event);
+  CopyableLabel::paintEvent(event);
 }
 
 void ResultLabel::FollowFont() {

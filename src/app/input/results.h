@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include "app/input/labels.h"
 
@@ -33,9 +34,21 @@ class ResultField : public QLineEdit {
   int digits_;
 };
 
-/// The label of a calculator's main result: it looks like a ResultField, and can be selected and
-/// copied like one, by mouse and keyboard.
-class ResultLabel : public ValueLabel {
+/// The label of a figure that people carry away: it can be selected and copied by mouse and
+/// keyboard.
+class CopyableLabel : public ValueLabel {
+  Q_OBJECT
+
+ public:
+  CopyableLabel(const QString& name, const QString& tooltip, QStringList widest);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+};
+
+/// The label of a calculator's main result, which looks like a ResultField.
+class ResultLabel : public CopyableLabel {
   Q_OBJECT
 
  public:
@@ -43,8 +56,6 @@ class ResultLabel : public ValueLabel {
 
  protected:
   bool event(QEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
