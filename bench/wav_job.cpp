@@ -24,6 +24,7 @@
 #include "app/gallery/recording.h"
 #include "app/shell/all_windows.h"
 #include "app/shell/system_desktop.h"
+#include "app/shell/system_registry.h"
 #include "app/shell/window_list.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
@@ -203,12 +204,13 @@ void Window(const Arguments& arguments) {
   record.WavRememberFolders = true;
   record.WavMultiBuffer = true;
   record.WavNormalizePercent = 100;
-  WindowList windows;
   SystemClock clock;
-  SystemDesktop desktop;
-  const Product product;
   Answers answers(arguments.empty() ? QString() : arguments[0]);
-  Services services{record, windows, clock, answers, answers, desktop, product};
+  SystemDesktop desktop(answers, clock, {});
+  SystemRegistry registry;
+  WindowList windows(desktop);
+  const Product product;
+  Services services{record, windows, clock, answers, answers, desktop, registry, product};
   if (arguments.size() > 1) {
     record.WavTargetFile = arguments[1];
   }

@@ -27,6 +27,7 @@
 #include "app/settings/settings.h"
 #include "app/shell/built_product.h"
 #include "app/shell/system_desktop.h"
+#include "app/shell/system_registry.h"
 #include "app/shell/window_list.h"
 #include "app/windows/services.h"
 #include "video/bitrate_calc.h"
@@ -65,10 +66,11 @@ struct Calculator {
   ModalDialogs modal;
   ScreenMessageBoxes boxes{modal};
   ScreenFileDialogs dialogs{modal};
-  SystemDesktop desktop;
-  WindowList windows;
+  SystemDesktop desktop{boxes, clock, {}};
+  SystemRegistry registry;
+  WindowList windows{desktop};
   Product product = BuiltProduct();
-  Services services{record, windows, clock, boxes, dialogs, desktop, product};
+  Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
   BitrateCalc window{services};
 
   template <class Control>

@@ -21,13 +21,19 @@ namespace brindle {
 /// Any window of the program, opened by its name on the built-in settings.
 class AnyWindow : public WindowTest {
  protected:
-  QWidget* OpenByName(const std::string& name) {
+  /// The windows of the list by their names.
+  static const std::map<std::string, WindowId>& Listed() {
     static const std::map<std::string, WindowId> listed{
         {"DefaultW", WindowId::DefaultW},   {"BitrateCalc", WindowId::BitrateCalc},
         {"AudioCalc", WindowId::AudioCalc}, {"HDCalc", WindowId::HDCalc},
         {"Advanced", WindowId::Advanced},   {"AVISplit", WindowId::AVISplit},
         {"QuickC", WindowId::QuickC},       {"AspectRa", WindowId::AspectRa},
-        {"WavNorm", WindowId::WavNorm}};
+        {"WavNorm", WindowId::WavNorm},     {"AboutWin", WindowId::AboutWin},
+        {"WebUpdate", WindowId::WebUpdate}};
+    return listed;
+  }
+
+  QWidget* OpenByName(const std::string& name) {
     if (name == "Splash") {
       splash_ = std::make_unique<Splash>(services);
       splash_->Run();
@@ -41,7 +47,7 @@ class AnyWindow : public WindowTest {
       return Shown(main_.get());
     }
     record.SplitSegmentsMode = 1;  // the third segment shows
-    return Open(listed.at(name));
+    return Open(Listed().at(name));
   }
 
   /// Shows every control that has a name and is hidden until it is needed.

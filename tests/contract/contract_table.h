@@ -30,6 +30,8 @@ inline const std::vector<WindowRow>& WindowRows() {
       {"QuickC", "Velbrin's Brindle 2 : Quick Convert"},
       {"AspectRa", "Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"},
       {"WavNorm", "WAV Normalizer (rev3)"},
+      {"AboutWin", "About Calculator"},
+      {"WebUpdate", "Velbrin's Brindle 2 : Web Update Panel"},
   };
   return rows;
 }
@@ -47,6 +49,8 @@ enum class Kind {
   Choice,  ///< a list without one
   Slider,
   Progress,
+  Link,  ///< a label that is clicked
+  Line,  ///< a line around a picture
   Frame
 };
 
@@ -136,6 +140,28 @@ inline const std::vector<ControlRow>& ControlRows() {
 
       {"DefaultW", "Command1", K::Button, "", "Load Defaults", "", "Load Defaults", 0},
       {"DefaultW", "Command2", K::Button, "", "Cancel", "", "Cancel", 1},
+
+      {"AboutWin", "Image1", K::Picture, "", "", "", "Brindle"},
+      {"AboutWin", "Shape1", K::Line, "", "", "", ""},
+      {"AboutWin", "Label9", K::Label, "",
+       "Velbrin's Brindle 2 is a collection of calculators for the various steps of most "
+       "DVD-to-AVI/xVCD methods.",
+       "",
+       "Velbrin's Brindle 2 is a collection of calculators for the various steps of most "
+       "DVD-to-AVI/xVCD methods."},
+      {"AboutWin", "Label8", K::Label, "", "Version 2.91 DX  for Windows 9x/Me/2000/XP", "",
+       "Version 2.91 DX  for Windows 9x/Me/2000/XP"},
+      {"AboutWin", "Label3", K::Label, "", "E-Mail :", "", "E-Mail :"},
+      {"AboutWin", "email", K::Link, "", "velbrin@example.org", "", "E-Mail :", 0},
+      {"AboutWin", "website", K::Link, "", website, "", website, 1},
+
+      {"WebUpdate", "Label3", K::Label, "",
+       "Connect to Velbrin's Website and check for program updates.", "",
+       "Connect to Velbrin's Website and check for program updates."},
+      {"WebUpdate", "Label2", K::Label, "", "Update Panel :", "", "Update Panel :"},
+      {"WebUpdate", "WebBrowser", K::Link, "", website + "/update", "", "Update Panel :", 0},
+      {"WebUpdate", "Label1", K::Label, "", "Internet connection required", "",
+       "Internet connection required"},
 
       {"BitrateCalc", "Audio", K::List, basic, "128",
        "Audio bitrate in kbps (assumes constant bitrate)", "Audio Bitrate (kbps) :", 0},
@@ -347,11 +373,11 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"AspectRa", "HRES", K::Slider, output, "",
        "Slide to select the vertical horizontal resolution.",
        "Horizontal Resolution: Slide to select the vertical horizontal resolution.", 4},
-      {"AspectRa", "HRESL", K::Label, output, "592", "", "Horizontal Resolution:"},
+      {"AspectRa", "HRESL", K::Label, output, "592", "", "Horizontal Resolution:", 5},
       {"AspectRa", "VRES", K::Slider, output, "",
        "Slide to select the vertical vertical resolution.",
-       "Vertical Resolution: Slide to select the vertical vertical resolution.", 5},
-      {"AspectRa", "VRESL", K::Label, output, "336", "", "Vertical Resolution:"},
+       "Vertical Resolution: Slide to select the vertical vertical resolution.", 6},
+      {"AspectRa", "VRESL", K::Label, output, "336", "", "Vertical Resolution:", 7},
       {"AspectRa", "Stats(0)", K::Label, output, "198912",
        "Total number of pixels in output video frame.", "Pixel Count:"},
       {"AspectRa", "Stats(1)", K::Label, output, "777",

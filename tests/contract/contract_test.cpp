@@ -12,6 +12,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +26,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "app/input/link_label.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 
@@ -67,10 +69,13 @@ std::string KindOf(const QWidget* control) {
   if (const auto* button = qobject_cast<const QPushButton*>(control)) {
     return button->icon().isNull() ? "button" : "picture button";
   }
+  if (qobject_cast<const LinkLabel*>(control) != nullptr) {
+    return "link";
+  }
   if (const auto* label = qobject_cast<const QLabel*>(control)) {
     return label->pixmap(Qt::ReturnByValue).isNull() ? "label" : "picture";
   }
-  return "";
+  return qobject_cast<const QFrame*>(control) != nullptr ? "line" : "";
 }
 
 std::string NameOf(Kind kind) {
@@ -99,6 +104,10 @@ std::string NameOf(Kind kind) {
       return "slider";
     case Kind::Progress:
       return "progress bar";
+    case Kind::Link:
+      return "link";
+    case Kind::Line:
+      return "line";
     case Kind::Frame:
       return "frame";
   }
@@ -268,6 +277,17 @@ TEST_P(TabOrder, IsReadingOrderAndComesRound) {
   EXPECT_EQ(Walk(window, Qt::Key_Tab, expected.size()), expected);
 }
 
+TEST_P(TabOrder, AtEveryStopF1OpensTheHelpOfTheWindow) {
+  auto* window = OpenEnabled();
+  const auto stops = ExpectedFrom(window);
+  for (std::size_t i = 0; i < stops.size(); ++i) {
+    desktop.pages.clear();
+    Key(Qt::Key_F1);
+    EXPECT_EQ(desktop.pages, NameList{GetParam().name}) << stops.at(i);
+    Key(Qt::Key_Tab);
+  }
+}
+
 TEST_P(TabOrder, GoesBackTheSameWay) {
   auto* window = OpenEnabled();
   const auto names = ExpectedFrom(window);
@@ -348,8 +368,8 @@ TEST_P(ControlContract, OfAnArrayItCarriesItsIndex) {
 // a caption of its own, or begins a line, is named by that.
 TEST_P(ControlContract, IsNamedByWhatStandsBesideIt) {
   const auto& row = GetParam();
-  const std::set<Kind> labelled{Kind::Field, Kind::List, Kind::SpinButton, Kind::Option,
-                                Kind::Label};
+  const std::set<Kind> labelled{Kind::Field,  Kind::List,  Kind::SpinButton,
+                                Kind::Option, Kind::Label, Kind::Link};
   // Several values share a line of the normalizer; they are named by the table alone.
   const bool isValueOfMany = row.window == "WavNorm" && row.kind == Kind::Label;
   if (row.window == "Splash" || !labelled.contains(row.kind) || isValueOfMany ||

@@ -38,7 +38,8 @@ using namespace Qt::StringLiterals;
 std::vector<WindowRow> Calculators() {
   auto rows = WindowRows();
   std::erase_if(rows, [](const auto& row) {
-    return row.name == "Splash" || row.name == "MainProg" || row.name == "DefaultW";
+    return row.name == "Splash" || row.name == "MainProg" || row.name == "DefaultW" ||
+           row.name == "AboutWin" || row.name == "WebUpdate";
   });
   return rows;
 }

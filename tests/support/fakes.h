@@ -5,6 +5,8 @@
 
 #include <deque>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 #include <QString>
@@ -14,6 +16,7 @@
 #include "app/input/file_dialogs.h"
 #include "app/input/message_boxes.h"
 #include "app/windows/desktop.h"
+#include "app/windows/registry.h"
 
 namespace brindle {
 
@@ -68,11 +71,46 @@ class FakeDialogs : public FileDialogs {
   }
 };
 
+/// A desktop that remembers what it was asked for.
 class FakeDesktop : public Desktop {
  public:
   void Beep() override { ++beeps; }
+  void StartCalculator() override { ++calculators; }
+  void OpenHelp(const QString& page) override { pages.push_back(page.toStdString()); }
+  void OpenAddress(const QString& address) override { addresses.push_back(address.toStdString()); }
 
   int beeps = 0;
+  int calculators = 0;
+  std::vector<std::string> pages;
+  std::vector<std::string> addresses;
+};
+
+/// A registry of one key with named values, which remembers what was done to it in order.
+class FakeRegistry : public Registry {
+ public:
+  Result OpenKey(RegistryRoot, const QString& subKey, Key& opened) override {
+    done.push_back("open " + subKey.toStdString());
+    opened = subKey == key ? Opened : 0;
+    return subKey == key ? 0 : FileNotFound;
+  }
+  Result DeleteValue(Key from, const QString& valueName) override {
+    done.push_back((from == Opened ? "delete " : "delete from nothing ") + valueName.toStdString());
+    if (isReadOnly) {
+      return AccessDenied;
+    }
+    return from == Opened && values.erase(valueName) > 0 ? 0 : FileNotFound;
+  }
+  void CloseKey(Key which) override { done.push_back(which == Opened ? "close" : "close nothing"); }
+
+  QString key;
+  std::set<QString> values;
+  bool isReadOnly = false;
+  std::vector<std::string> done;
+
+ private:
+  static constexpr Key Opened = 7;
+  static constexpr Result FileNotFound = 2;
+  static constexpr Result AccessDenied = 5;
 };
 
 }  // namespace brindle

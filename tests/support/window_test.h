@@ -49,8 +49,9 @@ class WindowTest : public ::testing::Test {
                   .updatePage = QStringLiteral("https://example.org/brindle/update"),
                   .mail = QStringLiteral("velbrin@example.org"),
                   .author = QStringLiteral("Velbrin 2026")};
-  WindowList windows;
-  Services services{record, windows, clock, boxes, dialogs, desktop, product};
+  FakeRegistry registry;
+  WindowList windows{desktop};
+  Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
   int defaultsLoaded = 0;  ///< how often the defaults window asked for the defaults
 };
 

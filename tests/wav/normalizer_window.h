@@ -302,7 +302,7 @@ class NormalizerWindow : public CalculatorWindow {
   }
 
   PreparedBoxes questions;
-  Services prepared{record, windows, clock, questions, dialogs, desktop, product};
+  Services prepared{record, windows, clock, questions, dialogs, desktop, registry, product};
   TextField* PercNorm = nullptr;
   Slider* Toler = nullptr;
 

@@ -533,7 +533,8 @@ class ClosingOnTheScreen : public NormalizerWindow {
   ModalDialogs modal;
   ScreenMessageBoxes boxesOnScreen{modal};
   ScreenFileDialogs dialogsOnScreen{modal};
-  Services onScreen{record, windows, clock, boxesOnScreen, dialogsOnScreen, desktop, product};
+  Services onScreen{record,          windows, clock,    boxesOnScreen,
+                    dialogsOnScreen, desktop, registry, product};
   QTimer look;
   int seen = 0;
 };

@@ -49,6 +49,12 @@ void Form::keyPressEvent(QKeyEvent* event) {
     close();
     return;
   }
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
+    if (!event->isAutoRepeat()) {
+      Q_EMIT HelpAsked();
+    }
+    return;
+  }
   QWidget::keyPressEvent(event);
 }
 

@@ -11,7 +11,8 @@
 namespace brindle {
 
 /// A window of the program. It knows which of its controls has the focus, closes on Escape (after
-/// the field's own handler; an open list takes it first), and tells once when it has been closed.
+/// the field's own handler; an open list takes it first), asks for its help on F1, and tells once
+/// when it has been closed.
 class Form : public QWidget {
   Q_OBJECT
 
@@ -52,6 +53,8 @@ class Form : public QWidget {
   /// The window has agreed to close and is about to hide; whoever owns it may delete it, but only
   /// from the event loop.
   void Closed();
+  /// The user wants to read about this window.
+  void HelpAsked();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

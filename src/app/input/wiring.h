@@ -13,6 +13,7 @@
 
 #include "app/input/editable_list.h"
 #include "app/input/focus_tracker.h"
+#include "app/input/link_label.h"
 #include "app/input/option_group.h"
 #include "app/input/slider.h"
 #include "app/input/spin_button.h"
@@ -72,12 +73,14 @@ class Wire {
       return Connected(Field(), &TextField::textChanged, handler);
     }
   }
-  /// A button is clicked, a check box changes its state, the user picks an entry of a list.
+  /// A button or link is clicked, a check box changes its state, the user picks an entry of a list.
   Wire& Click(Handler handler) {
     if constexpr (std::derived_from<Control, QComboBox>) {
       return Connected(control_, &QComboBox::activated, handler);
     } else if constexpr (std::derived_from<Control, QCheckBox>) {
       return Connected(control_, &QCheckBox::stateChanged, handler);
+    } else if constexpr (std::derived_from<Control, LinkLabel>) {
+      return Connected(control_, &LinkLabel::Clicked, handler);
     } else {
       return Connected(control_, &QAbstractButton::clicked, handler);
     }

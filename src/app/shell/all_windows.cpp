@@ -11,6 +11,8 @@
 #include "audiodisk/audio_calc.h"
 #include "audiodisk/hd_calc.h"
 #include "convert/quick_c.h"
+#include "extras/about_win.h"
+#include "extras/web_update.h"
 #include "split/avi_split.h"
 #include "video/advanced.h"
 #include "video/bitrate_calc.h"
@@ -27,6 +29,8 @@ void AddAllWindows(WindowList& windows, Services& services, const std::function<
   windows.Add(WindowId::AspectRa, [&] { return std::make_unique<AspectRa>(services); });
   windows.Add(WindowId::WavNorm, [&] { return std::make_unique<WavNorm>(services); });
   windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
+  windows.Add(WindowId::AboutWin, [&] { return std::make_unique<AboutWin>(services); });
+  windows.Add(WindowId::WebUpdate, [&] { return std::make_unique<WebUpdate>(services); });
   windows.Add(WindowId::DefaultW,
               [&services, initDat] { return std::make_unique<DefaultW>(services, initDat); });
 }

@@ -7,7 +7,7 @@
 #include <QIcon>
 #include <QString>
 
-#include "app/shell/picture.h"
+#include "app/input/picture.h"
 #include "app/shell/product_settings.h"
 
 namespace brindle {

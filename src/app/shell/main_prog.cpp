@@ -19,12 +19,13 @@
 
 #include "app/input/labels.h"
 #include "app/input/layout.h"
+#include "app/input/picture.h"
 #include "app/input/wiring.h"
 #include "app/settings/settings.h"
 #include "app/settings/settings_file.h"
 #include "app/settings/settings_lines.h"
-#include "app/shell/picture.h"
 #include "app/shell/quoted_part.h"
+#include "extras/start_up_entry.h"
 
 namespace brindle {
 
@@ -108,7 +109,7 @@ MainProg::MainProg(Services& services, ProgramFolders folders)
       Webs(MakeButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
   MakeLayout();
   WireEvents();
-  EnableWhatExists();
+  connect(this, &Form::HelpAsked, this, [this] { services_.desktop.OpenHelp(objectName()); });
   Focus().Begin(VideoBC);
   Form_Load();
 }
@@ -154,33 +155,15 @@ void MainProg::WireEvents() {
   on(AVISplitC).Click(&MainProg::AVISplitC_Click);
   on(RAR).Click(&MainProg::RAR_Click);
   on(QuickCon).Click(&MainProg::QuickCon_Click);
+  on(WinCalc).Click(&MainProg::WinCalc_Click);
   on(Normalize).Click(&MainProg::Normalize_Click);
+  on(Adremove).Click(&MainProg::Adremove_Click);
+  on(HelpWin).Click(&MainProg::HelpWin_Click);
   on(Update).Click(&MainProg::Update_Click);
   on(Defaults).Click(&MainProg::Defaults_Click);
   on(SaveSettings).Click(&MainProg::SaveSettings_Click);
   on(About).Click(&MainProg::About_Click);
-}
-
-// A button that has nothing behind it yet is disabled instead of pretending.
-void MainProg::EnableWhatExists() {
-  const std::array<std::pair<QPushButton*, WindowId>, 10> opening{{
-      {VideoBC, WindowId::BitrateCalc},
-      {AudioBC, WindowId::AudioCalc},
-      {HDC, WindowId::HDCalc},
-      {AVISplitC, WindowId::AVISplit},
-      {RAR, WindowId::AspectRa},
-      {QuickCon, WindowId::QuickC},
-      {Normalize, WindowId::WavNorm},
-      {Update, WindowId::WebUpdate},
-      {Defaults, WindowId::DefaultW},
-      {About, WindowId::AboutWin},
-  }};
-  for (const auto& [button, id] : opening) {
-    button->setEnabled(services_.windows.Has(id));
-  }
-  for (auto* button : {WinCalc, Adremove, HelpWin, Webs}) {
-    button->setEnabled(false);
-  }
+  on(Webs).Click(&MainProg::Webs_Click);
 }
 
 void MainProg::Form_Load() {
@@ -254,11 +237,15 @@ void MainProg::HDC_Click() { services_.windows.Show(WindowId::HDCalc); }
 void MainProg::AVISplitC_Click() { services_.windows.Show(WindowId::AVISplit); }
 void MainProg::RAR_Click() { GuardedShow(WindowId::AspectRa); }
 void MainProg::QuickCon_Click() { services_.windows.Show(WindowId::QuickC); }
+void MainProg::WinCalc_Click() { services_.desktop.StartCalculator(); }
 void MainProg::Normalize_Click() { GuardedShow(WindowId::WavNorm); }
+void MainProg::Adremove_Click() { RemoveStartUpEntry(this, services_.boxes, services_.registry); }
+void MainProg::HelpWin_Click() { services_.desktop.OpenHelp(FirstHelpPage.toString()); }
 void MainProg::Update_Click() { services_.windows.Show(WindowId::WebUpdate); }
 void MainProg::Defaults_Click() { services_.windows.Show(WindowId::DefaultW); }
 void MainProg::SaveSettings_Click() { WriteSettings(); }
 void MainProg::About_Click() { services_.windows.Show(WindowId::AboutWin); }
+void MainProg::Webs_Click() { services_.desktop.OpenAddress(services_.product.website); }
 
 // For the two windows that may lack a shared library on the user's system.
 void MainProg::GuardedShow(WindowId id) {

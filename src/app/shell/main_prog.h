@@ -40,7 +40,6 @@ class MainProg : public Form {
  private:
   void MakeLayout();
   void WireEvents();
-  void EnableWhatExists();
   void Form_Load();
   bool ReadSettings(const QByteArray& bytes);
   void UseDefaultsUnsaved(const QString& reason);
@@ -51,11 +50,15 @@ class MainProg : public Form {
   void AVISplitC_Click();
   void RAR_Click();
   void QuickCon_Click();
+  void WinCalc_Click();
   void Normalize_Click();
+  void Adremove_Click();
+  void HelpWin_Click();
   void Update_Click();
   void Defaults_Click();
   void SaveSettings_Click();
   void About_Click();
+  void Webs_Click();
 
   void GuardedShow(WindowId id);
 

@@ -15,6 +15,7 @@
 #include "app/shell/main_prog.h"
 #include "app/shell/splash.h"
 #include "app/shell/system_desktop.h"
+#include "app/shell/system_registry.h"
 #include "app/shell/window_list.h"
 #include "app/windows/services.h"
 
@@ -45,9 +46,10 @@ class Program : public QObject {
   ModalDialogs modal_;
   ScreenMessageBoxes boxes_{modal_};
   ScreenFileDialogs dialogs_{modal_};
-  SystemDesktop desktop_;
-  WindowList windows_;
-  Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, product_};
+  SystemDesktop desktop_{boxes_, clock_, folders_.program};
+  SystemRegistry registry_;
+  WindowList windows_{desktop_};
+  Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;
   bool ended_ = false;

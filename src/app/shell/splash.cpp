@@ -16,7 +16,7 @@
 
 #include "app/input/labels.h"
 #include "app/input/layout.h"
-#include "app/shell/picture.h"
+#include "app/input/picture.h"
 
 namespace brindle {
 

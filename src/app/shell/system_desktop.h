@@ -3,14 +3,35 @@
 
 #pragma once
 
+#include <QObject>
+#include <QString>
+
+#include "app/input/clock.h"
+#include "app/input/message_boxes.h"
+#include "app/shell/desktop_commands.h"
 #include "app/windows/desktop.h"
 
 namespace brindle {
 
-/// The desktop that the program really runs on.
+/// The desktop that the program really runs on. What it starts has the program's folder as its
+/// current directory and lives on when the program ends.
 class SystemDesktop : public Desktop {
  public:
+  SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
+
   void Beep() override;
+  void StartCalculator() override;
+  void OpenHelp(const QString& page) override;
+  void OpenAddress(const QString& address) override;
+
+ private:
+  void Start(const Command& command);
+  void TellLater(const QString& name, const QString& reason);
+
+  MessageBoxes& boxes_;
+  Clock& clock_;
+  QString programFolder_;
+  QObject lifetime_;
 };
 
 }  // namespace brindle

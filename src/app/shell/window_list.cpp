@@ -15,13 +15,13 @@ namespace brindle {
 
 void WindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(factory); }
 
-bool WindowList::Has(WindowId id) const { return factories_.contains(id); }
-
 Form& WindowList::Load(WindowId id) {
   auto window = windows_.find(id);
   if (window == windows_.end()) {
     window = windows_.emplace(id, factories_.at(id)()).first;
-    connect(window->second.get(), &Form::Closed, this, [this, id] { Forget(id); });
+    const auto* form = window->second.get();
+    connect(form, &Form::Closed, this, [this, id] { Forget(id); });
+    connect(form, &Form::HelpAsked, this, [this, form] { desktop_.OpenHelp(form->objectName()); });
   }
   return *window->second;
 }

@@ -10,12 +10,14 @@
 #include <QObject>
 
 #include "app/input/form.h"
+#include "app/windows/desktop.h"
 #include "app/windows/windows.h"
 
 namespace brindle {
 
 /// Owns the windows that other windows open or load, at most one of each kind. A window that is
-/// closed is deleted once control is back in the event loop; the next show makes a new one.
+/// closed is deleted once control is back in the event loop; the next show makes a new one. F1 in a
+/// window opens the page of the help that has the window's name.
 class WindowList : public QObject, public Windows {
   Q_OBJECT
 
@@ -23,10 +25,11 @@ class WindowList : public QObject, public Windows {
   /// Makes a window whole, or throws.
   using Factory = std::function<std::unique_ptr<Form>()>;
 
+  explicit WindowList(Desktop& desktop) : desktop_(desktop) {}
+
   /// Tells how a kind of window is made.
   void Add(WindowId id, Factory factory);
 
-  [[nodiscard]] bool Has(WindowId id) const override;
   Form& Load(WindowId id) override;
   void Show(WindowId id) override;
   [[nodiscard]] bool AllAgreeToClose() override;
@@ -34,6 +37,7 @@ class WindowList : public QObject, public Windows {
  private:
   void Forget(WindowId id);
 
+  Desktop& desktop_;
   std::map<WindowId, Factory> factories_;
   std::map<WindowId, std::unique_ptr<Form>> windows_;
 };

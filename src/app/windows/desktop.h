@@ -3,9 +3,17 @@
 
 #pragma once
 
+#include <QString>
+#include <QStringView>
+
 namespace brindle {
 
-/// What the desktop around the program does for it.
+/// The page of the help that it is opened with; every window has a page of its own name besides.
+inline constexpr QStringView FirstHelpPage(u"index");
+
+/// What the desktop around the program does for it. Nothing here waits; what cannot be started is
+/// told in one message box, "Cannot start NAME: REASON", once the caller has returned to the event
+/// loop.
 class Desktop {
  public:
   Desktop() = default;
@@ -17,6 +25,16 @@ class Desktop {
 
   /// The system's beep.
   virtual void Beep() = 0;
+
+  /// The system's calculator.
+  virtual void StartCalculator() = 0;
+
+  /// A page of the help: FirstHelpPage or the name of a window.
+  virtual void OpenHelp(const QString& page) = 0;
+
+  /// A web page ("https://...") in the desktop's browser, a letter ("mailto:...") in its mail
+  /// program. Every call asks the desktop once more.
+  virtual void OpenAddress(const QString& address) = 0;
 };
 
 }  // namespace brindle

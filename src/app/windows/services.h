@@ -10,6 +10,7 @@
 #include "app/input/message_boxes.h"
 #include "app/settings/settings.h"
 #include "app/windows/desktop.h"
+#include "app/windows/registry.h"
 #include "app/windows/windows.h"
 
 namespace brindle {
@@ -30,6 +31,7 @@ struct Services {
   MessageBoxes& boxes;
   FileDialogs& dialogs;
   Desktop& desktop;
+  Registry& registry;
   const Product& product;
 };
 

@@ -32,9 +32,6 @@ class Windows {
   Windows& operator=(Windows&&) = delete;
   virtual ~Windows() = default;
 
-  /// Whether this program can open the window at all.
-  [[nodiscard]] virtual bool Has(WindowId id) const = 0;
-
   /// The one window of this kind. Creates it when it does not exist, without showing it: its next
   /// show does not load it again.
   virtual Form& Load(WindowId id) = 0;

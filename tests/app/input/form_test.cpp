@@ -3,6 +3,8 @@
 
 #include "app/input/form.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QString>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -38,6 +40,31 @@ TEST(Form, EscapeClosesAfterTheFieldsOwnHandler) {
   Key(Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.events.front(), "A press ");
+}
+
+TEST(Form, F1AsksForHelpAfterTheFieldsOwnHandlerAndClosesNothing) {
+  FieldWindow window;
+  int asked = 0;
+  QObject::connect(&window, &Form::HelpAsked, [&] { ++asked; });
+  window.Start();
+  window.A->setFocus();
+  Key(Qt::Key_F1);
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST(Form, HeldOrWithAModifierF1IsAskedForOnceOrNotAtAll) {
+  Form form(u"F"_s, u"Caption"_s);
+  int asked = 0;
+  QObject::connect(&form, &Form::HelpAsked, [&] { ++asked; });
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&form, &repeated);
+  QKeyEvent modified(QEvent::KeyPress, Qt::Key_F1, Qt::ShiftModifier);
+  QApplication::sendEvent(&form, &modified);
+  EXPECT_EQ(asked, 0);
+  QKeyEvent pressed(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+  QApplication::sendEvent(&form, &pressed);
+  EXPECT_EQ(asked, 1);
 }
 
 TEST(Form, EscapeCanBeIgnored) {

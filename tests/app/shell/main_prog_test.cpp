@@ -97,19 +97,19 @@ INSTANTIATE_TEST_SUITE_P(
         ControlCase{"RAR", "Calculators", "", "",
                     "Calculate a suitable resolution for video based on the Aspect Ratio.", true},
         ControlCase{"QuickCon", "Calculators", "Quick Converter", "", "", true},
-        ControlCase{"WinCalc", "Calculators", "Windows Calculator", "", "", false},
+        ControlCase{"WinCalc", "Calculators", "Windows Calculator", "", "", true},
         ControlCase{"Normalize", "Tools", "", "Easily normalize any 16bit PCM WAV file", "", true},
-        ControlCase{"Adremove", "Tools", "", "Disable DivX 5 pro GAIN spyware", "", false},
-        ControlCase{"HelpWin", "Extra", "Help", "", "", false},
+        ControlCase{"Adremove", "Tools", "", "Disable DivX 5 pro GAIN spyware", "", true},
+        ControlCase{"HelpWin", "Extra", "Help", "", "", true},
         ControlCase{"Update", "Extra", "Check for Updates",
-                    "If you are connected to the internet you can check for updates", "", false},
+                    "If you are connected to the internet you can check for updates", "", true},
         ControlCase{"SaveOnExit", "Extra", "Save On Exit", "Save settings upon exiting the program",
                     "", true},
         ControlCase{"Defaults", "Extra", "Load Defaults", "Load the default settings", "", true},
         ControlCase{"SaveSettings", "Extra", "Save Settings", "Save current settings", "", true},
         ControlCase{"About", "Extra", "About...", "Some basic info on the program and the author",
-                    "", false},
-        ControlCase{"Webs", "Extra", "Velbrin's Website", "Visit velbrin's website.", "", false}),
+                    "", true},
+        ControlCase{"Webs", "Extra", "Velbrin's Website", "Visit velbrin's website.", "", true}),
     NameOf);
 
 TEST_F(MainWindow, HasItsCaption) {
@@ -117,12 +117,62 @@ TEST_F(MainWindow, HasItsCaption) {
   EXPECT_EQ(main->windowTitle(), u"Velbrin's Brindle 2.91 DX"_s);
 }
 
-TEST_F(MainWindow, AButtonWhoseWindowExistsShowsIt) {
-  windows.Add(WindowId::QuickC, [] { return std::make_unique<Form>(u"QuickC"_s, u"Quick"_s); });
+using Asked = std::vector<std::string>;
+
+TEST_F(MainWindow, AsksTheDesktopForNothingByItself) {
   Start();
-  EXPECT_TRUE(Find(main.get(), u"QuickCon"_s)->isEnabled());
-  ClickOn(u"QuickCon"_s);
-  EXPECT_EQ(Standing(u"QuickC"_s).size(), 1U);
+  EXPECT_EQ(desktop.calculators, 0);
+  EXPECT_EQ(desktop.pages, Asked());
+  EXPECT_EQ(desktop.addresses, Asked());
+}
+
+TEST_F(MainWindow, EveryClickStartsOneMoreCalculator) {
+  Start();
+  ClickOn(u"WinCalc"_s);
+  EXPECT_EQ(desktop.calculators, 1);
+  ClickOn(u"WinCalc"_s);
+  EXPECT_EQ(desktop.calculators, 2);
+}
+
+TEST_F(MainWindow, TheHelpButtonOpensTheFirstPage) {
+  Start();
+  ClickOn(u"HelpWin"_s);
+  EXPECT_EQ(desktop.pages, Asked{"index"});
+}
+
+TEST_F(MainWindow, F1OpensThePageOfTheMainWindow) {
+  Start();
+  Key(Qt::Key_F1);
+  EXPECT_EQ(desktop.pages, Asked{"MainProg"});
+}
+
+TEST_F(MainWindow, EveryClickOpensTheWebSiteOnceMore) {
+  product.website = u"https://example.org/other"_s;
+  Start();
+  ClickOn(u"Webs"_s);
+  EXPECT_EQ(desktop.addresses, Asked{"https://example.org/other"});
+  ClickOn(u"Webs"_s);
+  EXPECT_EQ(desktop.addresses, Asked(2, "https://example.org/other"));
+}
+
+TEST_F(MainWindow, TheRemoverAsksAndOnNoLeavesTheRegistryAlone) {
+  Start();
+  boxes.answers = {BoxAnswer::No};
+  ClickOn(u"Adremove"_s);
+  ASSERT_EQ(boxes.asked.size(), 1U);
+  EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::YesNo);
+  EXPECT_EQ(registry.done, Asked());
+}
+
+TEST_F(MainWindow, TheRemoverDeletesTheEntryOnYes) {
+  registry.key = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run"_s;
+  registry.values = {u"Trickler"_s};
+  Start();
+  boxes.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
+  ClickOn(u"Adremove"_s);
+  ASSERT_EQ(boxes.asked.size(), 2U);
+  EXPECT_EQ(boxes.asked.back().text, u"GAIN spyware was successfully disabled."_s);
+  EXPECT_TRUE(registry.values.empty());
 }
 
 struct OpeningCase {

@@ -5,6 +5,8 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -42,20 +44,12 @@ class WindowListTest : public ::testing::Test {
     QCoreApplication::processEvents();
   }
 
-  WindowList list;
+  FakeDesktop desktop;
+  WindowList list{desktop};
   int made = 0;
   QPointer<Form> first;
   QPointer<Form> second;
 };
-
-TEST_F(WindowListTest, KnowsWhatItCanOpen) {
-  EXPECT_TRUE(list.Has(WindowId::QuickC));
-  EXPECT_TRUE(list.Has(WindowId::HDCalc));
-  EXPECT_FALSE(list.Has(WindowId::AspectRa));
-  list.Add(WindowId::AspectRa, [] { return std::make_unique<Form>(u"A"_s, u"A"_s); });
-  EXPECT_TRUE(list.Has(WindowId::AspectRa));
-  EXPECT_EQ(made, 0);
-}
 
 TEST_F(WindowListTest, AWindowIsMadeAtItsFirstShow) {
   EXPECT_EQ(made, 0);
@@ -106,7 +100,6 @@ TEST_F(WindowListTest, AClosedOneIsDestroyedFromTheEventLoop) {
   EXPECT_EQ(first, nullptr);
   EXPECT_NE(second, nullptr);
   EXPECT_TRUE(second->isVisible());
-  EXPECT_TRUE(list.Has(WindowId::QuickC));
 }
 
 TEST_F(WindowListTest, AfterAClosedOneComesANewOne) {
@@ -251,7 +244,8 @@ TEST_F(WindowListTest, WhatTheFactoryThrowsComesOut) {
 TEST(WindowListEnd, TakesTheLoadedWindowsWithIt) {
   QPointer<Form> form;
   {
-    WindowList list;
+    FakeDesktop desktop;
+    WindowList list(desktop);
     list.Add(WindowId::QuickC, [] { return std::make_unique<Form>(u"First"_s, u"First"_s); });
     form = &list.Load(WindowId::QuickC);
     ASSERT_NE(form, nullptr);
@@ -262,7 +256,8 @@ TEST(WindowListEnd, TakesTheLoadedWindowsWithIt) {
 TEST(WindowListEnd, TakesTheOpenWindowsWithIt) {
   QPointer<Form> form;
   {
-    WindowList list;
+    FakeDesktop desktop;
+    WindowList list(desktop);
     list.Add(WindowId::QuickC, [&] {
       auto made = std::make_unique<Form>(u"First"_s, u"First"_s);
       form = made.get();
@@ -272,6 +267,13 @@ TEST(WindowListEnd, TakesTheOpenWindowsWithIt) {
     ASSERT_NE(form, nullptr);
   }
   EXPECT_EQ(form, nullptr);
+}
+
+TEST_F(WindowListTest, F1InAWindowOpensThePageOfItsName) {
+  list.Show(WindowId::QuickC);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
+  Key(Qt::Key_F1);
+  EXPECT_EQ(desktop.pages, std::vector<std::string>{first->objectName().toStdString()});
 }
 
 class RealWindows : public WindowTest {};

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "app/shell/picture.h"
+#include "app/input/picture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "extras/about_win.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QString>
+
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/input/picture.h"
+#include "app/input/wiring.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The program's picture with a line around it.
+QWidget* FramedPicture(qreal devicePixelRatio) {
+  auto* picture = new QLabel;
+  picture->setObjectName(u"Image1"_s);
+  picture->setAccessibleName(u"Brindle"_s);
+  picture->setPixmap(LoadPicture(u"application"_s, devicePixelRatio));
+
+  auto* line = new QFrame;
+  line->setObjectName(u"Shape1"_s);
+  line->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  line->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  auto* inside = new QHBoxLayout(line);
+  inside->setContentsMargins(Margin, Margin, Margin, Margin);
+  inside->addWidget(picture);
+  return line;
+}
+
+}  // namespace
+
+AboutWin::AboutWin(Services& services)
+    : Form(u"AboutWin"_s, u"About Calculator"_s),
+      services_(services),
+      email(new LinkLabel(u"email"_s)),
+      website(new LinkLabel(u"website"_s)) {
+  MakeLayout();
+  WireEvents();
+  Form_Load();
+  Focus().Begin(email);
+}
+
+void AboutWin::MakeLayout() {
+  auto* label9 = new DescriptionLabel(
+      u"Velbrin's Brindle 2 is a collection of calculators for the various steps of most "
+      "DVD-to-AVI/xVCD methods."_s);
+  label9->setObjectName(u"Label9"_s);
+  email->setText(services_.product.mail);
+  NameByLabel(u"E-Mail :"_s, {email});
+
+  // clang-format off
+  LayOut(this,
+    Across({
+      Down({FramedPicture(devicePixelRatio()), Item::Stretch()}),
+      Down({
+        label9,
+        // Two blanks behind "DX", deliberately.
+        MakeLabel(u"Label8"_s, u"Version 2.91 DX  for Windows 9x/Me/2000/XP"_s),
+        Across({MakeLabel(u"Label3"_s, u"E-Mail :"_s), email, Item::Stretch()}, Spacing),
+        Across({website, Item::Stretch()}),
+      }),
+    }));
+  // clang-format on
+}
+
+void AboutWin::WireEvents() {
+  const Wires on(this);
+  on(email).Click(&AboutWin::email_Click);
+  on(website).Click(&AboutWin::website_Click);
+}
+
+void AboutWin::Form_Load() { website->setText(services_.product.website); }
+
+void AboutWin::email_Click() {
+  services_.desktop.OpenAddress(u"mailto:"_s + services_.product.mail);
+}
+
+void AboutWin::website_Click() { services_.desktop.OpenAddress(services_.product.website); }
+
+}  // namespace brindle

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "extras/start_up_entry.h"
+
+#include <QString>
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+void RemoveStartUpEntry(QWidget* owner, MessageBoxes& boxes, Registry& registry) {
+  const auto question =
+      u"The program will attempt to disable DivX pro's GAIN spyware by\r\n"
+      "removing it from the registry. It has been tested under Win ME\r\n"
+      "and XP for DivX 5.0 to 5.02. Are you sure you wish to continue?"_s;
+  if (boxes.Ask(owner, question, BoxButtons::YesNo) == BoxAnswer::Yes) {
+    DeleteRunValue(owner, boxes, registry, RegistryRoot::LocalMachine,
+                   u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run"_s, u"Trickler"_s);
+  }
+}
+
+void DeleteRunValue(QWidget* owner, MessageBoxes& boxes, Registry& registry, RegistryRoot root,
+                    const QString& subKey, const QString& valueName) {
+  Registry::Key key = 0;
+  // Deliberately not looked at: from a key that did not open, no value can be deleted either.
+  [[maybe_unused]] const auto opened = registry.OpenKey(root, subKey, key);
+  const bool deleted = registry.DeleteValue(key, valueName) == 0;
+  // The buttons are Cancel, Try Again and Continue, deliberately.
+  boxes.Ask(
+      owner,
+      deleted ? u"GAIN spyware was successfully disabled."_s : u"Error disabling GAIN spyware."_s,
+      BoxButtons::CancelTryAgainContinue);
+  registry.CloseKey(key);
+}
+
+}  // namespace brindle

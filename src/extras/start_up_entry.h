@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include "app/input/message_boxes.h"
+#include "app/windows/registry.h"
+
+namespace brindle {
+
+/// Asks, and on Yes removes the entry of the machine-wide start-up key by which the advertising
+/// component of DivX 5 pro is launched at every start; tells the outcome.
+void RemoveStartUpEntry(QWidget* owner, MessageBoxes& boxes, Registry& registry);
+
+/// Deletes the value `valueName` of the key `subKey` under `root`. Tells in a box whether it was
+/// deleted; the answer does not matter. A key that cannot be opened ends like a value that cannot
+/// be deleted.
+void DeleteRunValue(QWidget* owner, MessageBoxes& boxes, Registry& registry, RegistryRoot root,
+                    const QString& subKey, const QString& valueName);
+
+}  // namespace brindle
