@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // Opens every window with realistic figures and saves a picture of each:
-// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label NAME]
+// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL]
+// LABEL stands behind the window's name in the names of the files.
 
 #include <array>
 #include <iostream>
@@ -20,7 +21,7 @@
 #include "app/shell/built_product.h"
 #include "app/shell/main_prog.h"
 #include "app/shell/splash.h"
-#include "app/shell/system_desktop.h"
+#include "app/shell/system_registry.h"
 #include "app/shell/window_list.h"
 
 namespace brindle {
@@ -33,6 +34,9 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
  public:
   explicit Silence(QString recording) : recording_(std::move(recording)) {}
   void Beep() override {}
+  void StartCalculator() override {}
+  void OpenHelp(const QString&) override {}
+  void OpenAddress(const QString&) override {}
   std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override {
     return BoxAnswer::Ok;
   }
@@ -72,20 +76,25 @@ QPalette DarkPalette() {
   return palette;
 }
 
-// A film of 102 minutes and a half on two discs, with its trailer.
+// A film of 102 minutes and a half on two discs, with its trailer: the figures of the examples in
+// the help, which shows these pictures.
 void SetRealisticFigures(Settings& record) {
   record.MovieLength = 102.5;
   record.CDCount = 2;
   record.AudioBitrate = 192;
   record.ExtraMaterial = 45;
-  record.VideoOnlySize = 1250;
-  record.TargetAVISize = 1400;
-  record.HDVideoBitrate = 1640;
+  record.VideoOnlySize = 1215;
+  record.TargetAVISize = 1355;
+  record.HDVideoBitrate = 1647;
   record.HDAudioType = 2;
   record.SplitSegmentsMode = 1;
   record.SplitAVISize = 1950;
   record.SplitSize1 = 700;
   record.SplitSize2 = 700;
+  record.QuickSizeMB = 4482;
+  record.StandardAspect = 5;  // 2.35:1
+  record.ResHorizontal = 640;
+  record.ResVertical = 272;
 }
 
 class Gallery {
@@ -93,7 +102,7 @@ class Gallery {
   Gallery(const QDir& folder, QString label) : folder_(folder), label_(std::move(label)) {}
 
   bool Take(QWidget& window, const QString& state = {}) const {
-    const auto path = folder_.filePath(window.objectName() + state + u'-' + label_ + u".png"_s);
+    const auto path = folder_.filePath(window.objectName() + state + label_ + u".png"_s);
     const bool saved = window.grab().save(path);
     if (!saved) {
       std::cerr << "cannot write " << path.toStdString() << '\n';
@@ -109,12 +118,13 @@ class Gallery {
 int TakeAll(const Gallery& gallery) {
   const QTemporaryDir folder;
   Settings record;
-  WindowList windows;
   QuickClock clock;
   const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
   Silence silence(recording);
+  SystemRegistry registry;
+  WindowList windows(silence);
   const Product product = BuiltProduct();
-  Services services{record, windows, clock, silence, silence, silence, product};
+  Services services{record, windows, clock, silence, silence, silence, registry, product};
   AddAllWindows(windows, services, [] {});
 
   Splash splash(services);
@@ -122,9 +132,10 @@ int TakeAll(const Gallery& gallery) {
   MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
   mainProg.show();
   SetRealisticFigures(record);
-  for (const auto id : {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc,
-                        WindowId::AVISplit, WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm,
-                        WindowId::Advanced, WindowId::DefaultW}) {
+  for (const auto id :
+       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
+        WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm, WindowId::Advanced,
+        WindowId::DefaultW, WindowId::AboutWin, WindowId::WebUpdate}) {
     windows.Show(id);
   }
   QApplication::processEvents();
@@ -147,7 +158,7 @@ int TakeAll(const Gallery& gallery) {
 int Run() {
   const QCommandLineOption dark(u"dark"_s);
   const QCommandLineOption largeFont(u"large-font"_s);
-  const QCommandLineOption label(u"label"_s, {}, u"name"_s, u"100-light"_s);
+  const QCommandLineOption label(u"label"_s, {}, u"name"_s, {});
   QCommandLineParser arguments;
   arguments.addOptions({dark, largeFont, label});
   arguments.addPositionalArgument(u"folder"_s, u"Where the pictures go"_s);
