@@ -81,9 +81,9 @@ void AboutWin::WireEvents() {
 void AboutWin::Form_Load() { website->setText(services_.product.website); }
 
 void AboutWin::email_Click() {
-  services_.desktop.OpenAddress(u"mailto:"_s + services_.product.mail);
+  services_.desktop.OpenAddress(this, u"mailto:"_s + services_.product.mail);
 }
 
-void AboutWin::website_Click() { services_.desktop.OpenAddress(services_.product.website); }
+void AboutWin::website_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
 }  // namespace brindle

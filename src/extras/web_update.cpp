@@ -46,6 +46,6 @@ void WebUpdate::Form_Load() { Navigate(); }
 
 void WebUpdate::WebBrowser_Click() { Navigate(); }
 
-void WebUpdate::Navigate() { services_.desktop.OpenAddress(services_.product.updatePage); }
+void WebUpdate::Navigate() { services_.desktop.OpenAddress(this, services_.product.updatePage); }
 
 }  // namespace brindle

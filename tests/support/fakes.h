@@ -29,8 +29,9 @@ class FakeBoxes : public MessageBoxes {
     BoxButtons buttons = BoxButtons::Ok;
   };
 
-  std::optional<BoxAnswer> Ask(QWidget*, const QString& text, BoxButtons buttons) override {
+  std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override {
     asked.push_back({text, buttons});
+    owners.push_back(owner);
     if (answers.empty()) {
       ADD_FAILURE() << "unexpected message box: " << text.toStdString();
       return std::nullopt;
@@ -42,6 +43,7 @@ class FakeBoxes : public MessageBoxes {
 
   std::deque<std::optional<BoxAnswer>> answers;
   std::vector<Asked> asked;
+  std::vector<QWidget*> owners;  ///< of the boxes asked
 };
 
 /// File dialogs that remember what they were opened with and give the prepared paths. A dialog that
@@ -75,9 +77,11 @@ class FakeDialogs : public FileDialogs {
 class FakeDesktop : public Desktop {
  public:
   void Beep() override { ++beeps; }
-  void StartCalculator() override { ++calculators; }
-  void OpenHelp(const QString& page) override { pages.push_back(page.toStdString()); }
-  void OpenAddress(const QString& address) override { addresses.push_back(address.toStdString()); }
+  void StartCalculator(QWidget*) override { ++calculators; }
+  void OpenHelp(QWidget*, const QString& page) override { pages.push_back(page.toStdString()); }
+  void OpenAddress(QWidget*, const QString& address) override {
+    addresses.push_back(address.toStdString());
+  }
 
   int beeps = 0;
   int calculators = 0;

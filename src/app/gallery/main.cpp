@@ -34,9 +34,9 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
  public:
   explicit Silence(QString recording) : recording_(std::move(recording)) {}
   void Beep() override {}
-  void StartCalculator() override {}
-  void OpenHelp(const QString&) override {}
-  void OpenAddress(const QString&) override {}
+  void StartCalculator(QWidget*) override {}
+  void OpenHelp(QWidget*, const QString&) override {}
+  void OpenAddress(QWidget*, const QString&) override {}
   std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override {
     return BoxAnswer::Ok;
   }

@@ -27,12 +27,11 @@ class AccessibleLink : public QAccessibleWidget {
   explicit AccessibleLink(LinkLabel* link) : QAccessibleWidget(link, QAccessible::Link) {}
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    const QString shown = Link()->text();
     if (kind == QAccessible::Value) {
-      return shown;
+      return Link()->text();
     }
     const QString text = QAccessibleWidget::text(kind);
-    return kind == QAccessible::Name && text.isEmpty() ? shown : text;
+    return kind == QAccessible::Name && text.isEmpty() ? Link()->text() : text;
   }
   [[nodiscard]] QStringList actionNames() const override {
     return QStringList{pressAction()} + QAccessibleWidget::actionNames();

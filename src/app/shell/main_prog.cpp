@@ -109,7 +109,7 @@ MainProg::MainProg(Services& services, ProgramFolders folders)
       Webs(MakeButton(u"Webs"_s, u"Velbrin's Website"_s, u"Visit velbrin's website."_s)) {
   MakeLayout();
   WireEvents();
-  connect(this, &Form::HelpAsked, this, [this] { services_.desktop.OpenHelp(objectName()); });
+  connect(this, &Form::HelpAsked, this, [this] { services_.desktop.OpenHelp(this, objectName()); });
   Focus().Begin(VideoBC);
   Form_Load();
 }
@@ -237,15 +237,15 @@ void MainProg::HDC_Click() { services_.windows.Show(WindowId::HDCalc); }
 void MainProg::AVISplitC_Click() { services_.windows.Show(WindowId::AVISplit); }
 void MainProg::RAR_Click() { GuardedShow(WindowId::AspectRa); }
 void MainProg::QuickCon_Click() { services_.windows.Show(WindowId::QuickC); }
-void MainProg::WinCalc_Click() { services_.desktop.StartCalculator(); }
+void MainProg::WinCalc_Click() { services_.desktop.StartCalculator(this); }
 void MainProg::Normalize_Click() { GuardedShow(WindowId::WavNorm); }
 void MainProg::Adremove_Click() { RemoveStartUpEntry(this, services_.boxes, services_.registry); }
-void MainProg::HelpWin_Click() { services_.desktop.OpenHelp(FirstHelpPage.toString()); }
+void MainProg::HelpWin_Click() { services_.desktop.OpenHelp(this, FirstHelpPage.toString()); }
 void MainProg::Update_Click() { services_.windows.Show(WindowId::WebUpdate); }
 void MainProg::Defaults_Click() { services_.windows.Show(WindowId::DefaultW); }
 void MainProg::SaveSettings_Click() { WriteSettings(); }
 void MainProg::About_Click() { services_.windows.Show(WindowId::AboutWin); }
-void MainProg::Webs_Click() { services_.desktop.OpenAddress(services_.product.website); }
+void MainProg::Webs_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
 // For the two windows that may lack a shared library on the user's system.
 void MainProg::GuardedShow(WindowId id) {

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QProcess>
 #include <QString>
+#include <QWidget>
 
 namespace brindle {
 
@@ -25,15 +26,19 @@ SystemDesktop::SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programF
 
 void SystemDesktop::Beep() { QApplication::beep(); }
 
-void SystemDesktop::StartCalculator() { Start(CalculatorCommand()); }
+void SystemDesktop::StartCalculator(QWidget* asker) { Start(asker, CalculatorCommand()); }
 
-void SystemDesktop::OpenHelp(const QString& page) { Start(HelpCommand(programFolder_, page)); }
+void SystemDesktop::OpenHelp(QWidget* asker, const QString& page) {
+  Start(asker, HelpCommand(programFolder_, page));
+}
 
-void SystemDesktop::OpenAddress(const QString& address) { Start(AddressCommand(address)); }
+void SystemDesktop::OpenAddress(QWidget* asker, const QString& address) {
+  Start(asker, AddressCommand(address));
+}
 
-void SystemDesktop::Start(const Command& command) {
+void SystemDesktop::Start(const Asker& asker, const Command& command) {
   if (!command.reason.isEmpty()) {
-    TellLater(command.name, command.reason);
+    TellLater(asker, command, command.reason);
     return;
   }
   // Owned by nobody but its own end: destroying it earlier would kill what it has started.
@@ -53,30 +58,33 @@ void SystemDesktop::Start(const Command& command) {
                      }
                    });
   QObject::connect(process, &QProcess::errorOccurred, &lifetime_,
-                   [this, process, command](QProcess::ProcessError error) {
+                   [this, asker, command, process](QProcess::ProcessError error) {
                      if (error == QProcess::FailedToStart) {
                        // The toolkit puts the system's call in front: "execvp: ...".
-                       TellLater(command.name, process->errorString().section(u": "_s, -1));
+                       TellLater(asker, command, process->errorString().section(u": "_s, -1));
                      }
                    });
-  QObject::connect(process, &QProcess::finished, &lifetime_,
-                   [this, command, began = clock_.Now()](int code, QProcess::ExitStatus status) {
-                     if (clock_.Now() - began > Trial) {
-                       return;
-                     }
-                     if (status == QProcess::CrashExit) {
-                       TellLater(command.name, command.program + u" crashed"_s);
-                     } else if (code != 0) {
-                       TellLater(command.name, ReasonOfExit(command, code));
-                     }
-                   });
+  QObject::connect(
+      process, &QProcess::finished, &lifetime_,
+      [this, asker, command, began = clock_.Now()](int code, QProcess::ExitStatus status) {
+        if (clock_.Now() - began > Trial) {
+          return;
+        }
+        if (status == QProcess::CrashExit) {
+          TellLater(asker, command, command.program + u" crashed"_s);
+        } else if (code != 0) {
+          TellLater(asker, command, ReasonOfExit(command, code));
+        }
+      });
   process->start(QIODevice::NotOpen);
 }
 
-// From the event loop: who asked may be in the middle of making its window.
-void SystemDesktop::TellLater(const QString& name, const QString& reason) {
-  clock_.After(0, &lifetime_, [this, text = u"Cannot start "_s + name + u": "_s + reason] {
-    boxes_.Ask(QApplication::activeWindow(), text, BoxButtons::Ok);
+// From the event loop: who asked may be in the middle of being made.
+void SystemDesktop::TellLater(const Asker& asker, const Command& command, const QString& reason) {
+  const QString text = u"Cannot start "_s + command.name + u": "_s + reason;
+  clock_.After(0, &lifetime_, [this, asker, text] {
+    const bool stands = asker != nullptr && asker->isVisible();
+    boxes_.Ask(stands ? asker.data() : QApplication::activeWindow(), text, BoxButtons::Ok);
   });
 }
 

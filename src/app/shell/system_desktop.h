@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
+#include <QWidget>
 
 #include "app/input/clock.h"
 #include "app/input/message_boxes.h"
@@ -20,13 +22,14 @@ class SystemDesktop : public Desktop {
   SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
 
   void Beep() override;
-  void StartCalculator() override;
-  void OpenHelp(const QString& page) override;
-  void OpenAddress(const QString& address) override;
+  void StartCalculator(QWidget* asker) override;
+  void OpenHelp(QWidget* asker, const QString& page) override;
+  void OpenAddress(QWidget* asker, const QString& address) override;
 
  private:
-  void Start(const Command& command);
-  void TellLater(const QString& name, const QString& reason);
+  using Asker = QPointer<QWidget>;
+  void Start(const Asker& asker, const Command& command);
+  void TellLater(const Asker& asker, const Command& command, const QString& reason);
 
   MessageBoxes& boxes_;
   Clock& clock_;

@@ -19,9 +19,9 @@ Form& WindowList::Load(WindowId id) {
   auto window = windows_.find(id);
   if (window == windows_.end()) {
     window = windows_.emplace(id, factories_.at(id)()).first;
-    const auto* form = window->second.get();
+    auto* form = window->second.get();
     connect(form, &Form::Closed, this, [this, id] { Forget(id); });
-    connect(form, &Form::HelpAsked, this, [this, form] { desktop_.OpenHelp(form->objectName()); });
+    connect(form, &Form::HelpAsked, this, [this, form] { desktop_.OpenHelp(form, form->objectName()); });
   }
   return *window->second;
 }

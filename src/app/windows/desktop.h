@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <QWidget>
 
 namespace brindle {
 
@@ -12,8 +13,8 @@ namespace brindle {
 inline constexpr QStringView FirstHelpPage(u"index");
 
 /// What the desktop around the program does for it. Nothing here waits; what cannot be started is
-/// told in one message box, "Cannot start NAME: REASON", once the caller has returned to the event
-/// loop.
+/// told in one message box over the window that asked, "Cannot start NAME: REASON", once that has
+/// returned to the event loop.
 class Desktop {
  public:
   Desktop() = default;
@@ -27,14 +28,14 @@ class Desktop {
   virtual void Beep() = 0;
 
   /// The system's calculator.
-  virtual void StartCalculator() = 0;
+  virtual void StartCalculator(QWidget* asker) = 0;
 
   /// A page of the help: FirstHelpPage or the name of a window.
-  virtual void OpenHelp(const QString& page) = 0;
+  virtual void OpenHelp(QWidget* asker, const QString& page) = 0;
 
   /// A web page ("https://...") in the desktop's browser, a letter ("mailto:...") in its mail
   /// program. Every call asks the desktop once more.
-  virtual void OpenAddress(const QString& address) = 0;
+  virtual void OpenAddress(QWidget* asker, const QString& address) = 0;
 };
 
 }  // namespace brindle

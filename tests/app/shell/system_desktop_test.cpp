@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QString>
 #include <QTest>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 #include "app/shell/system_registry.h"
@@ -141,27 +142,27 @@ TEST_F(SystemDesktopTest, AnAddressGoesToTheDesktopsOpenerInTheProgramsFolder) {
   Install("xdg-open");
   Install("gio");
   Install("x-www-browser");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   EXPECT_EQ(Notes(1), std::vector{Note("xdg-open", {Site})});
 }
 
 TEST_F(SystemDesktopTest, EveryCallAsksOnceMore) {
   Install("xdg-open");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   Notes(1);
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   EXPECT_EQ(Notes(2), std::vector(2, Note("xdg-open", {Site})));
 }
 
 TEST_F(SystemDesktopTest, ALetterGoesToTheSameOpener) {
   Install("xdg-open");
-  desktop->OpenAddress(u"mailto:velbrin@example.org"_s);
+  desktop->OpenAddress(nullptr, u"mailto:velbrin@example.org"_s);
   EXPECT_EQ(Notes(1), std::vector{Note("xdg-open", {"mailto:velbrin@example.org"})});
 }
 
 TEST_F(SystemDesktopTest, AnAddressIsOneArgumentThatNoShellReads) {
   Install("xdg-open");
-  desktop->OpenAddress(u"https://example.org/a b;$(touch x)'\"`é`"_s);
+  desktop->OpenAddress(nullptr, u"https://example.org/a b;$(touch x)'\"`é`"_s);
   EXPECT_EQ(Notes(1), std::vector{Note("xdg-open", {"https://example.org/a%20b;$(touch%20x)'%22%60"
                                                     "%C3%A9%60"})});
 }
@@ -169,29 +170,46 @@ TEST_F(SystemDesktopTest, AnAddressIsOneArgumentThatNoShellReads) {
 TEST_F(SystemDesktopTest, WithoutTheFirstOpenerTheNextIsAsked) {
   Install("gio");
   Install("x-www-browser");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   EXPECT_EQ(Notes(1), std::vector{Note("gio", {"open", Site})});
 }
 
 TEST_F(SystemDesktopTest, ABrowserAloneIsAskedItself) {
   Install("x-www-browser");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   EXPECT_EQ(Notes(1), std::vector{Note("x-www-browser", {Site})});
 }
 
 TEST_F(SystemDesktopTest, WithoutAnyOpenerTheAddressIsTold) {
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + NoOpener);
 }
 
 TEST_F(SystemDesktopTest, WhatCannotBeStartedIsToldAfterTheCallOnly) {
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   EXPECT_TRUE(boxes.asked.empty());
   ExpectBox(std::string("Cannot start ") + Site + NoOpener);
 }
 
+TEST_F(SystemDesktopTest, TheBoxBelongsToTheWindowThatAskedAsLongAsItStands) {
+  auto asker = std::make_unique<QWidget>();
+  asker->show();
+  desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
+  boxes.answers = {BoxAnswer::Ok, BoxAnswer::Ok, BoxAnswer::Ok};
+  clock.Advance(0);
+  EXPECT_EQ(boxes.owners, std::vector<QWidget*>{asker.get()});
+  desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
+  asker->hide();
+  clock.Advance(0);
+  EXPECT_NE(boxes.owners.back(), asker.get());
+  desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
+  asker.reset();
+  clock.Advance(0);
+  EXPECT_EQ(boxes.owners.back(), nullptr);
+}
+
 TEST_F(SystemDesktopTest, NothingIsToldOnceTheProgramIsGone) {
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   desktop.reset();
   clock.Advance(1);
   EXPECT_TRUE(boxes.asked.empty());
@@ -199,20 +217,20 @@ TEST_F(SystemDesktopTest, NothingIsToldOnceTheProgramIsGone) {
 
 TEST_F(SystemDesktopTest, AnOpenerThatFindsNoProgramIsToldSo) {
   Install("xdg-open", "exit 3");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + ": no program for it is installed");
 }
 
 TEST_F(SystemDesktopTest, AnOpenerThatFailsIsNamedWithItsCode) {
   Install("xdg-open", "exit 4");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + ": " + commands.PathOf("xdg-open").toStdString() +
             " ended with code 4");
 }
 
 TEST_F(SystemDesktopTest, AnOpenerThatCrashesIsNamed) {
   Install("xdg-open", "kill -KILL $$");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + ": " + commands.PathOf("xdg-open").toStdString() +
             " crashed");
 }
@@ -222,7 +240,7 @@ TEST_F(SystemDesktopTest, WhoFailsMuchLaterWasStartedWell) {
   const auto gone = notes.PathOf("gone").toStdString();
   Install("xdg-open",
           "while [ ! -e '" + go + "' ]; do /bin/sleep 0.02; done\n: >'" + gone + "'\nexit 4");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   Notes(1);
   clock.Advance(11);
   notes.Put("go", "");
@@ -236,7 +254,7 @@ TEST_F(SystemDesktopTest, WhatWasStartedLivesOnWhenTheProgramEnds) {
   const auto go = notes.PathOf("go").toStdString();
   Install("xdg-open", "while [ ! -e '" + go + "' ]; do /bin/sleep 0.02; done\n: >'" +
                           notes.PathOf("gone").toStdString() + "'\nexit 4");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   Notes(1);
   desktop.reset();
   notes.Put("go", "");
@@ -246,20 +264,20 @@ TEST_F(SystemDesktopTest, WhatWasStartedLivesOnWhenTheProgramEnds) {
 
 TEST_F(SystemDesktopTest, AFileThatIsNoProgramIsToldWithTheSystemsReason) {
   Put("xdg-open", "#!/no/such/interpreter\n");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + ": " + "No such file or directory");
 }
 
 TEST_F(SystemDesktopTest, AFileThatMayNotBeExecutedCountsAsNone) {
   commands.Put("xdg-open", "#!/bin/sh\n");
-  desktop->OpenAddress(QString::fromLatin1(Site));
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
   ExpectBox(std::string("Cannot start ") + Site + NoOpener);
 }
 
 TEST_F(SystemDesktopTest, AHelpPageIsOpenedFromBesideTheProgram) {
   Install("xdg-open");
   program.Put("help/WavNorm.html", "<html/>");
-  desktop->OpenHelp(u"WavNorm"_s);
+  desktop->OpenHelp(nullptr, u"WavNorm"_s);
   EXPECT_EQ(Notes(1), std::vector{Note("xdg-open", {"file://" + program.Path().toStdString() +
                                                     "/help/WavNorm.html"})});
 }
@@ -269,7 +287,7 @@ TEST_F(SystemDesktopTest, AFolderWithBlanksAndLettersOfAnyScriptIsFound) {
   ASSERT_TRUE(QDir(program.Path()).mkpath(u"Über %20 音/help"_s));
   program.Put("Über %20 音/help/index.html", "<html/>");
   SystemDesktop other(boxes, clock, program.PathOf("Über %20 音"));
-  other.OpenHelp(FirstHelpPage.toString());
+  other.OpenHelp(nullptr, FirstHelpPage.toString());
   const auto url =
       "file://" + program.Path().toStdString() + "/%C3%9Cber%20%2520%20%E9%9F%B3/help/index.html|";
   EXPECT_TRUE(Notes(1).front().ends_with(url)) << Notes(1).front();
@@ -277,7 +295,7 @@ TEST_F(SystemDesktopTest, AFolderWithBlanksAndLettersOfAnyScriptIsFound) {
 
 TEST_F(SystemDesktopTest, AHelpPageThatIsNotThereIsNamed) {
   Install("xdg-open");
-  desktop->OpenHelp(u"WavNorm"_s);
+  desktop->OpenHelp(nullptr, u"WavNorm"_s);
   ExpectBox("Cannot start " + program.PathOf("help/WavNorm.html").toStdString() +
             ": No such file or directory");
   EXPECT_FALSE(QFile::exists(notes.PathOf("all")));
@@ -285,18 +303,18 @@ TEST_F(SystemDesktopTest, AHelpPageThatIsNotThereIsNamed) {
 
 TEST_F(SystemDesktopTest, WithoutAnyOpenerTheHelpPageIsNamed) {
   program.Put("help/index.html", "<html/>");
-  desktop->OpenHelp(FirstHelpPage.toString());
+  desktop->OpenHelp(nullptr, FirstHelpPage.toString());
   ExpectBox("Cannot start " + program.PathOf("help/index.html").toStdString() + NoOpener);
 }
 
 TEST_F(SystemDesktopTest, TheCalculatorRunsInTheProgramsFolder) {
   Install("xcalc");
-  desktop->StartCalculator();
+  desktop->StartCalculator(nullptr);
   EXPECT_EQ(Notes(1), std::vector{Note("xcalc", {})});
 }
 
 TEST_F(SystemDesktopTest, WithoutAnyCalculatorTheyAreNamed) {
-  desktop->StartCalculator();
+  desktop->StartCalculator(nullptr);
   ExpectBox(
       "Cannot start a calculator: none of these is installed: gnome-calculator, kcalc, mate-calc, "
       "galculator, qalculate-qt, qalculate-gtk, speedcrunch, deepin-calculator, xcalc");
@@ -304,7 +322,7 @@ TEST_F(SystemDesktopTest, WithoutAnyCalculatorTheyAreNamed) {
 
 TEST_F(SystemDesktopTest, ACalculatorThatCannotShowItselfIsNamed) {
   Install("xcalc", "exit 1");
-  desktop->StartCalculator();
+  desktop->StartCalculator(nullptr);
   ExpectBox("Cannot start xcalc: " + commands.PathOf("xcalc").toStdString() + " ended with code 1");
 }
 
@@ -325,7 +343,7 @@ TEST_P(ChosenCalculator, IsTheFirstThatSuits) {
     Install(name);
   }
   currentDesktop.Set(QString::fromLatin1(GetParam().desktops));
-  desktop->StartCalculator();
+  desktop->StartCalculator(nullptr);
   EXPECT_EQ(Notes(1), std::vector{Note(GetParam().started, {})});
 }
 
