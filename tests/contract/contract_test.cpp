@@ -4,13 +4,16 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
@@ -411,6 +414,50 @@ INSTANTIATE_TEST_SUITE_P(Each, ControlContract, ::testing::ValuesIn(ControlRows(
                            std::erase(name, ')');
                            return name;
                          });
+
+// A figure that people carry away.
+struct FigureRow {
+  std::string window;
+  std::string control;
+};
+
+void PrintTo(const FigureRow& row, std::ostream* out) { *out << row.window << '.' << row.control; }
+
+class Figure : public AnyWindow, public ::testing::WithParamInterface<FigureRow> {};
+
+TEST_P(Figure, IsReachedByTabAndCopiedAsAPlainNumber) {
+  const auto* window = OpenByName(GetParam().window);
+  auto* control = Find(window, QString::fromStdString(GetParam().control));
+  ASSERT_NE(control, nullptr);
+  QApplication::clipboard()->setText(u"other"_s);
+  TabTo(control);
+  Key(Qt::Key_C, Qt::ControlModifier);
+  const auto copied = QApplication::clipboard()->text().toStdString();
+  EXPECT_EQ(copied, CaptionOf(control));
+  EXPECT_FALSE(copied.empty());
+  EXPECT_EQ(copied.find_first_not_of("0123456789."), std::string::npos) << copied;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, Figure,
+    ::testing::Values(FigureRow{"BitrateCalc", "Result"}, FigureRow{"AudioCalc", "Result"},
+                      FigureRow{"HDCalc", "Result"}, FigureRow{"AVISplit", "Size3"},
+                      FigureRow{"AVISplit", "SetF(0)"}, FigureRow{"AVISplit", "SetF(1)"},
+                      FigureRow{"AVISplit", "SetF(2)"}, FigureRow{"AVISplit", "SetF(3)"},
+                      FigureRow{"AVISplit", "SetF(4)"}, FigureRow{"AVISplit", "SetF(5)"},
+                      FigureRow{"AVISplit", "SetF(6)"}, FigureRow{"AVISplit", "SetF(7)"},
+                      FigureRow{"QuickC", "Time1"}, FigureRow{"QuickC", "Time2"},
+                      FigureRow{"QuickC", "Time3"}, FigureRow{"QuickC", "Min"},
+                      FigureRow{"QuickC", "Frames"}, FigureRow{"QuickC", "B"},
+                      FigureRow{"QuickC", "KB"}, FigureRow{"QuickC", "MB"},
+                      FigureRow{"QuickC", "GB"}, FigureRow{"AspectRa", "HRESL"},
+                      FigureRow{"AspectRa", "VRESL"}),
+    [](const auto& instance) {
+      auto name = instance.param.window + instance.param.control;
+      std::replace(name.begin(), name.end(), '(', 'N');
+      std::erase(name, ')');
+      return name;
+    });
 
 TEST(ContractTable, NamesEveryControlOnce) {
   std::set<std::string> seen;

@@ -76,7 +76,12 @@ void ForEach(const QWidget* parent, const std::function<void(const QWidget*)>& a
   }
 }
 
-bool IsFrame(const QWidget* widget) { return qobject_cast<const QGroupBox*>(widget) != nullptr; }
+// What holds more than one line of others: a group, or the line around a picture.
+bool IsFrame(const QWidget* widget) {
+  const auto* frame = qobject_cast<const QFrame*>(widget);
+  return qobject_cast<const QGroupBox*>(widget) != nullptr ||
+         (frame != nullptr && frame->layout() != nullptr);
+}
 
 bool ShareARow(const QWidget* a, const QWidget* b) {
   return a->geometry().top() <= b->geometry().bottom() &&

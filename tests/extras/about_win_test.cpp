@@ -65,6 +65,7 @@ TEST_F(AboutWinTest, WorksFromTheKeyboard) {
   Key(Qt::Key_Space);
   EXPECT_EQ(desktop.addresses,
             (Addresses{"mailto:velbrin@example.org", "https://example.org/brindle"}));
+  EXPECT_EQ(desktop.askers, std::vector(2, window));
 }
 
 TEST_F(AboutWinTest, NothingElseIsClickable) {

@@ -52,6 +52,7 @@ TEST_F(WebUpdateTest, TheLinkOpensThePageOnceMoreAtEveryClick) {
   EXPECT_EQ(desktop.addresses, Addresses(2, Page));
   Key(Qt::Key_Return);
   EXPECT_EQ(desktop.addresses, Addresses(3, Page));
+  EXPECT_EQ(desktop.askers, std::vector(3, window));
 }
 
 TEST_F(WebUpdateTest, ShowsAndOpensTheAddressOfTheProduct) {

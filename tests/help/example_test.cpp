@@ -43,7 +43,7 @@ class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::
         return window;
       }
     }
-    return Open(Listed().at(name.toStdString()));
+    return name == u"MainProg"_s ? OpenByName("MainProg") : Open(Listed().at(name.toStdString()));
   }
 
   static QLineEdit* FieldOf(QWidget* control) {
@@ -117,8 +117,8 @@ TEST_P(HelpExample, ComesOutAsItSays) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, HelpExample,
-                         ::testing::Values("BitrateCalc", "Advanced", "AudioCalc", "HDCalc",
-                                           "AVISplit", "QuickC", "AspectRa", "WavNorm"),
+                         ::testing::Values("MainProg", "BitrateCalc", "Advanced", "AudioCalc",
+                                           "HDCalc", "AVISplit", "QuickC", "AspectRa", "WavNorm"),
                          [](const auto& instance) { return instance.param; });
 
 }  // namespace

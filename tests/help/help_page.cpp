@@ -42,6 +42,9 @@ class Reader {
   void Begin() {
     open_.append(xml_.name().toString());
     const QString& tag = open_.constLast();
+    if (const QString anchor = Attribute(u"id"_s); !anchor.isEmpty()) {
+      page_.anchors.append(anchor);
+    }
     if (tag == u"a"_s) {
       page_.links.append(Attribute(u"href"_s));
     } else if (tag == u"link"_s) {

@@ -32,6 +32,7 @@ struct HelpPage {
   QStringList links;               ///< what a reader can go to
   QStringList pictures;            ///< what is shown
   QStringList picturesWithoutAlt;  ///< of these, what nobody can have read out
+  QStringList anchors;             ///< places in the page that can be gone to
   QStringList explained;           ///< names of controls in `dt data-for`
   std::vector<ExampleStep> example;
   QString unprovenText;  ///< of the example: what stands outside its steps

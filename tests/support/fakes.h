@@ -77,16 +77,24 @@ class FakeDialogs : public FileDialogs {
 class FakeDesktop : public Desktop {
  public:
   void Beep() override { ++beeps; }
-  void StartCalculator(QWidget*) override { ++calculators; }
-  void OpenHelp(QWidget*, const QString& page) override { pages.push_back(page.toStdString()); }
-  void OpenAddress(QWidget*, const QString& address) override {
+  void StartCalculator(QWidget* asker) override {
+    ++calculators;
+    askers.push_back(asker);
+  }
+  void OpenHelp(QWidget* asker, const QString& page) override {
+    pages.push_back(page.toStdString());
+    askers.push_back(asker);
+  }
+  void OpenAddress(QWidget* asker, const QString& address) override {
     addresses.push_back(address.toStdString());
+    askers.push_back(asker);
   }
 
   int beeps = 0;
   int calculators = 0;
   std::vector<std::string> pages;
   std::vector<std::string> addresses;
+  std::vector<QWidget*> askers;  ///< of everything but the beeps
 };
 
 /// A registry of one key with named values, which remembers what was done to it in order.

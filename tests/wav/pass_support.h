@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <grp.h>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +24,7 @@
 #include "app/input/clock.h"
 #include "tests/app/settings/child_process.h"
 #include "tests/app/settings/temporary_folder.h"
+#include "tests/support/unprivileged.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass_progress.h"
@@ -223,37 +223,6 @@ inline std::string RunPass(const PassFiles& files, Buffering buffering, double g
   ScriptedObserver observer;
   const auto ended = pass.Run(GainTable(gain), buffering, clock, observer);
   return ended == Normalization::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
-}
-
-// What the superuser can always do proves nothing. Gives the folder and the files directly in it to
-// an unprivileged user and runs the check as that user, who must be able to hinder himself; what it
-// finds fails the test. Where privileges cannot be dropped, the test counts as skipped.
-inline void ExpectNoFindingsAsNobody(const TemporaryFolder& folder,
-                                     const std::function<void(Findings&)>& check) {
-  constexpr uid_t nobody = 65534;
-  constexpr std::string_view cannotProve = "cannot prove: ";
-  const auto path = folder.Path().toUtf8();
-  if (geteuid() == 0) {
-    ASSERT_EQ(chown(path.constData(), nobody, nobody), 0) << std::strerror(errno);
-    for (const auto& name : folder.Names()) {
-      const auto file = folder.PathOf(name.c_str()).toUtf8();
-      ASSERT_EQ(lchown(file.constData(), nobody, nobody), 0) << std::strerror(errno);
-    }
-  }
-  const auto report = InChild([&] {
-    if (geteuid() == 0 &&
-        (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
-      return std::string(cannotProve) + "privileges cannot be dropped: " + std::strerror(errno);
-    }
-    Findings found;
-    check(found);
-    chmod(path.constData(), S_IRWXU);
-    return found.Text();
-  });
-  if (report.starts_with(cannotProve)) {
-    GTEST_SKIP() << "NOT RUN, " << report;
-  }
-  EXPECT_EQ(report, "");
 }
 
 /// Changes who may do what with a file, inside a check of ExpectNoFindingsAsNobody().

@@ -21,17 +21,18 @@ namespace brindle {
 
 namespace {
 
-/// What a screen reader is told: a link that can be followed, whose value is its text.
+/// What a screen reader is told: a link that can be followed, and its text, as the name or behind
+/// it.
 class AccessibleLink : public QAccessibleWidget {
  public:
   explicit AccessibleLink(LinkLabel* link) : QAccessibleWidget(link, QAccessible::Link) {}
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    if (kind == QAccessible::Value) {
+    const bool hasName = !Link()->accessibleName().isEmpty();
+    if (kind == (hasName ? QAccessible::Description : QAccessible::Name)) {
       return Link()->text();
     }
-    const QString text = QAccessibleWidget::text(kind);
-    return kind == QAccessible::Name && text.isEmpty() ? Link()->text() : text;
+    return QAccessibleWidget::text(kind);
   }
   [[nodiscard]] QStringList actionNames() const override {
     return QStringList{pressAction()} + QAccessibleWidget::actionNames();

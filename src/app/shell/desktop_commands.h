@@ -32,7 +32,8 @@ struct Command {
 /// Why a command was of no use that ended with this code, which is not 0.
 [[nodiscard]] QString ReasonOfExit(const Command& command, int code);
 
-/// Makes a process, before it starts, live on when this program ends.
+/// Makes a process, before it starts, live on when this program ends, with none of its signals
+/// ignored.
 void LetOutlive(QProcess& process);
 
 }  // namespace brindle

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <unistd.h>
 
 #include <QDir>
@@ -110,16 +111,19 @@ Command AddressCommand(const QString& address) {
 }
 
 QString ReasonOfExit(const Command& command, int code) {
-  // What xdg-open ends with when nothing is installed that could open the address.
-  constexpr int missingTool = 3;
-  if (code == missingTool) {
+  constexpr int missingTool = 3;  // of xdg-open: nothing is installed that could open the address
+  if (code == missingTool && command.program.endsWith(u"/xdg-open"_s)) {
     return u"no program for it is installed"_s;
   }
   return command.program + u" ended with code "_s + QString::number(code);
 }
 
 void LetOutlive(QProcess& process) {
-  process.setChildProcessModifier([] { ::setsid(); });
+  process.setChildProcessModifier([] {
+    ::setsid();
+    // Ignored in this program; what is ignored stays so in a child.
+    std::signal(SIGXFSZ, SIG_DFL);
+  });
 }
 
 }  // namespace brindle

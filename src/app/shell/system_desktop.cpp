@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QDir>
 #include <QProcess>
 #include <QString>
 #include <QWidget>
@@ -19,6 +20,9 @@ namespace {
 // Who fails later than this was started well, and failed at something else.
 constexpr double Trial = 10;  // seconds
 
+// A key that asks again so soon is still held: not every X server tells its repetitions apart.
+constexpr double Held = 1;  // seconds
+
 }  // namespace
 
 SystemDesktop::SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder)
@@ -29,7 +33,13 @@ void SystemDesktop::Beep() { QApplication::beep(); }
 void SystemDesktop::StartCalculator(QWidget* asker) { Start(asker, CalculatorCommand()); }
 
 void SystemDesktop::OpenHelp(QWidget* asker, const QString& page) {
-  Start(asker, HelpCommand(programFolder_, page));
+  const double now = clock_.Now();
+  const bool isHeld = page == lastPage_ && now - lastHelp_ < Held;
+  lastPage_ = page;
+  lastHelp_ = now;
+  if (!isHeld) {
+    Start(asker, HelpCommand(programFolder_, page));
+  }
 }
 
 void SystemDesktop::OpenAddress(QWidget* asker, const QString& address) {
@@ -45,7 +55,9 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
   auto* process = new QProcess;
   process->setProgram(command.program);
   process->setArguments(command.arguments);
-  process->setWorkingDirectory(programFolder_);
+  if (QDir(programFolder_).exists()) {
+    process->setWorkingDirectory(programFolder_);
+  }
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardOutputFile(QProcess::nullDevice());
   process->setStandardErrorFile(QProcess::nullDevice());

@@ -16,7 +16,8 @@
 namespace brindle {
 
 /// The desktop that the program really runs on. What it starts has the program's folder as its
-/// current directory and lives on when the program ends.
+/// current directory, as long as that exists, and lives on when the program ends. A page of the
+/// help that is asked for again within a second is not opened twice.
 class SystemDesktop : public Desktop {
  public:
   SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
@@ -34,6 +35,8 @@ class SystemDesktop : public Desktop {
   MessageBoxes& boxes_;
   Clock& clock_;
   QString programFolder_;
+  QString lastPage_;
+  double lastHelp_ = 0;  // seconds
   QObject lifetime_;
 };
 

@@ -21,7 +21,8 @@ Form& WindowList::Load(WindowId id) {
     window = windows_.emplace(id, factories_.at(id)()).first;
     auto* form = window->second.get();
     connect(form, &Form::Closed, this, [this, id] { Forget(id); });
-    connect(form, &Form::HelpAsked, this, [this, form] { desktop_.OpenHelp(form, form->objectName()); });
+    connect(form, &Form::HelpAsked, this,
+            [this, form] { desktop_.OpenHelp(form, form->objectName()); });
   }
   return *window->second;
 }

@@ -106,7 +106,7 @@ TEST_F(LinkLabelTest, IsALinkToAScreenReaderWhichCanFollowIt) {
   auto* interface = QAccessible::queryAccessibleInterface(link);
   EXPECT_EQ(interface->role(), QAccessible::Link);
   EXPECT_EQ(interface->text(QAccessible::Name), u"Site :"_s);
-  EXPECT_EQ(interface->text(QAccessible::Value), u"https://example.org/a<b>"_s);
+  EXPECT_EQ(interface->text(QAccessible::Description), u"https://example.org/a<b>"_s);
   auto* actions = interface->actionInterface();
   EXPECT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
   actions->doAction(QAccessibleActionInterface::pressAction());

@@ -132,6 +132,7 @@ TEST_F(MainWindow, EveryClickStartsOneMoreCalculator) {
   EXPECT_EQ(desktop.calculators, 1);
   ClickOn(u"WinCalc"_s);
   EXPECT_EQ(desktop.calculators, 2);
+  EXPECT_EQ(desktop.askers, std::vector<QWidget*>(2, main.get()));
 }
 
 TEST_F(MainWindow, TheHelpButtonOpensTheFirstPage) {
@@ -144,6 +145,7 @@ TEST_F(MainWindow, F1OpensThePageOfTheMainWindow) {
   Start();
   Key(Qt::Key_F1);
   EXPECT_EQ(desktop.pages, Asked{"MainProg"});
+  EXPECT_EQ(desktop.askers, std::vector<QWidget*>{main.get()});
 }
 
 TEST_F(MainWindow, EveryClickOpensTheWebSiteOnceMore) {
@@ -153,6 +155,7 @@ TEST_F(MainWindow, EveryClickOpensTheWebSiteOnceMore) {
   EXPECT_EQ(desktop.addresses, Asked{"https://example.org/other"});
   ClickOn(u"Webs"_s);
   EXPECT_EQ(desktop.addresses, Asked(2, "https://example.org/other"));
+  EXPECT_EQ(desktop.askers, std::vector<QWidget*>(2, main.get()));
 }
 
 TEST_F(MainWindow, TheRemoverAsksAndOnNoLeavesTheRegistryAlone) {
@@ -173,6 +176,7 @@ TEST_F(MainWindow, TheRemoverDeletesTheEntryOnYes) {
   ASSERT_EQ(boxes.asked.size(), 2U);
   EXPECT_EQ(boxes.asked.back().text, u"GAIN spyware was successfully disabled."_s);
   EXPECT_TRUE(registry.values.empty());
+  EXPECT_EQ(boxes.owners, std::vector<QWidget*>(2, main.get()));
 }
 
 struct OpeningCase {

@@ -4,6 +4,7 @@
 #include "app/shell/system_desktop.h"
 
 #include <cerrno>
+#include <csignal>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -19,10 +20,12 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "app/shell/desktop_commands.h"
 #include "app/shell/system_registry.h"
 #include "tests/app/settings/temporary_folder.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fakes.h"
+#include "tests/support/unprivileged.h"
 
 namespace brindle {
 namespace {
@@ -262,6 +265,35 @@ TEST_F(SystemDesktopTest, WhatWasStartedLivesOnWhenTheProgramEnds) {
   EXPECT_TRUE(QFile::exists(notes.PathOf("gone")));
 }
 
+// In a session of its own no signal of the program's terminal reaches it; and what this program
+// ignores, it ignores for itself.
+TEST_F(SystemDesktopTest, WhatIsStartedHasItsOwnSessionAndItsOwnSignals) {
+  constexpr unsigned long ofTooLargeFiles = 1UL << (SIGXFSZ - 1);
+  const auto state = notes.PathOf("state").toStdString();
+  Install("xdg-open",
+          "read -r _ _ _ _ _ session _ </proc/$$/stat\n"
+          "while read -r name value; do [ $name != SigIgn: ] || ignored=$value; done "
+          "</proc/$$/status\n"
+          "echo $$ $session $ignored >'" +
+              state + "'");
+  const auto before = std::signal(SIGXFSZ, SIG_IGN);
+  desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
+  AwaitEnds();
+  std::signal(SIGXFSZ, before);
+  const auto words = QString::fromStdString(notes.Bytes("state")).simplified().split(u' ');
+  ASSERT_EQ(words.size(), 3) << notes.Bytes("state");
+  EXPECT_EQ(words[0], words[1]) << "the session is another's";
+  EXPECT_EQ(words[2].toULong(nullptr, 16) & ofTooLargeFiles, 0U);
+}
+
+TEST_F(SystemDesktopTest, WithoutTheProgramsFolderAddressesAreOpenedAllTheSame) {
+  Install("xdg-open");
+  SystemDesktop other(boxes, clock, program.PathOf("gone"));
+  other.OpenAddress(nullptr, QString::fromLatin1(Site));
+  EXPECT_EQ(Notes(1),
+            std::vector{"xdg-open|" + QDir::currentPath().toStdString() + "|" + Site + "|"});
+}
+
 TEST_F(SystemDesktopTest, AFileThatIsNoProgramIsToldWithTheSystemsReason) {
   Put("xdg-open", "#!/no/such/interpreter\n");
   desktop->OpenAddress(nullptr, QString::fromLatin1(Site));
@@ -301,6 +333,39 @@ TEST_F(SystemDesktopTest, AHelpPageThatIsNotThereIsNamed) {
   EXPECT_FALSE(QFile::exists(notes.PathOf("all")));
 }
 
+TEST_F(SystemDesktopTest, AHelpPageThatMayNotBeReadIsNamedWithTheReason) {
+  program.Put("WavNorm.html", "<html/>");
+  ExpectNoFindingsAsNobody(program, [this](Findings& found) {
+    QDir(program.Path()).mkpath(u"own/help"_s);
+    const auto page = program.PathOf("own/help/WavNorm.html");
+    QFile::copy(program.PathOf("WavNorm.html"), page);
+    QFile::setPermissions(page, {});
+    const auto command = HelpCommand(program.PathOf("own"), u"WavNorm"_s);
+    found.ExpectEqual(command.name.toStdString(), page.toStdString(), "the name");
+    found.ExpectEqual(command.reason.toStdString(), "Permission denied", "the reason");
+  });
+}
+
+TEST_F(SystemDesktopTest, AHeldKeyOpensAPageOnce) {
+  Install("xdg-open");
+  program.Put("help/index.html", "<html/>");
+  program.Put("help/WavNorm.html", "<html/>");
+  const auto ask = [this](const char* page, double secondsLater) {
+    clock.Advance(secondsLater);
+    desktop->OpenHelp(nullptr, QString::fromLatin1(page));
+  };
+  ask("index", 0);
+  ask("index", 0.5);
+  for (int i = 0; i < 40; ++i) {
+    ask("index", 0.03);
+  }
+  EXPECT_EQ(Notes(1).size(), 1U);
+  ask("WavNorm", 0.03);
+  EXPECT_EQ(Notes(2).size(), 2U);
+  ask("WavNorm", 1);
+  EXPECT_EQ(Notes(3).size(), 3U);
+}
+
 TEST_F(SystemDesktopTest, WithoutAnyOpenerTheHelpPageIsNamed) {
   program.Put("help/index.html", "<html/>");
   desktop->OpenHelp(nullptr, FirstHelpPage.toString());
@@ -318,6 +383,12 @@ TEST_F(SystemDesktopTest, WithoutAnyCalculatorTheyAreNamed) {
   ExpectBox(
       "Cannot start a calculator: none of these is installed: gnome-calculator, kcalc, mate-calc, "
       "galculator, qalculate-qt, qalculate-gtk, speedcrunch, deepin-calculator, xcalc");
+}
+
+TEST_F(SystemDesktopTest, OnlyTheOpenersCodeMeansThatNoProgramIsInstalled) {
+  Install("xcalc", "exit 3");
+  desktop->StartCalculator(nullptr);
+  ExpectBox("Cannot start xcalc: " + commands.PathOf("xcalc").toStdString() + " ended with code 3");
 }
 
 TEST_F(SystemDesktopTest, ACalculatorThatCannotShowItselfIsNamed) {

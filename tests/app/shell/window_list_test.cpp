@@ -274,6 +274,7 @@ TEST_F(WindowListTest, F1InAWindowOpensThePageOfItsName) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
   Key(Qt::Key_F1);
   EXPECT_EQ(desktop.pages, std::vector<std::string>{first->objectName().toStdString()});
+  EXPECT_EQ(desktop.askers, std::vector<QWidget*>{first});
 }
 
 class RealWindows : public WindowTest {};
