@@ -23,7 +23,7 @@ struct Command {
 /// The calculator of the running desktop, else the first other one that is installed.
 [[nodiscard]] Command CalculatorCommand();
 
-/// Shows a page of the help that lies beside the program, by its name.
+/// Shows a page of the help that lies beside the program or is installed with it, by its name.
 [[nodiscard]] Command HelpCommand(const QString& programFolder, const QString& page);
 
 /// Opens an address with the program that the user has chosen for addresses of its kind.

@@ -97,11 +97,15 @@ Command CalculatorCommand() {
 }
 
 Command HelpCommand(const QString& programFolder, const QString& page) {
-  const QString path = programFolder + u"/help/"_s + page + u".html"_s;
+  // Beside the program, or where a package of the system puts it.
+  const QString file = u"/help/"_s + page + u".html"_s;
+  const QString beside = programFolder + file;
+  const QString shared = QDir::cleanPath(programFolder + u"/../share/brindle2"_s + file);
+  const QString path = !QFile::exists(beside) && QFile::exists(shared) ? shared : beside;
   const QString name = QDir::toNativeSeparators(path);
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    return {.name = name, .reason = file.errorString()};
+  QFile source(path);
+  if (!source.open(QIODevice::ReadOnly)) {
+    return {.name = name, .reason = source.errorString()};
   }
   return Opening(name, QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
 }

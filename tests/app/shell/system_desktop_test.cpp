@@ -314,6 +314,20 @@ TEST_F(SystemDesktopTest, AHelpPageIsOpenedFromBesideTheProgram) {
                                                     "/help/WavNorm.html"})});
 }
 
+TEST_F(SystemDesktopTest, AnInstalledProgramsPageIsFoundWhereThePackagePutsIt) {
+  ASSERT_TRUE(QDir(program.Path()).mkpath(u"bin"_s));
+  ASSERT_TRUE(QDir(program.Path()).mkpath(u"share/brindle2/help"_s));
+  program.Put("share/brindle2/help/WavNorm.html", "<html/>");
+  const auto bin = program.PathOf("bin");
+  const auto installed = HelpCommand(bin, u"WavNorm"_s);
+  EXPECT_EQ(installed.name, program.PathOf("share/brindle2/help/WavNorm.html"));
+  ASSERT_TRUE(QDir(bin).mkpath(u"help"_s));
+  program.Put("bin/help/WavNorm.html", "<html/>");
+  EXPECT_EQ(HelpCommand(bin, u"WavNorm"_s).name, program.PathOf("bin/help/WavNorm.html"))
+      << "what lies beside the program comes first";
+  EXPECT_EQ(HelpCommand(bin, u"QuickC"_s).name, program.PathOf("bin/help/QuickC.html"));
+}
+
 TEST_F(SystemDesktopTest, AFolderWithBlanksAndLettersOfAnyScriptIsFound) {
   Install("xdg-open");
   ASSERT_TRUE(QDir(program.Path()).mkpath(u"Über %20 音/help"_s));
