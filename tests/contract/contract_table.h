@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -437,6 +438,17 @@ inline const std::vector<ControlRow>& ControlRows() {
   };
   // clang-format on
   return rows;
+}
+
+/// The name of a test on this control.
+inline std::string IdentifierOf(const std::string& window, const std::string& control) {
+  auto name = window + control;
+  std::replace(name.begin(), name.end(), '(', 'N');
+  std::erase(name, ')');
+  return name;
+}
+inline std::string IdentifierOf(const ControlRow& row) {
+  return IdentifierOf(row.window, row.name);
 }
 
 /// The rows of one window, in the order of the table.

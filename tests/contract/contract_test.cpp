@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <set>
@@ -15,10 +16,12 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -291,6 +294,17 @@ TEST_P(TabOrder, AtEveryStopF1OpensTheHelpOfTheWindow) {
   }
 }
 
+TEST_P(TabOrder, AtEveryStopEscapeClosesTheWindowUnlessItIsTheMainOne) {
+  const auto count = Expected().size();
+  for (std::size_t i = 0; i < count; ++i) {
+    const QPointer<QWidget> window(OpenIt());
+    Walk(window, Qt::Key_Tab, i);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(window != nullptr && window->isVisible(), GetParam().name == "MainProg") << i;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
 TEST_P(TabOrder, GoesBackTheSameWay) {
   auto* window = OpenEnabled();
   const auto names = ExpectedFrom(window);
@@ -408,14 +422,8 @@ TEST_P(ControlContract, IsNamedByWhatStandsBesideIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, ControlContract, ::testing::ValuesIn(ControlRows()),
-                         [](const auto& instance) {
-                           auto name = instance.param.window + instance.param.name;
-                           std::replace(name.begin(), name.end(), '(', 'N');
-                           std::erase(name, ')');
-                           return name;
-                         });
+                         [](const auto& instance) { return IdentifierOf(instance.param); });
 
-// A figure that people carry away.
 struct FigureRow {
   std::string window;
   std::string control;
@@ -423,6 +431,65 @@ struct FigureRow {
 
 void PrintTo(const FigureRow& row, std::ostream* out) { *out << row.window << '.' << row.control; }
 
+// A field with a plus and a minus button, by the name of the field.
+class Stepped : public AnyWindow, public ::testing::WithParamInterface<FigureRow> {
+ protected:
+  // What the field shows after something has been done to a window that was just opened.
+  std::string After(const std::function<void(const QWidget* window, QWidget* field)>& action) {
+    const QPointer<QWidget> window(OpenByName(GetParam().window));
+    auto* field = Find(window, QString::fromStdString(GetParam().control));
+    if (!field->isEnabled()) {
+      Click(Find(window, u"Video(1)"_s));  // the option that enables it
+    }
+    action(window, field);
+    const auto text = CaptionOf(field);
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return text;
+  }
+  std::string AfterClickOn(const char* button) {
+    record = before_;
+    return After([&](const QWidget* window, QWidget* field) {
+      Click(field);
+      Click(Find(window, QString::fromStdString(GetParam().control + button)));
+    });
+  }
+  std::string AfterKey(Qt::Key key) {
+    record = before_;
+    return After([&](const QWidget*, QWidget* field) {
+      Click(field);
+      Key(key);
+    });
+  }
+
+ private:
+  Settings before_ = record;
+};
+
+TEST_P(Stepped, UpAndDownDoWhatAClickOnPlusAndMinusDoes) {
+  const auto more = AfterClickOn("P");
+  const auto less = AfterClickOn("M");
+  EXPECT_EQ(AfterKey(Qt::Key_Up), more);
+  EXPECT_EQ(AfterKey(Qt::Key_Down), less);
+  EXPECT_NE(more, less);
+}
+
+std::vector<FigureRow> SteppedFields() {
+  std::vector<FigureRow> fields;
+  for (const auto& row : ControlRows()) {
+    if (row.kind == Kind::SpinButton && row.name.ends_with('P')) {
+      fields.push_back({row.window, row.name.substr(0, row.name.size() - 1)});
+    }
+  }
+  return fields;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Stepped, ::testing::ValuesIn(SteppedFields()),
+                         [](const auto& instance) {
+                           return IdentifierOf(instance.param.window, instance.param.control);
+                         });
+
+// A figure that people carry away.
 class Figure : public AnyWindow, public ::testing::WithParamInterface<FigureRow> {};
 
 TEST_P(Figure, IsReachedByTabAndCopiedAsAPlainNumber) {
@@ -453,10 +520,7 @@ INSTANTIATE_TEST_SUITE_P(
                       FigureRow{"QuickC", "GB"}, FigureRow{"AspectRa", "HRESL"},
                       FigureRow{"AspectRa", "VRESL"}),
     [](const auto& instance) {
-      auto name = instance.param.window + instance.param.control;
-      std::replace(name.begin(), name.end(), '(', 'N');
-      std::erase(name, ')');
-      return name;
+      return IdentifierOf(instance.param.window, instance.param.control);
     });
 
 TEST(ContractTable, NamesEveryControlOnce) {

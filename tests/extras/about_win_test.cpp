@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <QApplication>
 #include <QString>
 #include <QWidget>
 #include <gtest/gtest.h>

@@ -45,9 +45,7 @@ class Reader {
     if (const QString anchor = Attribute(u"id"_s); !anchor.isEmpty()) {
       page_.anchors.append(anchor);
     }
-    if (tag == u"a"_s) {
-      page_.links.append(Attribute(u"href"_s));
-    } else if (tag == u"link"_s) {
+    if (tag == u"a"_s || tag == u"link"_s) {
       page_.links.append(Attribute(u"href"_s));
     } else if (tag == u"img"_s) {
       page_.pictures.append(Attribute(u"src"_s));

@@ -81,6 +81,15 @@ QLayout* ControlsOf(const Row& row) {
   return controls;
 }
 
+// Tells assistive tools what labels what: lists that drop down have no other name for them.
+void Label(QWidget* head, const Row& row) {
+  auto* label = qobject_cast<QLabel*>(head);
+  const auto first = std::find_if_not(row.controls.begin(), row.controls.end(), IsLabel);
+  if (label != nullptr && first != row.controls.end()) {
+    label->setBuddy(*first);
+  }
+}
+
 QGridLayout* Grid(std::initializer_list<std::initializer_list<QWidget*>> rows, int spacing) {
   auto* grid = new QGridLayout;
   grid->setSpacing(spacing);
@@ -162,6 +171,7 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
     }
     if (!row.controls.isEmpty()) {
       auto* controls = ControlsOf(row);
+      Label(head, row);
       grid->addLayout(controls, line, head != nullptr ? 1 : 0, 1, head != nullptr ? 1 : 2);
     }
     ++line;
