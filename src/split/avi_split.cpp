@@ -79,7 +79,7 @@ void AVISplit::MakeLayout() {
   NameByLabel(u"Duration: hours"_s, {Time1});
   NameByLabel(u"Duration: minutes"_s, {Time2});
   NameByLabel(u"Duration: seconds"_s, {Time3});
-  Size3->setReadOnly(true);
+  Size3->ShowAsResult(true);
   Size1->setText(u"650"_s);
   Size2->setText(u"650"_s);
   KeyFr->Show(u"600"_s);
@@ -350,7 +350,7 @@ void AVISplit::ShowThirdSegment(bool isShown) {
   SegNo3Lab->setVisible(isShown);
   Size3->setVisible(isShown);
   ranges_.ShowThirdSegment(isShown);
-  Size2->setReadOnly(!isShown);
+  Size2->ShowAsResult(!isShown);
 }
 
 SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) const {

@@ -41,7 +41,7 @@ void ShowFrame(TextField* field, const FrameNumber& frame) {
 RangeTable::RangeTable() : SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
   for (std::size_t i = 0; i < SetF.size(); ++i) {
     auto* field = new TextField(u"SetF(%1)"_s.arg(i), {});
-    field->setReadOnly(true);
+    field->ShowAsResult(true);
     field->setAlignment(Qt::AlignRight);
     field->SetVisibleDigits(VisibleDigits);
     field->setAccessibleName(QString::fromLatin1(AccessibleNames.at(i)));

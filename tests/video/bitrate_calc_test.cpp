@@ -175,6 +175,12 @@ TEST_F(BitrateCalcTest, FocusIsInTheFirstFieldAndItsHandlerHasRun) {
   EXPECT_EQ(QApplication::focusWidget(), Audio);
 }
 
+TEST_F(BitrateCalcTest, WhatIsTypedFirstReplacesTheFirstField) {
+  OpenCalculator();
+  Type(u"192"_s);
+  EXPECT_EQ(Text("Audio"), "192");
+}
+
 TEST_F(BitrateCalcTest, ListsHoldTheUsualValuesInTheirOrder) {
   OpenCalculator();
   const auto entries = [](const EditableList* list) {

@@ -62,6 +62,10 @@ void FocusTracker::OnLostFocus(QWidget* control, const std::function<void()>& ha
 
 void FocusTracker::Begin(QWidget* first) {
   first->setFocus();
+  // As if Tab had led there: what is typed first replaces the text of a list.
+  if (auto* list = qobject_cast<EditableList*>(first)) {
+    list->Field()->selectAll();
+  }
   FocusChanged(first);
 }
 

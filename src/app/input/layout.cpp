@@ -24,6 +24,7 @@
 
 #include "app/input/editable_list.h"
 #include "app/input/labels.h"
+#include "app/input/push_button.h"
 #include "app/input/spin_button.h"
 
 namespace brindle {
@@ -123,7 +124,7 @@ RowHead::RowHead(QLabel* label) : widget_(label), text_(label->text()) {}
 RowHead::RowHead(QAbstractButton* button) : widget_(button), text_(button->text()) {}
 
 QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tooltip) {
-  return Captioned<QPushButton>(name, caption, tooltip);
+  return Captioned<PushButton>(name, caption, tooltip);
 }
 
 QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& tooltip) {

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPalette>
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -73,6 +74,15 @@ void TextField::Write(const QString& text) {
 bool TextField::IsBeingEdited() const {
   const auto* focused = window()->focusWidget();
   return focused != nullptr && (focused == this || focused == focusProxy());
+}
+
+void TextField::ShowAsResult(bool isResult) {
+  setReadOnly(isResult);
+  QPalette own;  // everything that is not set here follows the window
+  if (isResult) {
+    own.setBrush(QPalette::Base, Qt::transparent);
+  }
+  setPalette(own);
 }
 
 void TextField::SetVisibleDigits(int digits) {

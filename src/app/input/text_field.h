@@ -31,6 +31,9 @@ class TextField : public QLineEdit {
   void KeepBegunNumber() { keepsBegunNumber_ = true; }
   [[nodiscard]] bool KeepsBegunNumber() const { return keepsBegunNumber_; }
 
+  /// Whether the field only shows something: read-only, and filled like the window around it.
+  void ShowAsResult(bool isResult);
+
   /// How many digits the field should have room for.
   void SetVisibleDigits(int digits);
   [[nodiscard]] QSize sizeHint() const override;

@@ -20,6 +20,7 @@
 #include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/picture.h"
+#include "app/input/push_button.h"
 #include "app/input/wiring.h"
 #include "app/settings/settings.h"
 #include "app/settings/settings_file.h"
@@ -39,7 +40,7 @@ constexpr QSize PictureSize(48, 48);  // device-independent pixels
 // says.
 QPushButton* PictureButton(const QString& name, const QString& picture, const QString& opens,
                            const QString& tooltip = {}) {
-  auto* button = new QPushButton;
+  auto* button = new PushButton;
   button->setObjectName(name);
   button->setIcon(QIcon(LoadPicture(picture, button->devicePixelRatio())));
   button->setIconSize(PictureSize);

@@ -22,6 +22,22 @@ class TextFieldTest : public ::testing::Test {
   FieldWindow window;
 };
 
+TEST_F(TextFieldTest, AsAResultItIsFilledLikeTheWindowAndCannotBeTypedInto) {
+  const auto middle = [this] {
+    return window.A->grab().toImage().pixelColor(window.A->width() / 2, window.A->height() / 2);
+  };
+  window.A->setText({});
+  window.A->clearFocus();
+  const QColor toTypeIn = middle();
+  window.A->ShowAsResult(true);
+  EXPECT_TRUE(window.A->isReadOnly());
+  EXPECT_NE(middle(), toTypeIn);
+  EXPECT_EQ(middle(), window.palette().color(QPalette::Window));
+  window.A->ShowAsResult(false);
+  EXPECT_FALSE(window.A->isReadOnly());
+  EXPECT_EQ(middle(), toTypeIn);
+}
+
 TEST_F(TextFieldTest, KeyPressComesBeforeTheFieldTakesTheKeyAndKeyUpAfter) {
   window.A->setFocus();
   window.events.clear();
