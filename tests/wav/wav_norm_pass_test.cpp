@@ -512,6 +512,7 @@ TEST_F(NormalizingWindow, StartsNothingElseMeanwhile) {
     for (const auto* name : {"btnOpen", "btnScan", "btnNorm", "Target"}) {
       Find<QAbstractButton>(window, QString::fromLatin1(name))->click();
     }
+    Control("AutoNorm")->setFocus();
     Key(Qt::Key_Return);
   });
   Normalize();
@@ -769,6 +770,15 @@ TEST_F(AbortedNormalization, WithSpace) {
   LetUpdatesCome();
   During("Normalizing...", [&] { Key(Qt::Key_Space); });
   questions.Answer(BoxAnswer::Yes);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{ReallyAbort});
+}
+
+TEST_F(AbortedNormalization, WithEnterWhichAsksAsWell) {
+  OpenScanned(Long(3));
+  questions.Answer(BoxAnswer::Yes);
+  LetUpdatesCome();
+  During("Normalizing...", [] { Key(Qt::Key_Return); });
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{ReallyAbort});
 }
