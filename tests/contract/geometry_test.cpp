@@ -78,9 +78,8 @@ void ForEach(const QWidget* parent, const std::function<void(const QWidget*)>& a
 
 // What holds more than one line of others: a group, or the line around a picture.
 bool IsFrame(const QWidget* widget) {
-  const auto* frame = qobject_cast<const QFrame*>(widget);
   return qobject_cast<const QGroupBox*>(widget) != nullptr ||
-         (frame != nullptr && frame->layout() != nullptr);
+         widget->metaObject() == &QFrame::staticMetaObject;
 }
 
 bool ShareARow(const QWidget* a, const QWidget* b) {

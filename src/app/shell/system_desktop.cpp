@@ -20,7 +20,7 @@ namespace {
 // Who fails later than this was started well, and failed at something else.
 constexpr double Trial = 10;  // seconds
 
-// A key that asks again so soon is still held: not every X server tells its repetitions apart.
+// F1 that asks again so soon is still held: not every X server tells its repetitions apart.
 constexpr double Held = 1;  // seconds
 
 }  // namespace
@@ -34,7 +34,8 @@ void SystemDesktop::StartCalculator(QWidget* asker) { Start(asker, CalculatorCom
 
 void SystemDesktop::OpenHelp(QWidget* asker, const QString& page) {
   const double now = clock_.Now();
-  const bool isHeld = page == lastPage_ && now - lastHelp_ < Held;
+  // The first page belongs to a button, every click of which opens it.
+  const bool isHeld = page == lastPage_ && page != FirstHelpPage && now - lastHelp_ < Held;
   lastPage_ = page;
   lastHelp_ = now;
   if (!isHeld) {

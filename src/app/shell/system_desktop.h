@@ -16,8 +16,8 @@
 namespace brindle {
 
 /// The desktop that the program really runs on. What it starts has the program's folder as its
-/// current directory, as long as that exists, and lives on when the program ends. A page of the
-/// help that is asked for again within a second is not opened twice.
+/// current directory, as long as that exists, and lives on when the program ends. A window's page
+/// of the help that is asked for again within a second is not opened twice; the first page is.
 class SystemDesktop : public Desktop {
  public:
   SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
