@@ -9,6 +9,13 @@ set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# What differs between the platforms is in one source file each, NAME_unix.cpp and NAME_windows.cpp.
+if(WIN32)
+  set(BRINDLE_PLATFORM windows)
+else()
+  set(BRINDLE_PLATFORM unix)
+endif()
+
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})

@@ -10,12 +10,12 @@
 #include <variant>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QString>
 
 #include "wav/gain.h"
 #include "wav/pass_progress.h"
 #include "wav/samples.h"
+#include "wav/system_files.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
 
@@ -68,7 +68,7 @@ Normalization::Opened Normalization::Open(const PassFiles& files, TargetQuestion
 // A target that cannot be written shows here, before it is deleted and before a byte is written.
 bool Normalization::OpenTarget(const PassFiles& files, TargetQuestions& questions) {
   const auto& target = files.target;
-  if (QFileInfo(target).isRelative()) {
+  if (!IsAbsolute(target)) {
     error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"not an absolute path"_s)};
     return false;
   }

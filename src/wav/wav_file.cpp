@@ -5,10 +5,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <optional>
 #include <span>
-#include <system_error>
 #include <variant>
 
 #include <QFile>
@@ -16,7 +14,7 @@
 #include <QString>
 
 #include "app/settings/file_error.h"
-#include "wav/file_lock.h"
+#include "wav/system_files.h"
 
 namespace brindle {
 
@@ -49,7 +47,7 @@ std::optional<WavError> WavFile::OpenOrCreate(const QString& path) {
   return Open(path, QIODevice::ReadWrite, WavError::Failed::Writing);
 }
 
-bool WavFile::IsLockedByAnother() const { return IsLocked(file_.handle()); }
+bool WavFile::IsLockedByAnother() const { return IsLocked(file_); }
 
 std::optional<WavError> WavFile::Read(qint64 position, std::span<std::byte> bytes) {
   const auto read = ReadPadded(position, bytes);
@@ -125,11 +123,6 @@ WavError WavFile::SystemError(WavError::Failed failed) const {
 
 bool WavFile::SeekTo(qint64 position) {
   return file_.pos() == position - 1 || file_.seek(position - 1);
-}
-
-bool LeadToSameFile(const QString& path, const QString& other) {
-  std::error_code none;
-  return std::filesystem::equivalent(path.toStdU16String(), other.toStdU16String(), none);
 }
 
 }  // namespace brindle

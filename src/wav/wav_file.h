@@ -39,6 +39,7 @@ class WavFile {
 
   /// Bytes, asked of the system now.
   [[nodiscard]] qint64 Length() const { return file_.size(); }
+  /// Of an open file, or of one that could not be opened.
   [[nodiscard]] bool IsLockedByAnother() const;
 
   /// The same error as of Read() where the file ends before `position`.
@@ -65,9 +66,5 @@ class WavFile {
 
   QFile file_;
 };
-
-/// Whether both paths lead to one existing file: links, relative forms, and letter case where the
-/// file system ignores it, make no difference.
-[[nodiscard]] bool LeadToSameFile(const QString& path, const QString& other);
 
 }  // namespace brindle

@@ -83,11 +83,12 @@ QString MessageOf(WavRefusal refusal) {
 
 std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path) {
   WavFile file;
-  if (auto error = file.OpenForReading(path)) {
-    return *error;
-  }
+  const auto unopened = file.OpenForReading(path);
   if (file.IsLockedByAnother()) {
     return WavRefusal::AlreadyOpen;
+  }
+  if (unopened) {
+    return *unopened;
   }
   std::string head(LastDataPosition - 1 + DataHeaderSize, '\0');
   const auto read = file.ReadPadded(1, Bytes(head));

@@ -136,6 +136,19 @@ class NormalizerWindow : public CalculatorWindow {
       "Aborting normalization is not recommended. Output file will be damaged.\r\n"
       "                      Really abort normalization?";
 
+  // What Shown() tells.
+  static constexpr const char* Loaded = "info scan";
+  static constexpr const char* Scanned = "info peaks scan normalize";
+  static constexpr const char* AfterAPass = "info scan";
+
+  static std::string StatisticsWithoutTime(const std::string& amplification, bool isMultiBuffer) {
+    return "WAV file was successfully normalized. Stats:\r\n\r\nApplied amplification: " +
+           amplification +
+           "%\r\nAverage scanning throughput: 0MB/s\r\nAverage normalization throughput: "
+           "0MB/s\r\n" +
+           (isMultiBuffer ? "Buffer: 4096KB (multi buffer)" : "Buffer: 64KB (single buffer)");
+  }
+
   NormalizerWindow() {
     AddAllWindows(windows, prepared, [] {});
     record.WavAutoNormalize = false;
@@ -212,6 +225,16 @@ class NormalizerWindow : public CalculatorWindow {
     OpenNormalizer();
     OpenFile(path);
     ClickOn("btnScan");
+  }
+
+  /// Opens a file of this name, which is shown as it is and leaves the window its size.
+  void ExpectTitleShown(const QString& name) {
+    OpenNormalizer();
+    const auto size = window->size();
+    OpenFile(Put(name.toUtf8().constData(), Quiet()));
+    EXPECT_EQ(Text("WavInfo1"), name.toStdString());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->size(), size);
   }
 
   /// Lets time pass whenever a pass looks at its clock: an update is due at every chance.
@@ -326,6 +349,16 @@ class NormalizerWindow : public CalculatorWindow {
 
   std::deque<Moment> meanwhile_;
   QTimer watch_;
+};
+
+/// The normalizer whose scanned file goes through a pass.
+class NormalizingWindow : public NormalizerWindow {
+ protected:
+  // Runs a pass to its statistics.
+  void Normalize() {
+    questions.Answer(BoxAnswer::Ok);
+    ClickOn("btnNorm");
+  }
 };
 
 using Texts = std::vector<std::string>;

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -13,8 +12,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 #include <QDir>
@@ -22,15 +19,19 @@
 #include <gtest/gtest.h>
 
 #include "app/input/clock.h"
-#include "tests/app/settings/child_process.h"
 #include "tests/app/settings/temporary_folder.h"
-#include "tests/support/unprivileged.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass_progress.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
+
+using Names = std::vector<std::string>;
+
+inline constexpr double MebiByte = 1024.0 * 1024.0;
+inline constexpr double Just = 1e-9;  // seconds
+inline constexpr std::size_t Block = 65536;
 
 /// A clock that moves only when it is read.
 class ReadClock : public Clock {
@@ -176,6 +177,16 @@ inline std::string NativeText(const QString& path) {
   return QDir::toNativeSeparators(path).toStdString();
 }
 
+/// The system's number for a file that is not there: ENOENT, and the same on Windows.
+inline constexpr int NoSuchFile = 2;
+/// The one for a file in a folder that is not there: only Windows tells the two apart.
+#ifdef Q_OS_WIN
+inline constexpr int NoSuchFolder = 3;
+#else
+inline constexpr int NoSuchFolder = NoSuchFile;
+#endif
+
+/// What the system says of an error of its own.
 inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
 
 /// The message of an error, or "no error".
@@ -223,22 +234,6 @@ inline std::string RunPass(const PassFiles& files, Buffering buffering, double g
   ScriptedObserver observer;
   const auto ended = pass.Run(GainTable(gain), buffering, clock, observer);
   return ended == Normalization::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
-}
-
-/// Changes who may do what with a file, inside a check of ExpectNoFindingsAsNobody().
-inline void SetMode(const QString& path, mode_t mode) {
-  if (chmod(path.toUtf8().constData(), mode) != 0) {
-    _exit(3);
-  }
-}
-
-/// Runs the check in a child that is killed should it hang.
-inline std::string InImpatientChild(const std::function<std::string()>& check) {
-  return InChild([&] {
-    constexpr unsigned seconds = 60;
-    alarm(seconds);
-    return check();
-  });
 }
 
 }  // namespace brindle

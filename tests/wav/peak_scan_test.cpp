@@ -3,32 +3,24 @@
 
 #include "wav/peak_scan.h"
 
-#include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <filesystem>
-#include <optional>
 #include <string>
-#include <sys/stat.h>
 #include <vector>
 
-#include <QDir>
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/child_process.h"
 #include "tests/app/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
+#include "tests/wav/peak_scan_support.h"
 #include "wav/pass_progress.h"
 
 namespace brindle {
 namespace {
-
-constexpr double MebiByte = 1024.0 * 1024.0;
-constexpr std::size_t Block = 65536;
 
 // Watching a pass, without a file.
 
@@ -80,8 +72,6 @@ struct DueCase {
 };
 
 class UpdateOfPass : public ::testing::TestWithParam<DueCase> {};
-
-constexpr double Just = 1e-9;  // seconds
 
 TEST_P(UpdateOfPass, IsDueOnlyBehindItsInterval) {
   const auto& [name, seconds, isDueAtHalf, isDueAtQuarter] = GetParam();
@@ -151,33 +141,6 @@ TEST(TimerOfPassTest, NoTimeGivesNoThroughput) {
 }
 
 // The scan.
-
-// A level that fills a block.
-std::string Filled(std::size_t bytes, std::int16_t level) {
-  std::string samples(bytes, '\0');
-  for (std::size_t i = 0; i + 1 < bytes; i += 2) {
-    std::memcpy(samples.data() + i, &level, sizeof(level));
-  }
-  return samples;
-}
-
-class PeakScanTest : public ::testing::Test {
- protected:
-  // Scans a file of these parts, and holds that the file is as it was.
-  PeakScan Scan(const WavParts& parts, const Clock& clock, PassObserver& observer) const {
-    const auto bytes = WavBytes(parts);
-    folder_.Put("scanned.wav", bytes);
-    const auto scan = ScanPeaks(folder_.PathOf("scanned.wav"), clock, observer);
-    EXPECT_EQ(TextOf(scan.error), "no error");
-    EXPECT_TRUE(folder_.Bytes("scanned.wav") == bytes);
-    return scan;
-  }
-
-  [[nodiscard]] const TemporaryFolder& Folder() const { return folder_; }
-
- private:
-  TemporaryFolder folder_;
-};
 
 float PercentAt(std::size_t position, std::size_t fileLength) {
   return static_cast<float>(static_cast<double>(position) * 100 / static_cast<double>(fileLength));
@@ -368,18 +331,10 @@ TEST_F(PeakScanTest, TagIsFoundAtEveryPlaceTheFileMayEndBehindIt) {
 
 // Files that cannot be scanned.
 
-std::string ErrorOfScan(const QString& path) {
-  const ReadClock clock(1);
-  ScriptedObserver observer;
-  const auto scan = ScanPeaks(path, clock, observer);
-  return TextOf(scan.error);
-}
-
-class FailureOfScan : public PeakScanTest {};
-
 TEST_F(FailureOfScan, MissingFile) {
-  EXPECT_EQ(ErrorOfScan(Folder().PathOf("missing.wav")),
-            "Cannot read " + NativeText(Folder().PathOf("missing.wav")) + ": " + ReasonOf(ENOENT));
+  EXPECT_EQ(
+      ErrorOfScan(Folder().PathOf("missing.wav")),
+      "Cannot read " + NativeText(Folder().PathOf("missing.wav")) + ": " + ReasonOf(NoSuchFile));
   EXPECT_TRUE(Folder().Names().empty());
 }
 
@@ -388,37 +343,6 @@ TEST_F(FailureOfScan, NoPath) { EXPECT_TRUE(ErrorOfScan({}).starts_with("Cannot 
 TEST_F(FailureOfScan, FolderIsNotAFile) {
   EXPECT_EQ(ErrorOfScan(Folder().Path()),
             "Cannot read " + NativeText(Folder().Path()) + ": not a file");
-}
-
-TEST_F(FailureOfScan, PipeIsNotAFileAndNotWaitedFor) {
-  const auto path = Folder().PathOf("pipe.wav");
-  ASSERT_EQ(mkfifo(path.toUtf8().constData(), S_IRWXU), 0);
-  EXPECT_EQ(InImpatientChild([&] { return ErrorOfScan(path); }),
-            "Cannot read " + NativeText(path) + ": not a file");
-}
-
-TEST_F(FailureOfScan, DeviceIsNotAFile) {
-  EXPECT_EQ(ErrorOfScan(QStringLiteral("/dev/zero")), "Cannot read /dev/zero: not a file");
-}
-
-TEST_F(FailureOfScan, FileThatMayNotBeRead) {
-  const auto path = Folder().PathOf("secret.wav");
-  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
-  ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
-    SetMode(path, 0);
-    found.ExpectEqual(ErrorOfScan(path),
-                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
-  });
-}
-
-TEST_F(FailureOfScan, FileInAFolderThatMayNotBeEntered) {
-  const auto path = Folder().PathOf("secret.wav");
-  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
-  ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
-    SetMode(Folder().Path(), 0);
-    found.ExpectEqual(ErrorOfScan(path),
-                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
-  });
 }
 
 TEST_F(FailureOfScan, NoSampleDataAnyMore) {
@@ -431,37 +355,6 @@ TEST_F(FailureOfScan, EmptyFile) {
   Folder().Put("empty.wav", "");
   EXPECT_EQ(ErrorOfScan(Folder().PathOf("empty.wav")),
             "Cannot read " + NativeText(Folder().PathOf("empty.wav")) + ": no sample data");
-}
-
-TEST_F(FailureOfScan, FileThatBecomesShorterMeanwhile) {
-  const auto path = Folder().PathOf("shrinking.wav");
-  const auto bytes = WavBytes({.samples = Noise(5 * Block)});
-  // In the block that comes next, in a later one, in the words behind them.
-  for (const std::size_t length : {44 + Block + 100, 44 + 3 * Block, 44 + 5 * Block - 1}) {
-    Folder().Put("shrinking.wav", bytes);
-    const ReadClock clock(1);
-    ScriptedObserver observer;
-    observer.onUpdate = [&](std::size_t) {
-      std::filesystem::resize_file(path.toStdString(), length);
-    };
-    const auto scan = ScanPeaks(path, clock, observer);
-    EXPECT_EQ(TextOf(scan.error), "Cannot read " + NativeText(path) + ": the file became shorter")
-        << length;
-    EXPECT_FALSE(scan.isAborted);
-  }
-}
-
-TEST_F(PeakScanTest, FileDeletedMeanwhileIsScannedToItsEnd) {
-  const auto path = Folder().PathOf("deleted.wav");
-  const auto samples = Filled(4 * Block, 7) + Filled(2, -9);
-  Folder().Put("deleted.wav", WavBytes({.samples = samples}));
-  const ReadClock clock(1);
-  ScriptedObserver observer;
-  observer.onUpdate = [&](std::size_t) { QFile::remove(path); };
-  const auto scan = ScanPeaks(path, clock, observer);
-  EXPECT_EQ(TextOf(scan.error), "no error");
-  EXPECT_EQ(scan.lowest, -9);
-  EXPECT_EQ(scan.highest, 7);
 }
 
 TEST_F(PeakScanTest, FileThatGrowsMeanwhileIsScannedAsItWas) {

@@ -16,6 +16,7 @@
 #include <variant>
 #include <vector>
 
+#include <QDir>
 #include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
@@ -209,7 +210,9 @@ FileBytes NormalizeLiterally(const FileBytes& file, const Gain& gain, Buffering 
 
 class Truth : public ::testing::TestWithParam<Layout> {
  protected:
-  Truth() : source_(folder_.PathOf("source.wav")), target_(folder_.PathOf("target.wav")) {}
+  Truth()
+      : source_(QDir::toNativeSeparators(folder_.PathOf("source.wav"))),
+        target_(folder_.PathOf("target.wav")) {}
 
   void ScanIsLiteral(const FileBytes& file) const {
     const BriefClock clock;

@@ -18,6 +18,7 @@
 
 #include "tests/app/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
+#include "tests/wav/pass_support.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
@@ -250,10 +251,9 @@ TEST(ReadHeader, TellsWhyAFileCannotBeRead) {
   const auto missing = ReadHeader(folder.PathOf("missing.wav"));
   ASSERT_TRUE(std::holds_alternative<WavError>(missing));
   EXPECT_EQ(std::get<WavError>(missing).failed, WavError::Failed::Reading);
-  EXPECT_EQ(Told(missing).rfind("Cannot read " + folder.PathOf("missing.wav").toStdString(), 0),
-            0U);
+  EXPECT_EQ(Told(missing).rfind("Cannot read " + NativeText(folder.PathOf("missing.wav")), 0), 0U);
   EXPECT_EQ(Told(ReadHeader(folder.Path())),
-            "Cannot read " + folder.Path().toStdString() + ": not a file");
+            "Cannot read " + NativeText(folder.Path()) + ": not a file");
   EXPECT_TRUE(folder.Names().empty()) << "reading creates nothing";
 }
 
@@ -314,7 +314,7 @@ std::string Located(const QString& path) {
   const auto located = LocateData(file);
   if (const auto* error = std::get_if<WavError>(&located)) {
     EXPECT_EQ(error->failed, WavError::Failed::Reading);
-    EXPECT_EQ(error->error.path, path);
+    EXPECT_EQ(error->error.path.toStdString(), NativeText(path));
     return error->error.reason.toStdString();
   }
   const auto& data = std::get<SampleData>(located);

@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
@@ -41,8 +42,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const std::string NoFile;
-const std::string Loaded = "info scan";
-const std::string Scanned = "info peaks scan normalize";
 
 // --- Loading -----------------------------------------------------------------------------------
 
@@ -665,8 +664,9 @@ TEST_F(OpeningFiles, OfNoFileFailsWithOneMessage) {
 TEST_F(OpeningFiles, OfAFolderFailsWithOneMessage) {
   OpenNormalizer();
   questions.Answer(BoxAnswer::Ok);
-  OpenFile(folder.path());
-  EXPECT_EQ(Boxes(), Texts{"Cannot read " + folder.path().toStdString() + ": not a file"});
+  const auto path = QDir::toNativeSeparators(folder.path());
+  OpenFile(path);
+  EXPECT_EQ(Boxes(), Texts{"Cannot read " + path.toStdString() + ": not a file"});
   EXPECT_EQ(Shown(), NoFile);
 }
 
@@ -697,17 +697,7 @@ TEST_F(OpeningFiles, SucceedsAfterAFailure) {
 }
 
 TEST_F(OpeningFiles, AFileTitleIsShownAsItIs) {
-  OpenNormalizer();
-  const auto size = window->size();
-  const auto name = u"<i>a&b</i>"_s + QString(150, u'm') + u".wav"_s;
-  QFile file(folder.filePath(u"x"_s + QString(name).remove(u'/')));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(Quiet().Bytes());
-  file.close();
-  OpenFile(file.fileName());
-  EXPECT_EQ(Text("WavInfo1"), "x" + QString(name).remove(u'/').toStdString());
-  QCoreApplication::processEvents();
-  EXPECT_EQ(window->size(), size);
+  ExpectTitleShown(u"xa&b;&amp;"_s + QString(150, u'm') + u".wav"_s);
 }
 
 // --- Dropping a file ---------------------------------------------------------------------------

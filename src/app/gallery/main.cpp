@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 // Opens every window with realistic figures and saves a picture of each:
-// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL]
-// LABEL stands behind the window's name in the names of the files.
+// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places]
+// LABEL stands behind the window's name in the names of the files. With --places there is a
+// WINDOW.places beside each picture, a line "NAME X Y" for each control: the pixel in its middle,
+// from the picture's upper left corner.
 
 #include <array>
 #include <iostream>
@@ -12,8 +14,10 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QPalette>
 #include <QTemporaryDir>
+#include <QTextStream>
 
 #include "app/gallery/normalizer_pictures.h"
 #include "app/gallery/recording.h"
@@ -99,11 +103,13 @@ void SetRealisticFigures(Settings& record) {
 
 class Gallery {
  public:
-  Gallery(const QDir& folder, QString label) : folder_(folder), label_(std::move(label)) {}
+  Gallery(const QDir& folder, QString label, bool hasPlaces)
+      : folder_(folder), label_(std::move(label)), hasPlaces_(hasPlaces) {}
 
   bool Take(QWidget& window, const QString& state = {}) const {
-    const auto path = folder_.filePath(window.objectName() + state + label_ + u".png"_s);
-    const bool saved = window.grab().save(path);
+    const auto path = folder_.filePath(window.objectName() + state + label_);
+    const bool saved =
+        window.grab().save(path + u".png"_s) && (!hasPlaces_ || WritePlaces(window, path));
     if (!saved) {
       std::cerr << "cannot write " << path.toStdString() << '\n';
     }
@@ -111,8 +117,26 @@ class Gallery {
   }
 
  private:
+  static bool WritePlaces(const QWidget& window, const QString& path) {
+    QFile file(path + u".places"_s);
+    if (!file.open(QIODevice::WriteOnly)) {
+      return false;
+    }
+    QTextStream lines(&file);
+    for (const auto* control : window.findChildren<QWidget*>()) {
+      if (control->isVisible() && !control->objectName().isEmpty()) {
+        const auto middle =
+            control->mapTo(&window, control->rect().center()) * window.devicePixelRatio();
+        lines << control->objectName() << ' ' << middle.x() << ' ' << middle.y() << '\n';
+      }
+    }
+    lines.flush();
+    return lines.status() == QTextStream::Ok;
+  }
+
   QDir folder_;
   QString label_;
+  bool hasPlaces_;
 };
 
 int TakeAll(const Gallery& gallery) {
@@ -160,7 +184,8 @@ int Run() {
   const QCommandLineOption largeFont(u"large-font"_s);
   const QCommandLineOption label(u"label"_s, {}, u"name"_s, {});
   QCommandLineParser arguments;
-  arguments.addOptions({dark, largeFont, label});
+  const QCommandLineOption places(u"places"_s);
+  arguments.addOptions({dark, largeFont, label, places});
   arguments.addPositionalArgument(u"folder"_s, u"Where the pictures go"_s);
   arguments.process(*QCoreApplication::instance());
   if (arguments.positionalArguments().size() != 1) {
@@ -179,7 +204,7 @@ int Run() {
     std::cerr << "cannot create " << folder.path().toStdString() << '\n';
     return 1;
   }
-  return TakeAll({folder, arguments.value(label)});
+  return TakeAll({folder, arguments.value(label), arguments.isSet(places)});
 }
 
 }  // namespace

@@ -3,10 +3,6 @@
 
 #include "app/settings/file_error.h"
 
-#include <filesystem>
-#include <optional>
-#include <system_error>
-
 #include <QDir>
 #include <QFileDevice>
 #include <QString>
@@ -34,20 +30,5 @@ FileError ErrorOf(const QString& path, const QFileDevice& file) {
 QString CannotRead(const FileError& error) { return Message("Cannot read ", error); }
 
 QString CannotWrite(const FileError& error) { return Message("Cannot write ", error); }
-
-AtPath WhatIsAt(const QString& path) {
-  std::error_code code;
-  const auto status = std::filesystem::status(path.toStdU16String(), code);
-  if (status.type() == std::filesystem::file_type::not_found) {
-    return {.anything = false, .error = std::nullopt};
-  }
-  if (code) {
-    return {.error = ErrorOf(path, qt_error_string(code.value()))};
-  }
-  if (!std::filesystem::is_regular_file(status)) {
-    return {.error = ErrorOf(path, u"not a file"_s)};
-  }
-  return {};
-}
 
 }  // namespace brindle

@@ -110,7 +110,7 @@ Command HelpCommand(const QString& programFolder, const QString& page) {
   return Opening(name, QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
 }
 
-Command AddressCommand(const QString& address) {
+Command OpenAddress(const QString& address) {
   return Opening(address, QUrl(address).toString(QUrl::FullyEncoded));
 }
 
@@ -122,7 +122,7 @@ QString ReasonOfExit(const Command& command, int code) {
   return command.program + u" ended with code "_s + QString::number(code);
 }
 
-void LetOutlive(QProcess& process) {
+void Prepare(const Command&, QProcess& process) {
   process.setChildProcessModifier([] {
     ::setsid();
     // Ignored in this program; what is ignored stays so in a child.

@@ -44,12 +44,15 @@ void SystemDesktop::OpenHelp(QWidget* asker, const QString& page) {
 }
 
 void SystemDesktop::OpenAddress(QWidget* asker, const QString& address) {
-  Start(asker, AddressCommand(address));
+  Start(asker, brindle::OpenAddress(address));
 }
 
 void SystemDesktop::Start(const Asker& asker, const Command& command) {
   if (!command.reason.isEmpty()) {
     TellLater(asker, command, command.reason);
+    return;
+  }
+  if (command.program.isEmpty()) {
     return;
   }
   // Owned by nobody but its own end: destroying it earlier would kill what it has started.
@@ -62,7 +65,7 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardOutputFile(QProcess::nullDevice());
   process->setStandardErrorFile(QProcess::nullDevice());
-  LetOutlive(*process);
+  Prepare(command, *process);
   QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
   QObject::connect(process, &QProcess::errorOccurred, process,
                    [process](QProcess::ProcessError error) {
@@ -85,8 +88,9 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
         }
         if (status == QProcess::CrashExit) {
           TellLater(asker, command, command.program + u" crashed"_s);
-        } else if (code != 0) {
-          TellLater(asker, command, ReasonOfExit(command, code));
+        } else if (const auto reason = code == 0 ? QString() : ReasonOfExit(command, code);
+                   !reason.isEmpty()) {
+          TellLater(asker, command, reason);
         }
       });
   process->start(QIODevice::NotOpen);

@@ -7,8 +7,8 @@
 
 namespace brindle {
 
-/// The system's requests to end the program: termination signals, the end of the desktop session.
-/// There is one in a process.
+/// The system's requests to end the program: termination signals where there are such, the end of
+/// the desktop session. There is one in a process.
 class Termination : public QObject {
   Q_OBJECT
 
@@ -18,12 +18,6 @@ class Termination : public QObject {
  Q_SIGNALS:
   /// The program shall end now, as if its main window were closed.
   void Asked();
-
- private:
-  void WatchSignals();
-  void TakeSignal();
-
-  int readEnd_ = -1;
 };
 
 }  // namespace brindle

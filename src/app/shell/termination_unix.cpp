@@ -26,18 +26,17 @@ void WakeEventLoop(int) {
 
 Termination::Termination() {
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
-  WatchSignals();
-}
-
-void Termination::WatchSignals() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
     return;  // the signals keep their usual meaning
   }
-  readEnd_ = ends[0];
   writeEnd = ends[1];
-  auto* notifier = new QSocketNotifier(readEnd_, QSocketNotifier::Read, this);
-  connect(notifier, &QSocketNotifier::activated, this, &Termination::TakeSignal);
+  auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
+  connect(notifier, &QSocketNotifier::activated, this, [this, readEnd = ends[0]] {
+    char byte = 0;
+    [[maybe_unused]] const auto taken = read(readEnd, &byte, 1);
+    Q_EMIT Asked();
+  });
 
   struct sigaction action = {};
   action.sa_handler =
@@ -48,12 +47,6 @@ void Termination::WatchSignals() {
   }
   // A file that must not grow is an error of that write, not the end of the program.
   std::signal(SIGXFSZ, SIG_IGN);
-}
-
-void Termination::TakeSignal() {
-  char byte = 0;
-  [[maybe_unused]] const auto taken = read(readEnd_, &byte, 1);
-  Q_EMIT Asked();
 }
 
 }  // namespace brindle

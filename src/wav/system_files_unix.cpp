@@ -3,14 +3,21 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/file.h>
+#include <system_error>
 
-#include "wav/file_lock.h"
+#include <QFile>
+#include <QString>
+
+#include "wav/system_files.h"
 
 namespace brindle {
 
-// Two kinds of locks that do not know of each other: on a whole file, and on its ranges.
-bool IsLocked(int descriptor) {
+// Two kinds of locks that do not know of each other: on a whole file, and on its ranges. Neither
+// keeps a file from being opened.
+bool IsLocked(const QFile& file) {
+  const int descriptor = file.handle();
   if (flock(descriptor, LOCK_SH | LOCK_NB) == 0) {
     flock(descriptor, LOCK_UN);
   } else if (errno == EWOULDBLOCK) {
@@ -21,6 +28,13 @@ bool IsLocked(int descriptor) {
   range.l_whence = SEEK_SET;
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
   return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
+}
+
+bool IsAbsolute(const QString& path) { return path.startsWith(u'/'); }
+
+bool LeadToSameFile(const QString& path, const QString& other) {
+  std::error_code none;
+  return std::filesystem::equivalent(path.toStdU16String(), other.toStdU16String(), none);
 }
 
 }  // namespace brindle

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "app/shell/termination.h"
-
 #include <array>
 #include <csignal>
 #include <cstddef>
@@ -11,6 +9,8 @@
 
 #include <QTest>
 #include <gtest/gtest.h>
+
+#include "app/shell/termination.h"
 
 namespace brindle {
 namespace {

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "app/shell/system_desktop.h"
-
 #include <cerrno>
 #include <csignal>
 #include <memory>
@@ -11,7 +9,6 @@
 #include <sys/wait.h>
 #include <vector>
 
-#include <QByteArray>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -21,7 +18,9 @@
 #include <gtest/gtest.h>
 
 #include "app/shell/desktop_commands.h"
+#include "app/shell/system_desktop.h"
 #include "app/shell/system_registry.h"
+#include "tests/app/settings/environment.h"
 #include "tests/app/settings/temporary_folder.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fakes.h"
@@ -33,23 +32,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int Patience = 30000;  // milliseconds
-
-// A variable of the environment for as long as a test runs.
-class Environment {
- public:
-  explicit Environment(const char* name) : name_(name), before_(qgetenv(name)) {}
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-  Environment(Environment&&) = delete;
-  Environment& operator=(Environment&&) = delete;
-  ~Environment() { qputenv(name_, before_); }
-
-  void Set(const QString& value) { qputenv(name_, value.toLocal8Bit()); }
-
- private:
-  const char* name_;
-  QByteArray before_;
-};
 
 // A desktop whose programs are stand-ins: each writes down what it is called, where it runs and
 // what it is asked, and ends as it was told.

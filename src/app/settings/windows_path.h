@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <windows.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QString>
+
+namespace brindle {
+
+// Files by the calls of Windows itself, for its source files alone.
+
+struct HandleCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE handle) const {
+    if (handle != INVALID_HANDLE_VALUE) {
+      CloseHandle(handle);
+    }
+  }
+};
+using Handle = std::unique_ptr<HANDLE, HandleCloser>;
+
+/// The path as the system wants it: as it is where that is short, for then it knows its devices;
+/// else whole and marked as one of any length.
+inline std::wstring SystemPath(const QString& path) {
+  const auto whole = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+  if (whole.size() < MAX_PATH) {
+    return QDir::toNativeSeparators(path).toStdWString();
+  }
+  const bool isOnServer = whole.startsWith(QStringLiteral("\\\\"));
+  return (isOnServer ? QStringLiteral("\\\\?\\UNC") + whole.mid(1)
+                     : QStringLiteral("\\\\?\\") + whole)
+      .toStdWString();
+}
+
+/// Opens what stands at the path, a folder too; an invalid handle, and the system's last error,
+/// where it cannot.
+inline Handle OpenExisting(const QString& path, DWORD access, DWORD share) {
+  return Handle(CreateFileW(SystemPath(path).c_str(), access, share, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+/// The same, only to look at it: needs no right to read it and hinders nobody.
+inline Handle LookAt(const QString& path) {
+  return OpenExisting(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+}
+
+}  // namespace brindle

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <string>
+
+#include <QFile>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include "tests/wav/normalizer_window.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST_F(NormalizerWindow, ShowsATitleThatLooksLikeMarkup) {
+  ExpectTitleShown(u"x<i>a&b<i>"_s + QString(150, u'm') + u".wav"_s);
+}
+
+TEST_F(NormalizingWindow, WorksInPlaceWhereTheTargetIsALinkToTheSource) {
+  OpenScanned(Quiet());
+  ASSERT_TRUE(QFile::link(PathOf("in.wav"), PathOf("out.wav")));
+  Normalize();
+  EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
+  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_TRUE(IsChecked(u"Output(0)"_s));
+}
+
+TEST_F(NormalizingWindow, TellsOfATargetOfAnotherPlatform) {
+  record.WavTargetFile = u"C:\\Output.wav:relative"_s;
+  OpenScanned(Quiet());
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{"Cannot write C:\\Output.wav:relative: not an absolute path"});
+  EXPECT_EQ(Shown(), AfterAPass);
+  EXPECT_EQ(Disabled(), "");
+  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+}
+
+TEST_F(NormalizingWindow, TellsOfASourceThatBecomesShorter) {
+  OpenScanned(Long(4));
+  LetUpdatesCome();
+  During("Normalizing...", [&] { QFile::resize(PathOf("in.wav"), 100000); });
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(),
+            Texts{"Cannot read " + PathOf("in.wav").toStdString() + ": the file became shorter"});
+  EXPECT_EQ(Shown(), AfterAPass);
+  EXPECT_EQ(Disabled(), "");
+}
+
+}  // namespace
+}  // namespace brindle
