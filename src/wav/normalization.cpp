@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QString>
 
+#include "app/settings/at_path.h"
 #include "wav/gain.h"
 #include "wav/pass_progress.h"
 #include "wav/samples.h"

@@ -14,9 +14,6 @@ namespace brindle {
 /// opened. False where the system cannot tell.
 [[nodiscard]] bool IsLocked(const QFile& file);
 
-/// Whether the path names one file whatever the current folder and drive are.
-[[nodiscard]] bool IsAbsolute(const QString& path);
-
 /// Whether both paths lead to one existing file: links, relative forms, and letter case where the
 /// file system ignores it, make no difference.
 [[nodiscard]] bool LeadToSameFile(const QString& path, const QString& other);

@@ -30,8 +30,6 @@ bool IsLocked(const QFile& file) {
   return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
 }
 
-bool IsAbsolute(const QString& path) { return path.startsWith(u'/'); }
-
 bool LeadToSameFile(const QString& path, const QString& other) {
   std::error_code none;
   return std::filesystem::equivalent(path.toStdU16String(), other.toStdU16String(), none);

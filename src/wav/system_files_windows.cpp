@@ -5,7 +5,6 @@
 #include <optional>
 #include <windows.h>
 
-#include <QDir>
 #include <QFile>
 #include <QString>
 
@@ -13,8 +12,6 @@
 #include "wav/system_files.h"
 
 namespace brindle {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -49,15 +46,6 @@ bool IsLocked(const QFile& file) {
   }
   UnlockFileEx(handle, 0, MAXDWORD, MAXDWORD, &fromStart);
   return false;
-}
-
-// A drive with its root, or a server: "C:file" is in the current folder of the drive, "\\file" on
-// the current drive.
-bool IsAbsolute(const QString& path) {
-  constexpr qsizetype driveAndRoot = 3;
-  const auto slashed = QDir::fromNativeSeparators(path);
-  return slashed.startsWith(u"//"_s) || (slashed.size() >= driveAndRoot && slashed[0].isLetter() &&
-                                         slashed[1] == u':' && slashed[2] == u'/');
 }
 
 bool LeadToSameFile(const QString& path, const QString& other) {

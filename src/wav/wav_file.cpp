@@ -13,6 +13,7 @@
 #include <QIODevice>
 #include <QString>
 
+#include "app/settings/at_path.h"
 #include "app/settings/file_error.h"
 #include "wav/system_files.h"
 

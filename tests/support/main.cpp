@@ -15,6 +15,8 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
+  // A test drives what is the toolkit's, not a dialog of the system.
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   // A run that is to prove something about the decimal comma must really have it.

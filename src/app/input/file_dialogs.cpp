@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include "app/input/modal_dialogs.h"
+#include "app/settings/at_path.h"
 
 namespace brindle {
 
@@ -21,8 +22,8 @@ QPointer<QFileDialog> MakeDialog(QWidget* owner, const FileQuestion& question) {
   dialog->setObjectName(question.name);
   dialog->setNameFilters(question.filters);
   dialog->setOption(QFileDialog::HideNameFilterDetails);
-  const QFileInfo start(QDir::fromNativeSeparators(question.start));
-  if (start.isAbsolute()) {
+  if (IsAbsolute(question.start)) {
+    const QFileInfo start(QDir::fromNativeSeparators(question.start));
     dialog->setDirectory(start.path());
     dialog->selectFile(start.fileName());
   }

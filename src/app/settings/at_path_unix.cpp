@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include "app/settings/at_path.h"
 #include "app/settings/file_error.h"
 
 namespace brindle {
@@ -27,5 +28,7 @@ AtPath WhatIsAt(const QString& path) {
   }
   return {};
 }
+
+bool IsAbsolute(const QString& path) { return path.startsWith(u'/'); }
 
 }  // namespace brindle

@@ -4,8 +4,10 @@
 #include <optional>
 #include <windows.h>
 
+#include <QDir>
 #include <QString>
 
+#include "app/settings/at_path.h"
 #include "app/settings/file_error.h"
 #include "app/settings/windows_path.h"
 
@@ -29,6 +31,15 @@ AtPath WhatIsAt(const QString& path) {
     return {.error = ErrorOf(path, u"not a file"_s)};
   }
   return {};
+}
+
+// A drive with its root, or a server: "C:file" is in the current folder of the drive, "\\file" on
+// the current drive.
+bool IsAbsolute(const QString& path) {
+  constexpr qsizetype driveAndRoot = 3;
+  const auto slashed = QDir::fromNativeSeparators(path);
+  return slashed.startsWith(u"//"_s) || (slashed.size() >= driveAndRoot && slashed[0].isLetter() &&
+                                         slashed[1] == u':' && slashed[2] == u'/');
 }
 
 }  // namespace brindle

@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <optional>
-
 #include <QFileDevice>
 #include <QString>
 
@@ -26,16 +24,5 @@ struct FileError {
 [[nodiscard]] QString CannotRead(const FileError& error);
 /// "Cannot write PATH: REASON".
 [[nodiscard]] QString CannotWrite(const FileError& error);
-
-/// What stands at a path, links followed.
-struct AtPath {
-  bool anything = true;
-  /// Why it cannot be opened as a file: "not a file" for a folder, a pipe, a device; the system's
-  /// reason where it cannot be told.
-  std::optional<FileError> error;
-};
-
-/// To be looked at before a file is opened: opening a pipe would wait for its other end.
-[[nodiscard]] AtPath WhatIsAt(const QString& path);
 
 }  // namespace brindle

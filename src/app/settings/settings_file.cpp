@@ -17,6 +17,8 @@
 #include <QString>
 #include <QTemporaryFile>
 
+#include "app/settings/at_path.h"
+
 namespace brindle {
 
 using namespace Qt::StringLiterals;

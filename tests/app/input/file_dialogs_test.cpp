@@ -33,12 +33,6 @@ class FileDialogsOnTheScreen : public ::testing::Test {
  protected:
   static constexpr int Patience = 10000;  // milliseconds
 
-  // Into the dialogs of a platform no test can look.
-  static void SetUpTestSuite() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
-  static void TearDownTestSuite() {
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
-  }
-
   FileDialogsOnTheScreen() {
     for (const auto* name : {"there.wav", "other.wav"}) {
       QFile file(PathOf(name));

@@ -310,21 +310,21 @@ TEST_F(ProgramTest, AnEndWhileTheMainWindowsFirstBoxStandsShowsNoMainWindow) {
 
 TEST_F(ProgramTest, AFileThatCannotBeReadIsToldBeforeTheMainWindowStands) {
   PutFolderInTheWay();
-  EXPECT_EQ(
-      Run([&] {
-        Await(u"Splash"_s);
-        WhenABoxStands([&](QMessageBox* box) {
-          EXPECT_TRUE(box->text().startsWith(u"Cannot read "_s + folder.PathOf("Brindle2.ini")))
-              << box->text().toStdString();
-          EXPECT_TRUE(Standing(u"Splash"_s).empty());
-          EXPECT_TRUE(Standing(u"MainProg"_s).empty());
-          Key(Qt::Key_Return);
-        });
-        Key(Qt::Key_Space);
-        Await(u"MainProg"_s);
-        program->End();
-      }),
-      0);
+  EXPECT_EQ(Run([&] {
+              Await(u"Splash"_s);
+              WhenABoxStands([&](QMessageBox* box) {
+                EXPECT_TRUE(box->text().startsWith(
+                    u"Cannot read "_s + QDir::toNativeSeparators(folder.PathOf("Brindle2.ini"))))
+                    << box->text().toStdString();
+                EXPECT_TRUE(Standing(u"Splash"_s).empty());
+                EXPECT_TRUE(Standing(u"MainProg"_s).empty());
+                Key(Qt::Key_Return);
+              });
+              Key(Qt::Key_Space);
+              Await(u"MainProg"_s);
+              program->End();
+            }),
+            0);
   EXPECT_EQ(boxesSeen, 1);
 }
 
