@@ -23,6 +23,7 @@
 #include "app/gallery/recording.h"
 #include "app/shell/all_windows.h"
 #include "app/shell/built_product.h"
+#include "app/shell/look.h"
 #include "app/shell/main_prog.h"
 #include "app/shell/splash.h"
 #include "app/shell/system_registry.h"
@@ -199,6 +200,7 @@ int Run() {
     font.setPointSize(14);
     QApplication::setFont(font);
   }
+  FollowPalette();
   const QDir folder(arguments.positionalArguments().constFirst());
   if (!folder.mkpath(u"."_s)) {
     std::cerr << "cannot create " << folder.path().toStdString() << '\n';

@@ -6,12 +6,15 @@
 
 #include "app/settings/settings_file.h"
 #include "app/shell/built_product.h"
+#include "app/shell/look.h"
 #include "app/shell/program.h"
 #include "app/shell/termination.h"
 
 int main(int argc, char** argv) {
+  brindle::AskForDarkPalette();
   const QApplication application(argc, argv);
   brindle::SetUpApplication();
+  brindle::FollowPalette();
   brindle::Program program(brindle::BuiltProduct(), {.program = QApplication::applicationDirPath(),
                                                      .config = brindle::DesktopConfigFolder()});
   const brindle::Termination termination;
