@@ -2,8 +2,9 @@
 ; SPDX-License-Identifier: MIT
 ;
 ; The installer, for one user or for all. makensis is told VERSION, FILES (the folder with everything
-; to be installed), ICON, WEBSITE and OUTPUT, and may be told SIGN (a command that signs the file whose
-; path is appended to it). Silently: /S with /CurrentUser or /AllUsers, and /D=FOLDER as the last.
+; to be installed), REMOVAL (a file that deletes just that, file by file), ICON, WEBSITE and OUTPUT, and
+; may be told SIGN (a command that signs the file whose path is appended to it). Silently: /S with
+; /CurrentUser or /AllUsers.
 ; The uninstaller leaves the settings unless they are ticked too, or silently: /S /REMOVESETTINGS.
 
 Target amd64-unicode
@@ -28,6 +29,7 @@ SetCompressor /SOLID lzma
 !include LogicLib.nsh
 
 Name Brindle
+InstallDir "$LOCALAPPDATA\Programs\Brindle" ; a folder that is chosen gets its last part
 OutFile "${OUTPUT}"
 BrandingText "Brindle ${VERSION}"
 VIProductVersion "${VERSION}.0.0"
@@ -56,18 +58,23 @@ VIAddVersionKey LegalCopyright "Velbrin and the Brindle contributors"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; A program that runs can be neither replaced nor removed.
+; A program that runs can be neither replaced nor removed: its file cannot be written.
 !macro WaitUntilItRunsNoMore
   ${Do}
-    FindWindow $0 "" "Velbrin's Brindle ${VERSION} DX"
-    ${If} $0 == 0
+    ${IfNot} ${FileExists} "$INSTDIR\brindle2.exe"
+      ${Break}
+    ${EndIf}
+    ClearErrors
+    FileOpen $0 "$INSTDIR\brindle2.exe" a
+    ${IfNot} ${Errors}
+      FileClose $0
       ${Break}
     ${EndIf}
     ${If} ${Silent}
       SetErrorLevel 2
       Quit
     ${EndIf}
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Brindle is running. Please close it." IDRETRY +2
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$INSTDIR\brindle2.exe cannot be replaced or removed. If Brindle is running, please close it." IDRETRY +2
       Quit
   ${Loop}
 !macroend
@@ -75,12 +82,11 @@ VIAddVersionKey LegalCopyright "Velbrin and the Brindle contributors"
 Function .onInit
   SetRegView 64
   !insertmacro MULTIUSER_INIT
-  !insertmacro WaitUntilItRunsNoMore
 FunctionEnd
 
 Section
+  !insertmacro WaitUntilItRunsNoMore
   SetOutPath $INSTDIR
-  RMDir /r "$INSTDIR\licences"
   File /r "${FILES}\*"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\Brindle.lnk" "$INSTDIR\brindle2.exe"
@@ -99,12 +105,11 @@ Section
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" EstimatedSize $0
 SectionEnd
 
+; Nothing but what was installed: the folder may be one that others use.
 Section "-un.Program"
-  Delete "$INSTDIR\brindle2.exe"
-  Delete "$INSTDIR\Brindle2.chm"
-  Delete "$INSTDIR\readme.txt"
+  !insertmacro WaitUntilItRunsNoMore
+  !include "${REMOVAL}"
   Delete "$INSTDIR\uninstall.exe"
-  RMDir /r "$INSTDIR\licences"
   Delete "$SMPROGRAMS\Brindle.lnk"
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
 SectionEnd
@@ -127,19 +132,25 @@ SectionEnd
 
 Function un.onInit
   SetRegView 64
+  StrCpy $R0 $INSTDIR
   !insertmacro MULTIUSER_UNINIT
-  ; Whose installation this is, its folder tells.
+  ; Whose installation this is, its folder tells; the modes bring folders of their own.
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
-  ${If} $0 == $INSTDIR
+  ${If} $0 == $R0
     Call un.MultiUser.InstallMode.CurrentUser
   ${Else}
     Call un.MultiUser.InstallMode.AllUsers
+    ${If} $MultiUser.InstallMode != AllUsers
+      MessageBox MB_OK|MB_ICONSTOP "Brindle was installed for all users of this computer; to uninstall it takes an administrator." /SD IDOK
+      SetErrorLevel 2
+      Quit
+    ${EndIf}
   ${EndIf}
+  StrCpy $INSTDIR $R0
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/REMOVESETTINGS" $1
   ${IfNot} ${Errors}
     SectionSetFlags ${Settings} ${SF_SELECTED}
   ${EndIf}
-  !insertmacro WaitUntilItRunsNoMore
 FunctionEnd

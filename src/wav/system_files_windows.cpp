@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include <cwchar>
 #include <io.h>
-#include <optional>
+#include <string>
 #include <windows.h>
 
 #include <QFile>
 #include <QString>
 
+#include "app/settings/at_path.h"
 #include "app/settings/windows_path.h"
 #include "wav/system_files.h"
 
@@ -15,18 +17,13 @@ namespace brindle {
 
 namespace {
 
-// The file at the end of a path, as its file system numbers it.
-std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const QString& path) {
-  if (path.isEmpty()) {
-    return std::nullopt;
-  }
-  const auto handle = LookAt(path);
-  BY_HANDLE_FILE_INFORMATION identity = {};
-  if (handle.get() == INVALID_HANDLE_VALUE ||
-      GetFileInformationByHandle(handle.get(), &identity) == FALSE) {
-    return std::nullopt;
-  }
-  return identity;
+bool IsValid(const Handle& handle) { return handle.get() != INVALID_HANDLE_VALUE; }
+
+std::wstring FinalPath(const Handle& handle) {
+  std::wstring path(GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0), L'\0');
+  path.resize(
+      GetFinalPathNameByHandleW(handle.get(), path.data(), static_cast<DWORD>(path.size()), 0));
+  return path;
 }
 
 }  // namespace
@@ -34,9 +31,13 @@ std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const QString& path) {
 // Either it cannot even be opened as this program opens files, or ranges of it cannot be read.
 bool IsLocked(const QFile& file) {
   if (!file.isOpen()) {
+    // Opening a device or a pipe could do something.
+    if (WhatIsAt(file.fileName()).error) {
+      return false;
+    }
     const auto handle =
         OpenExisting(file.fileName(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
-    return handle.get() == INVALID_HANDLE_VALUE && GetLastError() == ERROR_SHARING_VIOLATION;
+    return !IsValid(handle) && GetLastError() == ERROR_SHARING_VIOLATION;
   }
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the system's form
   auto* handle = reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()));
@@ -48,11 +49,25 @@ bool IsLocked(const QFile& file) {
   return false;
 }
 
+// Both are held open meanwhile: only so long is a file's number its own. Some servers number no
+// file.
 bool LeadToSameFile(const QString& path, const QString& other) {
-  const auto one = IdentityOf(path);
-  const auto two = IdentityOf(other);
-  return one && two && one->dwVolumeSerialNumber == two->dwVolumeSerialNumber &&
-         one->nFileIndexHigh == two->nFileIndexHigh && one->nFileIndexLow == two->nFileIndexLow;
+  if (path.isEmpty() || other.isEmpty()) {
+    return false;
+  }
+  const auto one = LookAt(path);
+  const auto two = LookAt(other);
+  BY_HANDLE_FILE_INFORMATION first = {};
+  BY_HANDLE_FILE_INFORMATION second = {};
+  if (!IsValid(one) || !IsValid(two) || GetFileInformationByHandle(one.get(), &first) == FALSE ||
+      GetFileInformationByHandle(two.get(), &second) == FALSE ||
+      first.dwVolumeSerialNumber != second.dwVolumeSerialNumber ||
+      first.nFileIndexHigh != second.nFileIndexHigh ||
+      first.nFileIndexLow != second.nFileIndexLow) {
+    return false;
+  }
+  const bool isNumbered = first.nFileIndexHigh != 0 || first.nFileIndexLow != 0;
+  return isNumbered || _wcsicmp(FinalPath(one).c_str(), FinalPath(two).c_str()) == 0;
 }
 
 }  // namespace brindle

@@ -41,8 +41,16 @@ inline std::wstring SystemPath(const QString& path) {
 /// Opens what stands at the path, a folder too; an invalid handle, and the system's last error,
 /// where it cannot.
 inline Handle OpenExisting(const QString& path, DWORD access, DWORD share) {
-  return Handle(CreateFileW(SystemPath(path).c_str(), access, share, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  DWORD error = ERROR_SUCCESS;
+  HANDLE handle = INVALID_HANDLE_VALUE;
+  {
+    const auto systemPath = SystemPath(path);
+    handle = CreateFileW(systemPath.c_str(), access, share, nullptr, OPEN_EXISTING,
+                         FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    error = GetLastError();
+  }
+  SetLastError(error);  // what freeing the path's memory may have changed
+  return Handle(handle);
 }
 
 /// The same, only to look at it: needs no right to read it and hinders nobody.

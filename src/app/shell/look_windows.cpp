@@ -16,6 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr auto Platform = "QT_QPA_PLATFORM";
+constexpr auto OwnPlatform = "windows:darkmode=2";
+
 // The system's own style draws light fields and buttons, whatever the palette is.
 QString StyleFor(const QPalette& palette) {
   constexpr int half = 128;  // of the lightness
@@ -44,12 +47,16 @@ class PaletteWatch : public QObject {
 }  // namespace
 
 void AskForDarkPalette() {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");
+  if (qEnvironmentVariableIsEmpty(Platform)) {
+    qputenv(Platform, OwnPlatform);
   }
 }
 
 void FollowPalette() {
+  // It was for this program, not for those that it starts.
+  if (qgetenv(Platform) == OwnPlatform) {
+    qunsetenv(Platform);
+  }
   KeepToPalette();
   qApp->installEventFilter(new PaletteWatch(qApp));
 }
