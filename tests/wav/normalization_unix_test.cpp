@@ -282,13 +282,7 @@ struct RoomCase {
 
 class FullDiskOfPass : public FilesOfPass, public ::testing::WithParamInterface<RoomCase> {
  protected:
-  static void FillUp() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{GetParam().bytes, GetParam().bytes};
-    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
-      _exit(2);
-    }
-  }
+  static void FillUp() { FillDisk(GetParam().bytes); }
 };
 
 TEST_P(FullDiskOfPass, IsAnErrorOfTheTarget) {

@@ -26,10 +26,11 @@ struct HandleCloser {
 using Handle = std::unique_ptr<HANDLE, HandleCloser>;
 
 /// The path as the system wants it: as it is where that is short, for then it knows its devices;
-/// else whole and marked as one of any length.
+/// else whole and marked as one of any length, unless it is so already.
 inline std::wstring SystemPath(const QString& path) {
   const auto whole = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
-  if (whole.size() < MAX_PATH) {
+  const bool isMarked = path.startsWith(QStringLiteral("\\\\?\\"));
+  if (isMarked || whole.size() < MAX_PATH) {
     return QDir::toNativeSeparators(path).toStdWString();
   }
   const bool isOnServer = whole.startsWith(QStringLiteral("\\\\"));

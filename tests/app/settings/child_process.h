@@ -11,6 +11,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -66,6 +67,15 @@ inline std::string InChild(const std::function<std::string()>& check) {
     report += "the child ended with status " + std::to_string(status);
   }
   return report;
+}
+
+/// In a child: the disk fills up after so many bytes of any one file.
+inline void FillDisk(rlim_t bytes) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{bytes, bytes};
+  if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+    _exit(2);
+  }
 }
 
 }  // namespace brindle

@@ -130,13 +130,7 @@ struct LimitCase {
 // A disk that fills up after so many bytes of any one file.
 class FullDiskTest : public ::testing::TestWithParam<LimitCase> {
  protected:
-  static void FillUp() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{GetParam().bytes, GetParam().bytes};
-    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
-      _exit(2);
-    }
-  }
+  static void FillUp() { FillDisk(GetParam().bytes); }
 };
 
 TEST_P(FullDiskTest, WriteIsAnErrorAndTheOldFileStays) {
