@@ -14,7 +14,6 @@
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
 #include "app/windows/windows.h"
 #include "audiodisk/audio_bitrate.h"
 
@@ -101,7 +100,7 @@ void AudioCalc::Form_Load() {
   Interl->Refresh();
   WriteNumber(Target, record_.TargetAVISize);
   WriteNumber(Source, record_.VideoOnlySize);
-  MLength->Write(ToQString(MinutesText(record_.MovieLength)));
+  WriteMinutes(MLength, record_.MovieLength);
   CalcAudioBitrate();
 }
 
@@ -133,7 +132,7 @@ void AudioCalc::Source_KeyUp() { FillAndCalc(); }
 void AudioCalc::Source_MouseDown() { FillAndCalc(); }
 void AudioCalc::Source_MouseUp() { RepairText(Source); }
 
-void AudioCalc::SourceP_MouseDown() { HoldPlus(Source, ToInteger16(NumberIn(Target))); }
+void AudioCalc::SourceP_MouseDown() { HoldPlus(Source, ToInteger32(NumberIn(Target))); }
 void AudioCalc::SourceP_MouseUp() { spin_.Release(Source); }
 void AudioCalc::SourceM_MouseDown() { HoldMinus(Source, 1); }
 void AudioCalc::SourceM_MouseUp() { spin_.Release(Source); }
@@ -145,7 +144,7 @@ void AudioCalc::Target_MouseUp() { RepairText(Target); }
 
 void AudioCalc::TargetP_MouseDown() { HoldPlus(Target, std::nullopt); }
 void AudioCalc::TargetP_MouseUp() { spin_.Release(Target); }
-void AudioCalc::TargetM_MouseDown() { HoldMinus(Target, ToInteger16(NumberIn(Source))); }
+void AudioCalc::TargetM_MouseDown() { HoldMinus(Target, ToInteger32(NumberIn(Source))); }
 void AudioCalc::TargetM_MouseUp() { spin_.Release(Target); }
 
 void AudioCalc::Command1_Click() {
@@ -167,7 +166,7 @@ void AudioCalc::CalcAudioBitrate() {
       .interleaveKiloBytesPerSecond = record_.AudioInterleaveOverhead,
       .minutes = record_.MovieLength,
   });
-  Result->setText(bitrate > 0 ? ToQString(Formatted(bitrate, "#")) : QString());
+  Result->Write(bitrate > 0 ? ToQString(Formatted(bitrate, "#")) : QString());
   ShowAudioQuality(bitrate);
 }
 

@@ -17,7 +17,6 @@
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
 #include "audiodisk/disk_space.h"
 
 namespace brindle {
@@ -135,7 +134,7 @@ void HDCalc::Form_Load() {
   Video.Select(ToInteger16(record_.HDVideoMode));
   Audio.Select(record_.HDAudioType);
   MP2->Fill(UsualAudioBitrates());
-  MLength->Write(ToQString(MinutesText(record_.MovieLength)));
+  WriteMinutes(MLength, record_.MovieLength);
   WriteNumber(MP2->Field(), record_.HDAudioBitrate);
   WriteNumber(Video1, record_.HDVideoBitrate);
   WriteNumber(Video2, record_.VideoOnlySize);

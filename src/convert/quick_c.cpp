@@ -4,12 +4,12 @@
 #include "convert/quick_c.h"
 
 #include <cstdint>
+#include <limits>
 
 #include <QString>
 
 #include "app/input/common_choices.h"
 #include "app/input/field_text.h"
-#include "app/input/frames_field.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
 #include "app/numbers/frame_rate.h"
@@ -48,9 +48,13 @@ void Carry(TextField* from, TextField* to) {
   }
 }
 
-// Minutes as they are shown; unlike elsewhere none are "0".
-QString ShownMinutes(double minutes) {
-  return minutes == 0 ? u"0"_s : ToQString(MinutesText(minutes));
+// Unlike elsewhere, no minutes are "0".
+void WriteRunningMinutes(TextField* field, double minutes) {
+  if (minutes == 0) {
+    field->Write(u"0"_s);
+  } else {
+    WriteMinutes(field, minutes);
+  }
 }
 
 }  // namespace
@@ -61,8 +65,10 @@ QuickC::QuickC(Services& services)
       Time1(new TextField(u"Time1"_s, u"Hours"_s)),
       Time2(new TextField(u"Time2"_s, u"Minutes"_s)),
       Time3(new TextField(u"Time3"_s, u"Seconds"_s)),
+      time_(Time1, Time2, Time3),
       Min(new TextField(u"Min"_s, u"Minutes"_s)),
       Frames(new TextField(u"Frames"_s, u"Number of video frames"_s)),
+      frames_(Frames),
       System(u"System"_s),
       B(new TextField(u"B"_s, u"Bytes"_s)),
       KB(new TextField(u"KB"_s, u"Kilobytes"_s)),
@@ -147,7 +153,7 @@ void QuickC::Form_Load() {
   WriteNumber(GB, record_.QuickSizeMB / 1024);
   WriteNumber(KB, NumberIn(MB) * 1024);
   WriteNumber(B, NumberIn(KB) * 1024);
-  Min->Write(ShownMinutes(record_.MovieLength));
+  WriteRunningMinutes(Min, record_.MovieLength);
   if (!IsEmpty(Min)) {
     FramesFromMinutes();
     TimeFromFrames();
@@ -192,7 +198,7 @@ void QuickC::Time3_MouseDown() {
 void QuickC::Time3_MouseUp() { RepairEntry(Time3, MostSeconds); }
 void QuickC::Time3_LostFocus() {
   NormalizeFields();
-  WriteFormatted(Time3, NumberIn(Time3), "00.00");
+  RewriteFormatted(Time3, "00.00");
 }
 
 void QuickC::Min_KeyPress() { RepairEntry(Min, MostRunningMinutes); }
@@ -208,7 +214,7 @@ void QuickC::Min_MouseDown() {
 void QuickC::Min_MouseUp() { RepairEntry(Min, MostRunningMinutes); }
 void QuickC::Min_LostFocus() {
   NormalizeFields();
-  Min->Write(ShownMinutes(NumberIn(Min)));
+  WriteRunningMinutes(Min, NumberIn(Min));
 }
 
 void QuickC::Frames_KeyPress() { RepairEntry(Frames, MostFrames); }
@@ -247,7 +253,6 @@ void QuickC::MinutesChanged() {
   TimeFromMinutes();
 }
 
-// The minutes deliberately follow the time as it is shown, rounded to hundredths of a second.
 void QuickC::FramesChanged() {
   TimeFromFrames();
   // Without a frame rate there is no time to follow.
@@ -256,37 +261,32 @@ void QuickC::FramesChanged() {
   }
 }
 
-void QuickC::TimeFromFrames() {
-  StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
-  ShowTime(NumberIn(Frames) / FrameRate / 60);
-}
-
-void QuickC::TimeFromMinutes() { ShowTime(NumberIn(Min)); }
-
 // Nothing where there is no frame rate to know it by.
-void QuickC::ShowTime(double minutes) {
-  const auto time = TakeApart(minutes);
-  WriteNumber(Time1, time.hours);
-  WriteNumber(Time2, time.minutes);
-  WriteFormatted(Time3, time.seconds, "00.00");
+void QuickC::TimeFromFrames() {
+  const auto minutes = frames_.Minutes(FrameRate);
+  record_.MovieLength = minutes.value_or(record_.MovieLength);
+  time_.Show(minutes.value_or(std::numeric_limits<double>::infinity()));
 }
 
-void QuickC::FramesFromMinutes() { WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength); }
+void QuickC::TimeFromMinutes() { time_.Show(NumberIn(Min)); }
+
+void QuickC::FramesFromMinutes() { frames_.Write(record_.MovieLength, FrameRate); }
 
 void QuickC::MinutesFromTime() {
-  record_.MovieLength = InMinutes({NumberIn(Time1), NumberIn(Time2), NumberIn(Time3)});
-  Min->Write(ShownMinutes(record_.MovieLength));
+  record_.MovieLength = time_.Minutes();
+  WriteRunningMinutes(Min, record_.MovieLength);
 }
 
 // Seconds that somebody is about to go on typing keep the zeros at their end.
 void QuickC::NormalizeFields(const TextField* pressed) {
   for (auto* part : {Time1, Time2}) {
-    if (!IsEmpty(part)) {
-      WriteNumber(part, WholePart(LeadingNumberIn(part)));
+    // What the program wrote is whole.
+    if (!IsEmpty(part) && !part->WrittenFrom()) {
+      WriteTyped(part, WholePart(LeadingNumberIn(part)));
     }
   }
   if (!IsEmpty(Time3) && !Time3->text().endsWith(u'.')) {
-    (pressed == Time3 ? WriteOwnNumber : WriteNumber)(Time3, LeadingNumberIn(Time3));
+    (pressed == Time3 ? RewriteWhileTyping : RewriteNumber)(Time3);
   }
   if (IsEmpty(B) || IsEmpty(KB) || IsEmpty(MB) || IsEmpty(GB)) {
     for (auto* size : {GB, MB, KB, B}) {
@@ -306,10 +306,11 @@ void QuickC::NormalizeFields(const TextField* pressed) {
 void QuickC::ConvertFrom(SizeUnit unit) {
   auto* source = FieldOf(unit);
   RepairWithin(source, LargestSize(unit));
-  const auto texts = SizesFrom(unit, source->text().toStdString());
+  const auto sizes = SizesFrom(unit, NumberIn(source));
   for (const auto other : SizeUnits) {
     if (other != unit) {
-      FieldOf(other)->Write(ToQString(texts.at(IndexOf(other))));
+      const auto& size = sizes.at(IndexOf(other));
+      FieldOf(other)->Write(ToQString(size.text), size.exact);
     }
   }
   // Deliberately before the tidying, which rounds sizes and empties those of 0.
@@ -323,7 +324,7 @@ void QuickC::TidyUnitFields(SizeUnit editing) {
   for (const auto unit : SizeUnits) {
     if (unit != editing) {
       auto* field = FieldOf(unit);
-      field->Write(ToQString(TidiedSize(unit, field->text().toStdString())));
+      field->Write(ToQString(TidiedSize(unit, field->text().toStdString())), NumberIn(field));
     }
   }
 }

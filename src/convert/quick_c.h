@@ -4,7 +4,9 @@
 #pragma once
 
 #include "app/input/form.h"
+#include "app/input/frame_count.h"
 #include "app/input/option_group.h"
+#include "app/input/running_time_fields.h"
 #include "app/input/text_field.h"
 #include "app/settings/settings.h"
 #include "app/windows/services.h"
@@ -56,7 +58,6 @@ class QuickC : public Form {
   void FramesChanged();
   void TimeFromFrames();
   void TimeFromMinutes();
-  void ShowTime(double minutes);
   void FramesFromMinutes();
   void MinutesFromTime();
   void NormalizeFields(const TextField* pressed = nullptr);
@@ -70,8 +71,10 @@ class QuickC : public Form {
   TextField* Time1;
   TextField* Time2;
   TextField* Time3;
+  RunningTimeFields time_;
   TextField* Min;
   TextField* Frames;
+  FrameCount frames_;
   OptionGroup System;
   TextField* B;
   TextField* KB;

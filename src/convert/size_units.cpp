@@ -23,21 +23,21 @@ double LargestSize(SizeUnit unit) {
   return largest.at(IndexOf(unit));
 }
 
-SizeTexts SizesFrom(SizeUnit unit, const std::string& text) {
-  SizeTexts texts;
-  texts.fill("0");
+ShownSizes SizesFrom(SizeUnit unit, double size) {
+  ShownSizes sizes;
   const std::size_t source = IndexOf(unit);
-  texts.at(source) = text;
-  if (text.empty()) {
-    return texts;
-  }
-  for (std::size_t i = source + 1; i < texts.size(); ++i) {
-    texts.at(i) = TextOf(NumberOf(texts.at(i - 1)) / Base);
+  sizes.at(source) = {TextOf(size), size};
+  // The first step starts from the size itself.
+  const auto before = [&](std::size_t i) {
+    return i == source ? size : NumberOf(sizes.at(i).text);
+  };
+  for (std::size_t i = source + 1; i < sizes.size(); ++i) {
+    sizes.at(i) = {TextOf(before(i - 1) / Base), sizes.at(i - 1).exact / Base};
   }
   for (std::size_t i = source; i > 0; --i) {
-    texts.at(i - 1) = TextOf(NumberOf(texts.at(i)) * Base);
+    sizes.at(i - 1) = {TextOf(before(i) * Base), sizes.at(i).exact * Base};
   }
-  return texts;
+  return sizes;
 }
 
 std::string TidiedSize(SizeUnit unit, const std::string& text) {

@@ -14,8 +14,14 @@ enum class SizeUnit { B, KB, MB, GB };
 
 inline constexpr std::array SizeUnits{SizeUnit::B, SizeUnit::KB, SizeUnit::MB, SizeUnit::GB};
 
-/// One text for each unit, in the order of SizeUnits.
-using SizeTexts = std::array<std::string, SizeUnits.size()>;
+/// A size in one unit.
+struct ShownSize {
+  std::string text;
+  double exact = 0;  ///< what the text stands for
+};
+
+/// A size in each unit, in the order of SizeUnits.
+using ShownSizes = std::array<ShownSize, SizeUnits.size()>;
 
 [[nodiscard]] constexpr std::size_t IndexOf(SizeUnit unit) {
   return static_cast<std::size_t>(unit);
@@ -25,10 +31,10 @@ using SizeTexts = std::array<std::string, SizeUnits.size()>;
 /// and 93132257462, which deliberately is the quotient 93132257461.547... rounded up.
 [[nodiscard]] double LargestSize(SizeUnit unit);
 
-/// A size in all units, worked out from its text in one of them, unit by unit outwards; each step
-/// starts from the text of the step before it. An empty text gives "0" in all other units. Example:
-/// "1" MB is "1024" KB, "1048576" B and "0.0009765625" GB.
-[[nodiscard]] SizeTexts SizesFrom(SizeUnit unit, const std::string& text);
+/// A size in all units, worked out from one of them, unit by unit outwards. What is shown is
+/// deliberately worked out from the text of the step before, the last digit included. Example: 1 MB
+/// is "1024" KB, "1048576" B and "0.0009765625" GB.
+[[nodiscard]] ShownSizes SizesFrom(SizeUnit unit, double size);
 
 /// How a size that nobody is typing is shown: above 9999999999 with plain digits and at most one
 /// decimal; whole sizes without decimals. A size of exactly 0 is "0" in bytes and deliberately

@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include <QLabel>
 #include <QString>
 
 #include "app/input/common_choices.h"
 #include "app/input/field_text.h"
-#include "app/input/frames_field.h"
 #include "app/input/labels.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
@@ -49,6 +49,7 @@ AVISplit::AVISplit(Services& services)
       AVIsize(
           new TextField(u"AVIsize"_s, u"The size of the big AVI file that needs to be split"_s)),
       Frames(new TextField(u"Frames"_s, u"Total number of frames"_s)),
+      frames_(Frames),
       Segs(u"Segs"_s),
       Size1(new TextField(u"Size1"_s, u"Size of the first segment in Megabytes"_s)),
       Size2(new TextField(u"Size2"_s, u"Size of the second segment in Megabytes"_s)),
@@ -147,7 +148,7 @@ void AVISplit::Form_Load() {
   WriteNumber(AVIsize, record_.SplitAVISize);
   WriteNumber(Size1, record_.SplitSize1);
   WriteNumber(Size2, record_.SplitSize2);
-  WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength);
+  frames_.Write(record_.MovieLength, FrameRate);
   WriteNumber(KeyFs, record_.KeyframeInterval);
   const bool isThree = record_.SplitSegmentsMode != 0;
   Segs.Select(isThree ? Three : Two);
@@ -167,8 +168,8 @@ void AVISplit::Form_Load() {
 }
 
 void AVISplit::AVIsize_GotFocus() { SelectWholeText(AVIsize); }
-void AVISplit::AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, &Settings::SplitAVISize); }
-void AVISplit::AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, &Settings::SplitAVISize); }
+void AVISplit::AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
+void AVISplit::AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
 
 void AVISplit::Frames_GotFocus() { SelectWholeText(Frames); }
 void AVISplit::Frames_KeyPress() { LimitFrames(); }
@@ -182,13 +183,12 @@ void AVISplit::Segs_Click(int index) {
 }
 
 void AVISplit::Size1_GotFocus() { SelectWholeText(Size1); }
-void AVISplit::Size1_KeyUp() { EditSize(Editing::Size1, Size1, &Settings::SplitSize1); }
-void AVISplit::Size1_MouseDown() { EditSize(Editing::Size1, Size1, &Settings::SplitSize1); }
+void AVISplit::Size1_KeyUp() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
+void AVISplit::Size1_MouseDown() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
 
 void AVISplit::Size2_GotFocus() { SelectWholeText(Size2); }
-// Deliberately also of two segments, where the size is the rest that was worked out.
-void AVISplit::Size2_KeyUp() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
-void AVISplit::Size2_MouseDown() { EditSize(Editing::Size2, Size2, &Settings::SplitSize2); }
+void AVISplit::Size2_KeyUp() { EditSize2(); }
+void AVISplit::Size2_MouseDown() { EditSize2(); }
 
 void AVISplit::Size3_GotFocus() { SelectWholeText(Size3); }
 
@@ -205,16 +205,23 @@ void AVISplit::KeyFs_KeyPress() {
 void AVISplit::KeyFs_KeyUp() { EditKeyFs(); }
 void AVISplit::KeyFs_MouseDown() { EditKeyFs(); }
 
-void AVISplit::EditSize(Editing code, TextField* field, double Settings::*stored) {
+void AVISplit::EditSize(Editing code, TextField* field, double& stored) {
   FillBlankFields(code);
   const double megaBytes = RepairedNumber(field);
   if (IsEmpty(field)) {
     return;
   }
-  record_.*stored = megaBytes;
+  stored = megaBytes;
   if (megaBytes > 0) {
     Recalculate();
   }
+}
+
+// Of two segments the second size is the rest that was worked out, which nobody typed.
+void AVISplit::EditSize2() {
+  double computed = 0;
+  const bool isTyped = Segs.Selected() != Two;
+  EditSize(Editing::Size2, Size2, isTyped ? record_.SplitSize2 : computed);
 }
 
 void AVISplit::EditFrames() {
@@ -223,18 +230,31 @@ void AVISplit::EditFrames() {
   if (IsEmpty(Frames)) {
     return;
   }
-  WriteNumber(Frames, std::abs(WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames))));
+  TakeWholeFrames();
+  RepairSign(Frames);
   if (NumberIn(Frames) > 0) {
-    StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
+    StoreRunningTime();
     Recalculate();
   }
 }
 
 void AVISplit::LimitFrames() {
   if (!IsEmpty(Frames)) {
-    WriteNumber(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
-    StoreMinutesOfFrames(Frames, FrameRate, record_.MovieLength);
+    TakeWholeFrames();
+    StoreRunningTime();
   }
+}
+
+// What the program wrote is whole, and has no limit.
+void AVISplit::TakeWholeFrames() {
+  if (!Frames->WrittenFrom()) {
+    WriteTyped(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
+  }
+}
+
+// Without a frame rate the running time keeps its value.
+void AVISplit::StoreRunningTime() {
+  record_.MovieLength = frames_.Minutes(FrameRate).value_or(record_.MovieLength);
 }
 
 void AVISplit::EditKeyFs() {
@@ -290,27 +310,32 @@ void AVISplit::UpdateKeyframeCount() {
     // Deliberately without storing it.
     KeyFs->Write(u"1"_s);
   }
-  const auto keyFrames = KeyFrames(NumberIn(Frames), IntervalInFrames());
+  const auto keyFrames = KeyFrames(CountedFrames(), IntervalInFrames());
   KeyFr->Show(keyFrames ? QString::number(*keyFrames) : QString());
 }
 
-// Rounds the running time down to whole frames.
 void AVISplit::UpdateFramesAndDuration() {
-  WriteFramesOfMinutes(Frames, FrameRate, record_.MovieLength);
-  const auto minutes = MinutesOfFrames(NumberIn(Frames), FrameRate);
-  const auto time = TakeApart(minutes.value_or(0));
+  frames_.Write(record_.MovieLength, FrameRate);
+  const auto minutes = frames_.Minutes(FrameRate);
+  const auto time = TakeApart(SecondsToHundredths(minutes.value_or(0)));
   Time1->Show(minutes ? ToQString(TextOf(time.hours)) : QString());
   Time2->Show(minutes ? ToQString(TextOf(time.minutes)) : QString());
   Time3->Show(minutes ? ToQString(Formatted(time.seconds, "00.00")) : QString());
 }
 
 // Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows
-// what was typed; and cuts at every key: a file being typed over pulls the first segment down.
+// what was typed. While the size of the file is being typed, every key begins again with the sizes
+// that were typed: 1400 typed over 1300 is 1, 14 and 140 on its way.
 void AVISplit::FillBlankFields(Editing editing) {
   const auto one = u"1"_s;
   const bool isThree = Segs.Selected() == Three;
   if (editing != Editing::AVIsize) {
     FillBlank(AVIsize, one);
+  } else {
+    WriteNumber(Size1, record_.SplitSize1);
+    if (isThree) {
+      WriteNumber(Size2, record_.SplitSize2);
+    }
   }
   if (editing != Editing::Frames) {
     FillBlank(Frames, one);
@@ -354,11 +379,16 @@ void AVISplit::ShowThirdSegment(bool isShown) {
 }
 
 SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) const {
-  return {.frames = NumberIn(Frames),
+  return {.frames = CountedFrames(),
           .megaBytes = NumberIn(AVIsize),
           .firstMegaBytes = firstMegaBytes,
           .secondMegaBytes = secondMegaBytes,
           .keyFrameInterval = IntervalInFrames()};
+}
+
+// Not finite where there were too many to be shown.
+double AVISplit::CountedFrames() const {
+  return IsEmpty(Frames) ? std::numeric_limits<double>::infinity() : NumberIn(Frames);
 }
 
 double AVISplit::IntervalInFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/input/form.h"
+#include "app/input/frame_count.h"
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
 #include "app/input/text_field.h"
@@ -55,9 +56,11 @@ class AVISplit : public Form {
   void KeyFs_KeyUp();
   void KeyFs_MouseDown();
 
-  void EditSize(Editing code, TextField* field, double Settings::*stored);
+  void EditSize(Editing code, TextField* field, double& stored);
+  void EditSize2();
   void EditFrames();
   void LimitFrames();
+  void TakeWholeFrames();
   void EditKeyFs();
   void LimitKeyFs();
 
@@ -66,11 +69,13 @@ class AVISplit : public Form {
   void SplitInThree();
   void UpdateKeyframeCount();
   void UpdateFramesAndDuration();
+  void StoreRunningTime();
   void FillBlankFields(Editing editing);
   void SelectSystem(int index);
   void SelectSplitMode(int index);
   void ShowThirdSegment(bool isShown);
   [[nodiscard]] SplitInputs InputsOf(double firstMegaBytes, double secondMegaBytes) const;
+  [[nodiscard]] double CountedFrames() const;
   [[nodiscard]] double IntervalInFrames() const;
 
   Settings& record_;
@@ -78,6 +83,7 @@ class AVISplit : public Form {
 
   TextField* AVIsize;
   TextField* Frames;
+  FrameCount frames_;
   OptionGroup Segs;
   TextField* Size1;
   TextField* Size2;

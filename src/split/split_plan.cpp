@@ -38,7 +38,7 @@ double KeyFrameInterval(double seconds, double framesPerSecond) {
 }
 
 std::optional<std::int64_t> KeyFrames(double frames, double keyFrameInterval) {
-  return IntegerDivided(frames, keyFrameInterval);
+  return std::isfinite(frames) ? IntegerDivided(frames, keyFrameInterval) : std::nullopt;
 }
 
 double Remainder(double megaBytes, double firstMegaBytes, double secondMegaBytes) {

@@ -37,7 +37,8 @@ using SplitPlan = std::array<FrameRange, 4>;
 /// number, deliberately not the exact one: 10 seconds at 29.97 are 300 frames.
 [[nodiscard]] double KeyFrameInterval(double seconds, double framesPerSecond);
 
-/// How many whole key-frame intervals there are; nothing where the interval is 0 frames.
+/// How many whole key-frame intervals there are; nothing where the interval is 0 frames or the
+/// frames are not finite.
 [[nodiscard]] std::optional<std::int64_t> KeyFrames(double frames, double keyFrameInterval);
 
 /// What remains of the file behind its parts, in MB, rounded to 9 decimals so that sizes typed as

@@ -18,7 +18,6 @@
 #include "app/input/wiring.h"
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
 #include "app/numbers/stepping.h"
 #include "app/windows/windows.h"
 #include "video/time_fields.h"
@@ -55,6 +54,7 @@ BitrateCalc::BitrateCalc(Services& services)
       Time1(new TextField(u"Time1"_s, u"Movie running time (Hours)"_s)),
       Time2(new TextField(u"Time2"_s, u"Movie running time (Minutes)"_s)),
       Time3(new TextField(u"Time3"_s, u"Movie running time (Seconds)"_s)),
+      time_(Time1, Time2, Time3),
       Capacity(new EditableList(u"Capacity"_s,
                                 u"Size of the storage medium, or AVI target size in Megabytes"_s)),
       Extra(new TextField(
@@ -160,7 +160,7 @@ void BitrateCalc::Form_Load() {
   WriteNumber(CDs->Field(), record_.CDCount);
   WriteNumber(Capacity->Field(), record_.CDCapacity);
   WriteNumber(Extra, record_.ExtraMaterial);
-  MLength->Write(ToQString(MinutesText(record_.MovieLength)));
+  WriteMinutes(MLength, record_.MovieLength);
   DivX.Select(record_.DivXOption);
   DivXFactor = DivXFactorOf(record_.DivXOption);
   Audio->Fill(UsualAudioBitrates());
@@ -246,7 +246,7 @@ void BitrateCalc::Time3_MouseDown() {
 void BitrateCalc::Time3_MouseUp() { RepairSeconds(Time3); }
 void BitrateCalc::Time3_LostFocus() {
   TimeToLengthUnlessEmpty(Time3);
-  WriteFormatted(Time3, NumberIn(Time3), "00.00");
+  RewriteFormatted(Time3, "00.00");
 }
 
 void BitrateCalc::Capacity_Click() { CalcVideoBitrate(); }
@@ -265,7 +265,7 @@ void BitrateCalc::Extra_KeyUp() { CalcVideoBitrate(); }
 void BitrateCalc::Extra_MouseUp() { CalcVideoBitrate(); }
 
 void BitrateCalc::ExtraP_MouseDown() {
-  Hold(ExtraPHeld, Extra, StepUp, ToInteger16(NumberIn(Capacity->Field())));
+  Hold(ExtraPHeld, Extra, StepUp, ToInteger32(NumberIn(Capacity->Field())));
 }
 void BitrateCalc::ExtraP_MouseUp() { spin_.Release(Extra); }
 void BitrateCalc::ExtraM_MouseDown() { Hold(ExtraMHeld, Extra, StepDown, 0); }
@@ -308,7 +308,7 @@ void BitrateCalc::CalcVideoBitrate() {
       .overheadKiloBytesPerSecond = record_.VideoFrameOverhead + record_.AudioInterleaveOverhead,
       .divXFactor = DivXFactor,
   });
-  Result->setText(result.kiloBits > 0 ? ToQString(Formatted(result.kiloBits, "#")) : QString());
+  Result->Write(result.kiloBits > 0 ? ToQString(Formatted(result.kiloBits, "#")) : QString());
   Stat[0]->Show(SizeText(result.videoMegaBytes));
   Stat[1]->Show(SizeText(result.audioMegaBytes));
   Stat[2]->Show(SizeText(result.overheadMegaBytes));
@@ -345,21 +345,22 @@ void BitrateCalc::TimeToLengthUnlessEmpty(const TextField* field) {
 }
 
 void BitrateCalc::TimeToLength() {
-  record_.MovieLength = RepairedMinutes({Time1, Time2, Time3});
+  record_.MovieLength = RepairedMinutes(time_);
   if (record_.MovieLength == 0) {
-    MLength->Write(u"1"_s);
+    PutIn(MLength, u"1"_s);
     record_.MovieLength = 1;
-    Time2->Write(u"1"_s);
+    PutIn(Time2, u"1"_s);
   }
-  MLength->Write(ToQString(MinutesText(record_.MovieLength)));
+  WriteMinutes(MLength, record_.MovieLength);
   CalcVideoBitrate();
 }
 
 void BitrateCalc::LengthToTime() {
-  if (NumberIn(MLength) == 0) {
-    MLength->Write(u"1"_s);
+  // A number just begun is 0 for now.
+  if (IsNumeric(MLength->text().toStdString()) && ShownNumberIn(MLength) == 0) {
+    PutIn(MLength, u"1"_s);
   }
-  ShowTime({Time1, Time2, Time3}, NumberIn(MLength), EditingSeconds);
+  ShowTime(time_, NumberIn(MLength), EditingSeconds);
 }
 
 void BitrateCalc::Hold(Spin state, TextField* field, double (*step)(double, std::optional<double>),

@@ -14,6 +14,7 @@
 #include "app/input/labels.h"
 #include "app/input/option_group.h"
 #include "app/input/results.h"
+#include "app/input/running_time_fields.h"
 #include "app/input/spin_button.h"
 #include "app/input/spin_hold.h"
 #include "app/input/text_field.h"
@@ -113,6 +114,7 @@ class BitrateCalc : public Form, public OverheadOpener {
   TextField* Time1;
   TextField* Time2;
   TextField* Time3;
+  RunningTimeFields time_;
   EditableList* Capacity;
   TextField* Extra;
   SpinButton* ExtraP;

@@ -14,10 +14,24 @@
 namespace brindle {
 namespace {
 
+constexpr double SecondsOfMinute = 60;
+
 void TakeWholePart(TextField* field, double limit) {
-  if (!IsEmpty(field)) {
-    WriteNumber(field, WholePart(std::abs(LeadingNumberIn(field))));
-    WriteNumber(field, ShrinkByTens(NumberIn(field), limit));
+  // What the program wrote is whole, and has no limit.
+  if (IsEmpty(field) || (field->WrittenFrom() && ShownNumberIn(field) >= 0)) {
+    return;
+  }
+  WriteTyped(field, WholePart(std::abs(LeadingNumberIn(field))));
+  WriteTyped(field, ShrinkByTens(ShownNumberIn(field), limit));
+}
+
+// What the minutes beside them already hold.
+void CarryWholeMinutes(TextField* seconds) {
+  constexpr int decimals = 9;  // no residue of the subtraction
+  const double value = NumberIn(seconds);
+  if (value >= SecondsOfMinute) {
+    const double whole = WholePart(value / SecondsOfMinute) * SecondsOfMinute;
+    WriteTyped(seconds, RoundedTo(value - whole, decimals));
   }
 }
 
@@ -29,29 +43,27 @@ void RepairMinutes(TextField* field) { RewriteWithin(field, MostMinutes); }
 
 void RepairSeconds(TextField* field) { RepairWithin(field, MostSeconds); }
 
-double RepairedMinutes(const TimeFields& fields) {
-  TakeWholePart(fields.hours, MostHours);
-  TakeWholePart(fields.minutes, MostMinutes);
-  RepairSeconds(fields.seconds);
-  if (!IsEmpty(fields.seconds) && !fields.seconds->text().endsWith(u'.')) {
-    WriteOwnNumber(fields.seconds, NumberIn(fields.seconds));
+double RepairedMinutes(const RunningTimeFields& fields) {
+  TakeWholePart(fields.Hours(), MostHours);
+  TakeWholePart(fields.WholeMinutes(), MostMinutes);
+  auto* seconds = fields.Seconds();
+  RepairSeconds(seconds);
+  if (!IsEmpty(seconds) && !seconds->text().endsWith(u'.')) {
+    RewriteWhileTyping(seconds);
   }
-  return InMinutes({NumberIn(fields.hours), NumberIn(fields.minutes), NumberIn(fields.seconds)});
+  return fields.Minutes();
 }
 
-void ShowTime(const TimeFields& fields, double minutes, bool editingSeconds) {
-  const auto time = TakeApart(minutes);
-  WriteNumber(fields.hours, time.hours);
-  WriteNumber(fields.minutes, time.minutes);
-  if (!IsNumericIn(fields.seconds)) {
-    WriteNumber(fields.seconds, LeadingNumberIn(fields.seconds));
+void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds) {
+  auto* seconds = fields.Seconds();
+  if (!IsNumericIn(seconds)) {
+    WriteTyped(seconds, LeadingNumberIn(seconds));
   }
-  if (NumberIn(fields.seconds) > 60) {
-    WriteNumber(fields.seconds,
-                static_cast<double>(Modulo(NumberIn(fields.seconds), 60).value_or(0)));
-  }
-  if (!editingSeconds && IsNumericIn(fields.seconds)) {
-    WriteFormatted(fields.seconds, time.seconds, "00.00");
+  if (editingSeconds || !IsNumericIn(seconds)) {
+    fields.ShowBesideSeconds(minutes);
+    CarryWholeMinutes(seconds);
+  } else {
+    fields.Show(minutes);
   }
 }
 

@@ -38,6 +38,11 @@ bool IsNormalizationRequired(double amplification, double tolerance) {
   return !(amplification < 100 + tolerance && amplification > 100 - tolerance);
 }
 
+bool IsCutOff(std::int16_t level, double gain) {
+  const auto amplified = ToInteger32(level * gain);
+  return amplified < LowestLevel || amplified > HighestLevel;
+}
+
 GainTable::GainTable(double gain) : levels_(LevelCount) {
   double level = LowestLevel;
   for (auto& entry : levels_) {

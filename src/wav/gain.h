@@ -21,6 +21,10 @@ namespace brindle {
 /// outside. All in percent.
 [[nodiscard]] bool IsNormalizationRequired(double amplification, double tolerance);
 
+/// Whether a level times the gain, to the nearest whole number (ties to even), lies outside of the
+/// 16-bit range, so that a pass cuts it off.
+[[nodiscard]] bool IsCutOff(std::int16_t level, double gain);
+
 /// What each level becomes: times the gain, to the nearest whole number (ties to even: at 0.5, 3
 /// becomes 2 and 5 becomes 2), stopping at -32768 and 32767. Made once, then one look a sample.
 class GainTable {

@@ -44,7 +44,7 @@ void OutputChoice::Form_Load() {
     record_.WavTargetFile = u"C:\\Output.wav"_s;
     record_.WavSourceFile.clear();
   }
-  ShowTarget();
+  ShowTarget(record_.WavTargetFile);
   Output.Select(record_.WavOverwriteSource ? Source : File);
 }
 
@@ -60,17 +60,18 @@ void OutputChoice::Output_Click(int index) {
 
 void OutputChoice::WriteTarget(const QString& path) {
   record_.WavTargetFile = path;
-  ShowTarget();
+  ShowTarget(path);
 }
 
-void OutputChoice::ShowTarget() {
-  TargetFile->Show(record_.WavTargetFile);
-  TargetFile->setToolTip(record_.WavTargetFile);
+void OutputChoice::ShowTarget(const QString& path) {
+  target_ = path;
+  TargetFile->Show(path);
+  TargetFile->setToolTip(path);
 }
 
 void OutputChoice::EnableTarget() {
-  TargetFile->setEnabled(!record_.WavOverwriteSource);
-  Target->setEnabled(isIdle_ && !record_.WavOverwriteSource);
+  TargetFile->setEnabled(!IsInPlace());
+  Target->setEnabled(isIdle_ && !IsInPlace());
 }
 
 }  // namespace brindle

@@ -26,6 +26,11 @@ class OutputChoice : public QObject {
   void Form_Load();
   void SelectSource() { Output.Select(Source); }
   void WriteTarget(const QString& path);
+
+  // What is shown, whatever the settings record holds by now.
+  [[nodiscard]] bool IsInPlace() const { return Output.Selected() == Source; }
+  [[nodiscard]] QString TargetPath() const { return target_; }
+
   /// While a pass runs no target can be browsed for.
   void SetIdle(bool isIdle);
 
@@ -37,11 +42,12 @@ class OutputChoice : public QObject {
   enum Index { Source, File };
 
   void Output_Click(int index);
-  void ShowTarget();
+  void ShowTarget(const QString& path);
   void EnableTarget();
 
   Settings& record_;
   bool isIdle_ = true;
+  QString target_;
 
   OptionGroup Output;
   QPushButton* Target;

@@ -23,13 +23,28 @@ struct PeakScan {
   std::optional<WavError> error;  ///< ended it as well
 };
 
-/// Finds the lowest and highest sample level of a file. The observer is told at most every half
-/// second, behind a block.
+/// Which words of the samples a scan looks at.
 ///
-/// Deliberately not every word counts: the words behind the blocks are read from the last 64 KB
+/// Usual: deliberately not every one. The words after the blocks are read from the last 64 KB
 /// block's end on, so that the last whole block is left out but for its last word where the samples
 /// run to the end of the file; below 64 KB of samples the upper half of the length field counts as
-/// one. The throughput is that of the end's position *plus* the samples' start, deliberately, too.
-[[nodiscard]] PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer);
+/// a word.
+enum class Coverage { Usual, EveryWord };
+
+/// Finds the lowest and highest sample level of a file. The observer is told at most every half
+/// second, after a block. The throughput is that of the end's position *plus* the samples' start,
+/// deliberately.
+[[nodiscard]] PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer,
+                                 Coverage coverage = Coverage::Usual);
+
+/// Words that a gain cuts off.
+struct CutOffWords {
+  qint64 cutOff = 0;
+  qint64 words = 0;  ///< of all samples of the file
+};
+
+/// How many of the words that the usual coverage leaves out a pass of this gain would cut off: at
+/// most those of two blocks. None where the file cannot be read; the pass will tell why.
+[[nodiscard]] CutOffWords CutOffUnseen(const QString& source, double gain);
 
 }  // namespace brindle

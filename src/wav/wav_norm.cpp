@@ -13,8 +13,6 @@
 #include "app/input/file_dialogs.h"
 #include "app/input/layout.h"
 #include "app/input/wiring.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
 #include "wav/gain.h"
 #include "wav/peak_scan.h"
 
@@ -24,12 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MostTolerance = 30;  // percent
-constexpr double MostPercent = 100;
 const auto Scanning = u"Scanning..."_s;
 const auto Normalizing = u"Normalizing..."_s;
-
-QString ToleranceText(float tolerance) { return ToQString(TextOfSingle(tolerance)) + u'%'; }
 
 }  // namespace
 
@@ -44,16 +38,9 @@ WavNorm::WavNorm(Services& services)
                             u"Begin normalization immediately after scanning (no prompt)"_s)),
       RemFolders(MakeCheckBox(u"RemFolders"_s, u"Remember Folders"_s,
                               u"Remember last folder/file loaded"_s)),
-      Toler(new Slider(u"Toler"_s,
-                       u"Tolerance for determining whether the WAV is already normalized."_s, 0,
-                       MostTolerance)),
-      TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
-                              {u"88.8%"_s, ToleranceText(record_.WavTolerance)})),
-      Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())),
+      tolerance_(record_),
       output_(record_),
-      Label3(MakeLabel(u"Label3"_s, u"Normalize to:"_s)),
-      PercNorm(
-          new TextField(u"PercNorm"_s, u"Normalize to a percentage of the 16bit sample range"_s)),
+      percent_(record_),
       btnOpen(
           MakeButton(u"btnOpen"_s, u"Open WAV"_s, u"Select a 16bit PCM WAV file to normalize"_s)),
       btnScan(MakeButton(u"btnScan"_s, u"Scan for Peaks"_s, u"Scan file for peaks"_s)),
@@ -67,12 +54,6 @@ WavNorm::WavNorm(Services& services)
 }
 
 void WavNorm::MakeLayout() {
-  PercNorm->setText(u"100"_s);
-  PercNorm->KeepBegunNumber();
-  PercNorm->setAcceptDrops(false);  // a file dropped there is for the window
-  Toler->SetSteps(3, 1, 5);
-  NameByLabel(Label3->text(), {PercNorm});
-  NameByLabel(Label4->text(), {Toler, TolerTxt});
   NameByLabel(u"Status"_s, {Status});
   KeepRoom({btnScan, btnNorm, Cancel});
 
@@ -83,12 +64,12 @@ void WavNorm::MakeLayout() {
         {Mbuffer, {}},
         {AutoNorm, {}},
         {RemFolders, {}},
-        {Label4, {Toler, TolerTxt}},
+        {tolerance_.Caption(), {tolerance_.Range(), tolerance_.Value()}},
       }),
       output_.InFrame(),
       fileInfo_.InFrame(),
       Across({
-        Label3, PercNorm, MakeLabel(u"%"_s), Item::Stretch(), peaks_.Line(),
+        percent_.Caption(), percent_.Field(), MakeLabel(u"%"_s), Item::Stretch(), peaks_.Line(),
       }, Spacing),
       Across({btnOpen, btnScan, btnNorm, Item::Stretch(), Cancel}, Spacing),
       progress_.Line(Status),
@@ -102,8 +83,6 @@ void WavNorm::WireEvents() {
   on(Mbuffer).Click(&Self::Mbuffer_Click);
   on(AutoNorm).Click(&Self::AutoNorm_Click);
   on(RemFolders).Click(&Self::RemFolders_Click);
-  on(Toler).Change(&Self::Toler_Change);
-  on(PercNorm).Change(&Self::PercNorm_Change);
   on(btnOpen).Click(&Self::btnOpen_Click);
   on(btnScan).Click(&Self::btnScan_Click);
   on(btnNorm).Click(&Self::btnNorm_Click);
@@ -113,13 +92,12 @@ void WavNorm::WireEvents() {
 }
 
 void WavNorm::Form_Load() {
-  Toler->Write(ToInteger32(record_.WavTolerance));
-  TolerTxt->Show(ToleranceText(record_.WavTolerance));
+  tolerance_.Form_Load();
   ResetLoad();
   peaks_.HidePeaks();
   progress_.HideProgress();
   AbortRequested = false;
-  PercNorm->Write(ToQString(TextOf(record_.WavNormalizePercent)));
+  percent_.Form_Load();
   AutoNorm->setChecked(record_.WavAutoNormalize);
   Mbuffer->setChecked(record_.WavMultiBuffer);
   RemFolders->setChecked(record_.WavRememberFolders);
@@ -129,29 +107,6 @@ void WavNorm::Form_Load() {
 void WavNorm::Mbuffer_Click() { record_.WavMultiBuffer = Mbuffer->isChecked(); }
 void WavNorm::AutoNorm_Click() { record_.WavAutoNormalize = AutoNorm->isChecked(); }
 void WavNorm::RemFolders_Click() { record_.WavRememberFolders = RemFolders->isChecked(); }
-
-void WavNorm::Toler_Change() {
-  if (!Toler->IsBeingWritten()) {
-    record_.WavTolerance = static_cast<float>(Toler->value());
-    TolerTxt->Show(ToleranceText(record_.WavTolerance));
-  }
-}
-
-void WavNorm::PercNorm_Change() {
-  if (IsEmpty(PercNorm)) {
-    return;
-  }
-  if (!IsNumericIn(PercNorm)) {
-    WriteNumber(PercNorm, LeadingNumberIn(PercNorm));
-  }
-  if (IsJustBegun(PercNorm->text().toStdString())) {
-    return;
-  }
-  if (NumberIn(PercNorm) > MostPercent) {
-    WriteNumber(PercNorm, MostPercent);
-  }
-  record_.WavNormalizePercent = ToInteger16(NumberIn(PercNorm));
-}
 
 void WavNorm::Target_Click() {
   if (running_ != Running::Nothing) {
@@ -196,6 +151,7 @@ void WavNorm::OpenFile(const QString& path) {
     ShowFileInfo();
     peaks_.HidePeaks();
     record_.WavSourceFile = path;
+    source_ = path;
     return;
   }
   const auto* refusal = std::get_if<WavRefusal>(&opened);
@@ -210,23 +166,11 @@ void WavNorm::btnScan_Click() {
     return;
   }
   const Occupied inside(*this);
-  const bool goesOn = record_.WavAutoNormalize;
-  Cancel->show();
-  Cancel->setFocus();
-  HideFileInfo();
-  progress_.ShowProgress();
-  Status->Show(Scanning);
-  SetRunning(Running::Scan);
-  const auto scan = ScanPeaks(record_.WavSourceFile, services_.clock, *this);
+  const bool goesOn = AutoNorm->isChecked();
+  const auto scan = Scan(Coverage::Usual);
   if (isClosing_) {
     return;
   }
-  SetRunning(Running::Nothing);
-  if (scan.isAborted) {
-    AbortRequested = false;
-  }
-  ScanThroughput = scan.throughput;
-  progress_.HideProgress();
   peaks_.Write(scan.lowest, scan.highest);
   ShowNormalizeReady();
   ShowFileInfo();
@@ -240,36 +184,43 @@ void WavNorm::btnScan_Click() {
   }
 }
 
+PeakScan WavNorm::Scan(Coverage coverage) {
+  Cancel->show();
+  Cancel->setFocus();
+  HideFileInfo();
+  progress_.ShowProgress();
+  Status->Show(Scanning);
+  SetRunning(Running::Scan);
+  const auto scan = ScanPeaks(source_, services_.clock, *this, coverage);
+  if (!isClosing_) {
+    SetRunning(Running::Nothing);
+    progress_.HideProgress();
+    AbortRequested &= !scan.isAborted;
+    ScanThroughput = scan.throughput;
+  }
+  return scan;
+}
+
 void WavNorm::btnNorm_Click() {
   if (running_ != Running::Nothing) {
     return;
   }
   const Occupied inside(*this);
-  const auto lowest = peaks_.Lowest();
-  const auto highest = peaks_.Highest();
-  running_ = Running::Busy;
-  QCoreApplication::processEvents();
-  if (isClosing_) {
-    return;
-  }
-  running_ = Running::Nothing;
-  const auto gain = GainFor(lowest, highest, TargetPercent());
-  if (!gain || !IsNormalizationRequired(100 * *gain, record_.WavTolerance)) {
-    Ask(u"Normalization is not required"_s);
+  const auto gain = ChosenGain();
+  if (!gain) {
     return;
   }
   Status->Show(Normalizing);
   Cancel->show();
   Cancel->setFocus();
   HideNormalize();
-  PercNorm->setEnabled(false);
+  percent_.Field()->setEnabled(false);
   peaks_.HidePeaks();
   progress_.ShowProgress();
   SetRunning(Running::Normalization);
-  const auto error = Normalize(
-      {.files = {record_.WavSourceFile, record_.WavTargetFile, record_.WavOverwriteSource},
-       .isMultiBuffer = record_.WavMultiBuffer,
-       .gain = *gain});
+  const auto error = Normalize({.files = {source_, output_.TargetPath(), output_.IsInPlace()},
+                                .isMultiBuffer = Mbuffer->isChecked(),
+                                .gain = *gain});
   if (isClosing_) {
     return;
   }
@@ -277,12 +228,71 @@ void WavNorm::btnNorm_Click() {
   progress_.HideProgress();
   Mbuffer->setEnabled(true);
   HideCancel();
-  PercNorm->setEnabled(true);
+  percent_.Field()->setEnabled(true);
   Status->Show({});
   HideNormalize();
   if (error) {
     Ask(MessageOf(*error));
   }
+}
+
+// Nothing where there is nothing to do, or the window goes away.
+std::optional<double> WavNorm::ChosenGain() {
+  const auto lowest = peaks_.Lowest();
+  const auto highest = peaks_.Highest();
+  running_ = Running::Busy;
+  QCoreApplication::processEvents();
+  if (isClosing_) {
+    return std::nullopt;
+  }
+  const double percent = percent_.TargetPercent();
+  auto gain = GainFor(lowest, highest, percent);
+  if (IsRequired(gain) && WantsWholeFile(*gain)) {
+    const auto scan = ScanWholeFile();
+    if (!scan) {
+      return std::nullopt;
+    }
+    gain = GainFor(scan->lowest, scan->highest, percent);
+  }
+  if (isClosing_) {
+    return std::nullopt;
+  }
+  running_ = Running::Nothing;
+  if (!IsRequired(gain)) {
+    Ask(u"Normalization is not required"_s);
+    return std::nullopt;
+  }
+  return gain;
+}
+
+bool WavNorm::IsRequired(std::optional<double> gain) const {
+  return gain && IsNormalizationRequired(100 * *gain, tolerance_.Percent());
+}
+
+// What the scan deliberately leaves out may be louder than what it has seen.
+bool WavNorm::WantsWholeFile(double gain) {
+  const auto unseen = CutOffUnseen(source_, gain);
+  return unseen.cutOff > 0 &&
+         Ask(u"%1 of %2 samples would be cut off: they are louder than the peaks, for the scan "
+             "leaves out a part at the end.\r\n\r\n"
+             "Normalize to the peaks of the whole file instead?"_s.arg(unseen.cutOff)
+                 .arg(unseen.words),
+             BoxButtons::YesNo) == BoxAnswer::Yes;
+}
+
+// Nothing where it was aborted or failed, or the window goes away.
+std::optional<PeakScan> WavNorm::ScanWholeFile() {
+  auto scan = Scan(Coverage::EveryWord);
+  if (isClosing_) {
+    return std::nullopt;
+  }
+  ShowFileInfo();
+  HideCancel();
+  Status->Show({});
+  if (scan.error) {
+    Ask(MessageOf(*scan.error));
+  }
+  return scan.error || scan.isAborted ? std::nullopt : std::optional(std::move(scan));
 }
 
 // The pass itself, and its statistics when it was completed.
@@ -306,20 +316,12 @@ std::optional<WavError> WavNorm::Normalize(const PassOptions& options) {
   if (!isClosing_) {
     running_ = Running::Busy;
     progress_.HideProgress();
-    ShowStats({.scanThroughput = ScanThroughput,
-               .normalizationThroughput = throughput,
-               .amplification = 100 * options.gain,
-               .isMultiBuffer = options.isMultiBuffer});
+    Ask(ToQString(StatisticsText({.scanThroughput = ScanThroughput,
+                                  .normalizationThroughput = throughput,
+                                  .amplification = 100 * options.gain,
+                                  .isMultiBuffer = options.isMultiBuffer})));
   }
   return std::nullopt;
-}
-
-// An empty or only begun percentage counts as the stored one.
-double WavNorm::TargetPercent() {
-  if (IsEmpty(PercNorm) || IsJustBegun(PercNorm->text().toStdString())) {
-    WriteNumber(PercNorm, record_.WavNormalizePercent);
-  }
-  return NumberIn(PercNorm);
 }
 
 // Taken at the next update of a scan or pass that has one. Deliberately kept by a pass that has
@@ -334,7 +336,7 @@ void WavNorm::Cancel_Click() {
 bool WavNorm::ReallyAbort() {
   return Ask(u"Aborting normalization is not recommended. Output file will be damaged.\r\n"
              "                      Really abort normalization?"_s,
-             BoxButtons::YesNo) == BoxAnswer::Yes;
+             BoxButtons::YesNoDefaultNo) == BoxAnswer::Yes;
 }
 
 bool WavNorm::Update(const PassProgress& progress) {
@@ -344,17 +346,13 @@ bool WavNorm::Update(const PassProgress& progress) {
 }
 
 bool WavNorm::MayOverwrite() {
-  const auto answer = Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNo);
+  const auto answer = Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNoDefaultNo);
   return answer == BoxAnswer::Yes && !isClosing_;
 }
 
 bool WavNorm::AgreesToClose() {
   const Occupied inside(*this);
   return running_ != Running::Normalization || ReallyAbort();
-}
-
-void WavNorm::ShowStats(const PassStatistics& statistics) {
-  Ask(ToQString(StatisticsText(statistics)));
 }
 
 // Nothing is the answer when the window or the program goes away.

@@ -6,15 +6,12 @@
 #include <optional>
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QString>
 
 #include "app/input/file_drop.h"
 #include "app/input/form.h"
 #include "app/input/labels.h"
-#include "app/input/slider.h"
-#include "app/input/text_field.h"
 #include "app/settings/settings.h"
 #include "app/windows/services.h"
 #include "wav/file_info.h"
@@ -22,7 +19,10 @@
 #include "wav/output_choice.h"
 #include "wav/pass_progress.h"
 #include "wav/peak_labels.h"
+#include "wav/peak_scan.h"
+#include "wav/percent_choice.h"
 #include "wav/progress_line.h"
+#include "wav/tolerance_choice.h"
 #include "wav/wav_file.h"
 #include "wav/wav_text.h"
 
@@ -58,20 +58,21 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
   void Mbuffer_Click();
   void AutoNorm_Click();
   void RemFolders_Click();
-  void Toler_Change();
   void Target_Click();
-  void PercNorm_Change();
   void btnOpen_Click();
   void btnScan_Click();
   void btnNorm_Click();
   void Cancel_Click();
 
   void OpenFile(const QString& path);
-  [[nodiscard]] double TargetPercent();
+  [[nodiscard]] PeakScan Scan(Coverage coverage);
+  [[nodiscard]] bool IsRequired(std::optional<double> gain) const;
+  [[nodiscard]] std::optional<double> ChosenGain();
+  [[nodiscard]] bool WantsWholeFile(double gain);
+  [[nodiscard]] std::optional<PeakScan> ScanWholeFile();
   [[nodiscard]] std::optional<WavError> Normalize(const PassOptions& options);
   [[nodiscard]] bool ReallyAbort();
   std::optional<BoxAnswer> Ask(const QString& text, BoxButtons buttons = BoxButtons::Ok);
-  void ShowStats(const PassStatistics& statistics);
 
   [[nodiscard]] bool Update(const PassProgress& progress) override;
   [[nodiscard]] bool MayOverwrite() override;
@@ -91,19 +92,17 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
   bool AbortRequested = false;
   float ScanThroughput = 0;  // MB/s
   Running running_ = Running::Nothing;
+  QString source_;  // the file that is open
   FileDrop drop_{this};
   bool isClosing_ = false;  // from then on no control is touched
 
   QCheckBox* Mbuffer;
   QCheckBox* AutoNorm;
   QCheckBox* RemFolders;
-  Slider* Toler;
-  ValueLabel* TolerTxt;
-  QLabel* Label4;
+  ToleranceChoice tolerance_;
   OutputChoice output_;
   FileInfo fileInfo_;
-  QLabel* Label3;
-  TextField* PercNorm;
+  PercentChoice percent_;
   QPushButton* btnOpen;
   QPushButton* btnScan;
   QPushButton* btnNorm;

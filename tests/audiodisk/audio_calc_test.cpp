@@ -243,11 +243,11 @@ TEST_F(AudioLoading, ARunningTimeOfZeroBecomesOneMinute) {
   EXPECT_EQ(record.MovieLength, 1);
 }
 
-TEST_F(AudioLoading, AFractionIsShownWithUpToThreeDecimalsAndStoredSo) {
+TEST_F(AudioLoading, AFractionIsShownWithUpToThreeDecimalsAndKept) {
   record.MovieLength = 90.33333;
   OpenCalculator();
   EXPECT_EQ(Text("MLength"), "90.333");
-  EXPECT_EQ(record.MovieLength, 90.333);
+  EXPECT_EQ(record.MovieLength, 90.33333);
 }
 
 TEST_F(AudioLoading, NegativeFiguresOfTheRecordLoseTheirSign) {
@@ -447,8 +447,9 @@ INSTANTIATE_TEST_SUITE_P(
         SpinCase{"VideoThatWouldCrossTheTarget", 100, 649.5, 650, "SourceP", "Source", "649.5"},
         SpinCase{"TargetAsABoundIsRoundedToEven", 100, 650, 650.5, "SourceP", "Source", "650"},
         SpinCase{"TargetAsABoundIsRoundedUp", 100, 650, 650.6, "SourceP", "Source", "651"},
-        SpinCase{"TargetAsABoundStopsAtItsLargest", 100, 40000, 50000, "SourceP", "Source",
-                 "32767"},
+        SpinCase{"TargetAsABoundIsADiscOfToday", 100, 40000, 47000, "SourceP", "Source", "40001"},
+        SpinCase{"TargetAsABoundStopsAtItsLargest", 100, 3e9, 4e9, "SourceP", "Source",
+                 "2147483647"},
         SpinCase{"SmallerVideo", 100, 550, 650, "SourceM", "Source", "549"},
         SpinCase{"SmallestVideo", 100, 1, 650, "SourceM", "Source", "1"},
         SpinCase{"NoVideoIsPulledUp", 100, 0, 650, "SourceM", "Source", "1"},

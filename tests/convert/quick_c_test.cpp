@@ -10,11 +10,14 @@
 #include <ostream>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "app/numbers/frame_rate.h"
+#include "app/numbers/numeric_text.h"
 #include "tests/convert/quick_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"
@@ -275,39 +278,36 @@ struct OpeningCase {
   double minutes = 100;
   std::int16_t system = 0;
   std::string time;
-  double stored = 0;
 };
 
 class QuickOpeningTimes : public QuickWindow, public ::testing::WithParamInterface<OpeningCase> {};
 
-TEST_P(QuickOpeningTimes, AreRoundedDownToWholeFrames) {
-  const auto& [name, minutes, system, time, stored] = GetParam();
+TEST_P(QuickOpeningTimes, AreShownAndKept) {
+  const auto& [name, minutes, system, time] = GetParam();
   record.MovieLength = minutes;
   record.FrameRateSystem = system;
   OpenConverter();
   EXPECT_EQ(Time(), time);
   EXPECT_EQ(SelectedSystem(), system);
   EXPECT_EQ(record.FrameRateSystem, system);
-  EXPECT_NEAR(record.MovieLength, stored, std::abs(stored) * 1e-14);
+  EXPECT_EQ(record.MovieLength, minutes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, QuickOpeningTimes,
-    ::testing::Values(OpeningCase{"Pal", 100, 0, "1:40:00.00 100 150000", 100},
-                      OpeningCase{"Film", 100, 1, "1:40:00.00 100 143856", 100},
-                      OpeningCase{"Ntsc", 100, 2, "1:40:00.00 100 179820", 100},
-                      OpeningCase{"Fraction", 125.5, 0, "2:5:30.00 125.5 188250", 125.5},
-                      OpeningCase{"MinutesAreShownAsTheyWereStored", 90.33333, 0,
-                                  "1:30:19.96 90.333 135499", 135499.0 / 25 / 60},
-                      OpeningCase{"NoTime", 0, 0, "0:0:00.00 0 0", 0},
-                      OpeningCase{"LessThanAFrame", 0.0001, 0, "0:0:00.00 0 0", 0},
-                      OpeningCase{"NegativeTime", -100, 0, "-2:20:00.00 -100 -150000", -100},
-                      OpeningCase{"WholePalFramesStay", 29.0 / 25 / 60, 0, "0:0:01.16 0.019 29",
-                                  29.0 / 25 / 60},
-                      OpeningCase{"WholeFilmFramesStay", 29.0 / 23.976 / 60, 1, "0:0:01.21 0.02 29",
-                                  29.0 / 23.976 / 60},
-                      OpeningCase{"WholeNtscFramesStay", 29.0 / 29.97 / 60, 2, "0:0:00.97 0.016 29",
-                                  29.0 / 29.97 / 60}),
+    ::testing::Values(
+        OpeningCase{"Pal", 100, 0, "1:40:00.00 100 150000"},
+        OpeningCase{"Film", 100, 1, "1:40:00.00 100 143856"},
+        OpeningCase{"Ntsc", 100, 2, "1:40:00.00 100 179820"},
+        OpeningCase{"Fraction", 125.5, 0, "2:5:30.00 125.5 188250"},
+        OpeningCase{"NoWholeNumberOfFrames", 90.33333, 0, "1:30:20.00 90.333 135499"},
+        OpeningCase{"TwentySecondsOfNtsc", 20.0 / 60, 2, "0:0:20.00 0.333 599"},
+        OpeningCase{"NoTime", 0, 0, "0:0:00.00 0 0"},
+        OpeningCase{"LessThanAFrame", 0.0001, 0, "0:0:00.01 0 0"},
+        OpeningCase{"NegativeTime", -100, 0, "-2:20:00.00 -100 -150000"},
+        OpeningCase{"WholePalFramesStay", 29.0 / 25 / 60, 0, "0:0:01.16 0.019 29"},
+        OpeningCase{"WholeFilmFramesStay", 29.0 / 23.976 / 60, 1, "0:0:01.21 0.02 29"},
+        OpeningCase{"WholeNtscFramesStay", 29.0 / 29.97 / 60, 2, "0:0:00.97 0.016 29"}),
     NameOf);
 
 struct OpeningSizeCase {
@@ -421,13 +421,13 @@ INSTANTIATE_TEST_SUITE_P(
     Seconds, QuickTyping,
     ::testing::Values(
         TypedCase{"WithAZeroInTheFraction", "Time3", "10.05", "1:40:10.05 100.168 150251",
-                  "1:40:10.05 100.168 150251", 150251.0 / 1500},
+                  "1:40:10.05 100.168 150251", 100 + 10.05 / 60},
         TypedCase{"EndingInAPeriod", "Time3", "10.", "1:40:10. 100.167 150250",
                   "1:40:10.00 100.167 150250", 150250.0 / 1500},
         TypedCase{"EndingInAZero", "Time3", "10.0", "1:40:10.0 100.167 150250",
                   "1:40:10.00 100.167 150250", 150250.0 / 1500},
         TypedCase{"OnlyAFraction", "Time3", ".5", "1:40:.5 100.008 150012",
-                  "1:40:00.50 100.008 150012", 150012.0 / 1500},
+                  "1:40:00.50 100.008 150012", 100 + 0.5 / 60},
         TypedCase{"AMinusSign", "Time3", "-", "1:40:- 100 150000", "1:40:00.00 100 150000", 100},
         TypedCase{"APeriod", "Time3", ".", "1:40:. 100 150000", "1:40:00.00 100 150000", 100},
         TypedCase{"Negative", "Time3", "-5", "1:40:5 100.083 150125", "1:40:05.00 100.083 150125",
@@ -435,12 +435,12 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"WithLetters", "Time3", "12xyz", "1:40:12 100.2 150300",
                   "1:40:12.00 100.2 150300", 100.2},
         TypedCase{"AboveTheLimit", "Time3", "123.5", "1:40:12.35 100.206 150308",
-                  "1:40:12.35 100.206 150308", 150308.0 / 1500},
+                  "1:40:12.35 100.206 150308", 100 + 12.35 / 60},
         TypedCase{"JustAboveTheLimit", "Time3", "99.9995", "1:40:9.99995 100.167 150249",
-                  "1:40:10.00 100.167 150249", 150249.0 / 1500},
+                  "1:40:10.00 100.167 150249", 100 + 9.99995 / 60},
         TypedCase{"SixtyStays", "Time3", "60", "1:40:60 101 151500", "1:40:60.00 101 151500", 101},
         TypedCase{"AreRoundedAndCarried", "Time3", "75.5", "1:40:75.5 101.258 151887",
-                  "1:41:16.00 101.258 151887", 151887.0 / 1500},
+                  "1:41:16.00 101.258 151887", 100 + 75.5 / 60},
         TypedCase{"Emptied", "Time3", "", "1:40: 100 150000", "1:40:00.00 100 150000", 100}),
     NameOf);
 
@@ -448,12 +448,12 @@ INSTANTIATE_TEST_SUITE_P(
     RunningTime, QuickTyping,
     ::testing::Values(
         TypedCase{"WithAFraction", "Min", "83.417", "1:23:25.02 83.417 125125",
-                  "1:23:25.02 83.417 125125", 125125.0 / 1500},
+                  "1:23:25.02 83.417 125125", 83.417},
         TypedCase{"EndingInAZero", "Min", "90.50", "1:30:30.00 90.50 135750", "1:30:30 90.5 135750",
                   90.5},
         TypedCase{"OfLessThanAMinute", "Min", "0.4", "0:0:24.00 0.4 600", "0:0:24 0.4 600", 0.4},
         TypedCase{"WithFourDecimals", "Min", "90.0004", "1:30:00.02 90.0004 135000",
-                  "1:30:0.02 90 135000", 90},
+                  "1:30:0.02 90 135000", 90.0004},
         TypedCase{"Zero", "Min", "0", "0:0:00.00 0 0", "0:0:0 0 0", 0},
         TypedCase{"APeriod", "Min", ".", "0:0:00.00 . 0", "0:0:0 0 0", 0},
         TypedCase{"AMinusSign", "Min", "-", "0:0:00.00 - 0", "0:0:0 0 0", 0},
@@ -467,17 +467,17 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"Emptied", "Min", "", "0:0:00.00  0", "0:0:0 0 0", 0}),
     NameOf);
 
-// The minutes come from the time as it is shown, in hundredths of a second.
+// The time is shown in hundredths of a second, and stands for the frames.
 INSTANTIATE_TEST_SUITE_P(
     Frames, QuickTyping,
     ::testing::Values(TypedCase{"OfNtsc", "Frames", "150000", "1:23:25.01 83.417 150000",
-                                "1:23:25.01 83.417 150000", 83 + 25.01 / 60, 2},
+                                "1:23:25.01 83.417 150000", 150000 / 29.97 / 60, 2},
                       TypedCase{"OneOfFilm", "Frames", "1", "0:0:00.04 0.001 1", "0:0:0.04 0.001 1",
-                                0.04 / 60, 1},
+                                1 / 23.976 / 60, 1},
                       TypedCase{"AtTheLimit", "Frames", "3000000", "33:20:00.00 2000 3000000",
                                 "33:20:0 2000 3000000", 2000},
                       TypedCase{"AboveTheLimit", "Frames", "3000001", "3:20:00.00 200 300000.1",
-                                "3:20:0 200 300000.1", 200},
+                                "3:20:0 200 300000.1", 300000.1 / 1500},
                       TypedCase{"WithLetters", "Frames", "12xyz", "0:0:00.48 0.008 12",
                                 "0:0:0.48 0.008 12", 0.008},
                       TypedCase{"Negative", "Frames", "-20", "0:0:00.80 0.013 20",
@@ -673,11 +673,11 @@ TEST_F(QuickTimes, StayWhereAnotherFrameRateIsChosen) {
   EXPECT_EQ(record.QuickSizeMB, 1024);
 }
 
-TEST_F(QuickTimes, AreRoundedDownToTheFramesOfAnotherRate) {
+TEST_F(QuickTimes, StayWhenAnotherRateCountsTheirFrames) {
   record.MovieLength = 100.0006;
   Click(Systems[2]);
   EXPECT_EQ(Text("Frames"), "179821");  // 179821.07892
-  EXPECT_NEAR(record.MovieLength, 179821 / 29.97 / 60, 1e-12);
+  EXPECT_EQ(record.MovieLength, 100.0006);
   EXPECT_EQ(Text("Min"), "100");
 }
 
@@ -799,7 +799,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         SizeCase{"StoredBeforeTheTidying", "B", "12945382717499999",
                  "12945382717499999|12641975310058.6|12345679013.7|12056327.1618448",
-                 12345679013.7291},
+                 12945382717499999.0 / 1024 / 1024},
         SizeCase{"AboveTheLimitOfBytes", "B", "200000000000000000000",
                  "20000000000000000000|19531250000000000|19073486328125|18626451492.3",
                  19073486328125},
@@ -912,9 +912,77 @@ TEST_F(QuickClosing, KeepsWhatWasTyped) {
   Key(Qt::Key_Escape);
   OpenConverter();
   EXPECT_EQ(SelectedSystem(), 1);
-  EXPECT_EQ(Time(), "1:29:59.98 90 129470");
+  EXPECT_EQ(Time(), "1:30:00.00 90 129470");
   EXPECT_EQ(Size(), "681574400|665600|650|0.634765625");
 }
+
+// --- Laws of what was typed ---------------------------------------------------------------------
+
+class QuickLaws : public QuickWindow, public ::testing::WithParamInterface<std::int16_t> {
+ protected:
+  void SetUp() override {
+    record.FrameRateSystem = GetParam();
+    OpenConverter();
+  }
+  void Reopen() {
+    Key(Qt::Key_Escape);
+    OpenConverter();
+  }
+};
+
+// Every 1999th count up to 200,000, and those around the ends. RunningTimeFields has all of them,
+// without a window.
+TEST_P(QuickLaws, FramesTypedSurviveAClickInEachOtherFieldClosingAndOpening) {
+  std::vector<int> counts{1, 2, 1999, 2000, 199999, 200000};
+  for (int frames = 17; frames <= 200000; frames += 1999) {
+    counts.push_back(frames);
+  }
+  for (const int frames : counts) {
+    const auto typed = std::to_string(frames);
+    Enter("Frames", typed);
+    const double minutes = record.MovieLength;
+    ASSERT_EQ(minutes, frames / FramesPerSecond(GetParam()) / 60);
+    for (const auto* name : {"Time1", "Time2", "Time3", "Min", "B", "Frames"}) {
+      Click(FieldNamed(name));
+      ASSERT_EQ(Text("Frames"), typed) << "after a click in " << name;
+      ASSERT_EQ(record.MovieLength, minutes) << frames << " after a click in " << name;
+    }
+    Reopen();
+    ASSERT_EQ(Text("Frames"), typed) << "opened again";
+    ASSERT_EQ(record.MovieLength, minutes) << frames << " opened again";
+  }
+}
+
+TEST_P(QuickLaws, SecondsTypedSurviveAClickInEachOtherFieldClosingAndOpening) {
+  Enter("Time1", "0");
+  Enter("Time2", "0");
+  for (int second = 1; second < 60; ++second) {
+    Enter("Time3", std::to_string(second));
+    ASSERT_EQ(record.MovieLength, second / 60.0);
+    for (const auto* name : {"Time1", "Time2", "Min", "Frames", "Time3"}) {
+      Click(FieldNamed(name));
+      ASSERT_EQ(record.MovieLength, second / 60.0) << second << " after a click in " << name;
+    }
+    Reopen();
+    ASSERT_EQ(NumberOf(Text("Time3")), second);
+    ASSERT_EQ(record.MovieLength, second / 60.0);
+  }
+}
+
+TEST_P(QuickLaws, BytesTypedSurviveAClickInEachOtherField) {
+  for (const auto* bytes : {"1", "1023", "123456789", "1234567890123456", "99999999999999999"}) {
+    Enter("B", bytes);
+    const auto megaBytes = record.QuickSizeMB;
+    const auto shown = NumberOf(Text("B"));
+    for (const auto* name : {"KB", "MB", "GB", "KB"}) {
+      Click(FieldNamed(name));
+      ASSERT_EQ(Text("B"), TextOf(shown)) << "after a click in " << name;
+      ASSERT_EQ(record.QuickSizeMB, megaBytes) << bytes << " after a click in " << name;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachSystem, QuickLaws, ::testing::Values(0, 1, 2));
 
 }  // namespace
 }  // namespace brindle

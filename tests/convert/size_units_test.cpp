@@ -3,6 +3,7 @@
 
 #include "convert/size_units.h"
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <random>
@@ -27,14 +28,18 @@ struct SizesCase {
   std::string name;
   SizeUnit unit;
   std::string text;
-  SizeTexts expected;
+  std::array<std::string, SizeUnits.size()> expected;  // the text itself in its own unit
 };
 
 class SizesFromOneUnit : public ::testing::TestWithParam<SizesCase> {};
 
 TEST_P(SizesFromOneUnit, AreWorkedOutUnitByUnit) {
   const auto& [name, unit, text, expected] = GetParam();
-  EXPECT_EQ(SizesFrom(unit, text), expected);
+  const auto sizes = SizesFrom(unit, NumberOf(text));
+  for (const auto other : SizeUnits) {
+    const auto i = IndexOf(other);
+    EXPECT_EQ(other == unit ? text : sizes.at(i).text, expected.at(i));
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -135,27 +140,34 @@ INSTANTIATE_TEST_SUITE_P(
                       SizesCase{"APeriod", SizeUnit::GB, ".", {"0", "0", "0", "."}}),
     NameOf);
 
-TEST(SizesFromTest, KeepsTheTextOfItsUnitAsItStands) {
-  for (const auto unit : SizeUnits) {
-    for (const auto* text :
-         {"", "0", "00012.500", " 7 ", "+3", "1e5", "12.", ".5", "-", "-0", "x"}) {
-      EXPECT_EQ(SizesFrom(unit, text).at(IndexOf(unit)), text);
-    }
-  }
-}
-
-TEST(SizesFromTest, GivesEachUnit1024TimesTheNext) {
+TEST(SizesFromTest, ShowsEachUnitAs1024TimesTheNext) {
   std::mt19937 random(20260702);
   std::uniform_real_distribution<double> exponent(-6, 10);
   for (int i = 0; i < 2000; ++i) {
     const auto text = TextOf(std::pow(10, exponent(random)));
     for (const auto unit : SizeUnits) {
-      const auto sizes = SizesFrom(unit, text);
-      ASSERT_EQ(sizes.at(IndexOf(unit)), text);
+      const auto sizes = SizesFrom(unit, NumberOf(text));
+      ASSERT_EQ(sizes.at(IndexOf(unit)).text, text);
       for (std::size_t k = 1; k < sizes.size(); ++k) {
-        ASSERT_TRUE(IsNumeric(sizes.at(k - 1)) && IsNumeric(sizes.at(k))) << text;
-        const double smaller = NumberOf(sizes.at(k - 1));
-        ASSERT_NEAR(NumberOf(sizes.at(k)) * 1024, smaller, smaller * 2e-14) << text;
+        const auto& smaller = sizes.at(k - 1).text;
+        const auto& larger = sizes.at(k).text;
+        ASSERT_TRUE(IsNumeric(smaller) && IsNumeric(larger)) << text;
+        ASSERT_NEAR(NumberOf(larger) * 1024, NumberOf(smaller), NumberOf(smaller) * 2e-14) << text;
+      }
+    }
+  }
+}
+
+TEST(SizesFromTest, WorkedOutAgainFromAnotherUnitIsTheSame) {
+  std::mt19937 random(20261122);
+  std::uniform_real_distribution<double> exponent(-6, 15);
+  for (int i = 0; i < 2000; ++i) {
+    const double size = std::pow(10, exponent(random));
+    for (const auto unit : SizeUnits) {
+      const auto sizes = SizesFrom(unit, size);
+      for (const auto other : SizeUnits) {
+        const auto again = SizesFrom(other, sizes.at(IndexOf(other)).exact);
+        ASSERT_EQ(again.at(IndexOf(unit)).exact, size);
       }
     }
   }

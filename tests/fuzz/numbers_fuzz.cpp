@@ -187,12 +187,14 @@ void CheckPair(double a, double b) {
 }
 
 void CheckRunningTime(double minutes) {
-  const auto time = TakeApart(minutes);
+  const auto time = TakeApart(minutes * 60);
+  const auto shown = TakeApart(SecondsToHundredths(minutes));
   Require(IsPlain(MinutesText(minutes)));
-  Require(IsPlain(Formatted(time.seconds, "00.00")));
+  Require(IsPlain(Formatted(shown.seconds, "00.00")));
   if (std::abs(minutes) < 1e9) {
     Require(std::abs(InMinutes(time) - minutes) <= std::abs(minutes) * 1e-14 + 1e-9);
     Require(IsWhole(time.hours) && IsWhole(time.minutes));
+    Require(NumberOf(Formatted(shown.seconds, "00.00")) < 60);
   }
 }
 

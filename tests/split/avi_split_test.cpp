@@ -295,7 +295,7 @@ INSTANTIATE_TEST_SUITE_P(
         OpenCase{"NoRunningTime", [](auto& r) { r.MovieLength = 0; }, "1300 700 600", "1500",
                  "0:1:00.00", "10", "6", "750-1500 0-749"},
         OpenCase{"FractionOfAFrame", [](auto& r) { r.MovieLength = 90.33333; }, "1300 700 600",
-                 "135499", "1:30:19.96", "10", "541", "72750-135499 0-72749"},
+                 "135499", "1:30:20.00", "10", "541", "72750-135499 0-72749"},
         OpenCase{"Film", [](auto& r) { r.FrameRateSystem = 1; }, "1300 700 600", "143856",
                  HundredMinutes, "10", "599", "77280-143856 0-77279"},
         OpenCase{"Ntsc", [](auto& r) { r.FrameRateSystem = 2; }, "1300 700 600", "179820",
@@ -401,10 +401,11 @@ TEST_F(SplitLoading, NoRunningTimeBecomesOneMinuteInTheRecord) {
   EXPECT_EQ(record.MovieLength, 1);
 }
 
-TEST_F(SplitLoading, RoundsTheRunningTimeDownToWholeFrames) {
+TEST_F(SplitLoading, KeepsARunningTimeThatIsNoWholeNumberOfFrames) {
   record.MovieLength = 90.33333;
   OpenCalculator();
-  EXPECT_DOUBLE_EQ(record.MovieLength, 135499 / 1500.0);
+  EXPECT_EQ(Text("Frames"), "135499");
+  EXPECT_EQ(record.MovieLength, 90.33333);
 }
 
 TEST_F(SplitLoading, StoresNothingElse) {
@@ -586,14 +587,14 @@ INSTANTIATE_TEST_SUITE_P(
 
 class SplitTyping : public AviSplitWindow {};
 
-TEST_F(SplitTyping, TheFirstSizeFollowsTheFileWhileItIsTyped) {
+TEST_F(SplitTyping, TheFirstSizeComesBackWhileTheFileIsTyped) {
   OpenCalculator();
   Type(u"1"_s);
   EXPECT_EQ(Sizes(), "1 1 0");
   EXPECT_EQ(Ranges(), "150000-150000 0-149999");
   Type(u"400"_s);
-  EXPECT_EQ(Sizes(), "1400 1 1399");
-  EXPECT_EQ(Ranges(), "0-150000 0-");
+  EXPECT_EQ(Sizes(), "1400 700 700");
+  EXPECT_EQ(Ranges(), "75000-150000 0-74999");
   EXPECT_EQ(record.SplitAVISize, 1400);
   EXPECT_EQ(record.SplitSize1, 700);
 }
@@ -780,7 +781,7 @@ TEST_F(SplitTyping, TheRunningTimeOfAnotherWindowIsTakenAtTheNextEdit) {
   record.MovieLength = 50.0001;
   KeyLetGo(Qt::Key_Left);
   EXPECT_EQ(Text("Frames"), "75000");
-  EXPECT_EQ(record.MovieLength, 50);
+  EXPECT_EQ(record.MovieLength, 50.0001);
 }
 
 // What a key before it is taken, or the mouse let go, does to texts that stand in the fields.
@@ -926,15 +927,15 @@ INSTANTIATE_TEST_SUITE_P(
 
 class SplitOptions : public AviSplitWindow {};
 
-TEST_F(SplitOptions, ARateRoundsTheRunningTimeDownToItsOwnFrames) {
+TEST_F(SplitOptions, AnotherRateAndBackKeepsTheRunningTime) {
   record.MovieLength = 1001 / 1500.0;
   OpenCalculator();
   EXPECT_EQ(Text("Frames"), "1001");
   ClickOption(u"System(1)"_s);  // 959.999 frames
   EXPECT_EQ(Text("Frames"), "959");
-  EXPECT_DOUBLE_EQ(record.MovieLength, 959 / 23.976 / 60);
-  ClickOption(u"System(0)"_s);  // 999.958 frames
-  EXPECT_EQ(Text("Frames"), "999");
+  EXPECT_EQ(record.MovieLength, 1001 / 1500.0);
+  ClickOption(u"System(0)"_s);
+  EXPECT_EQ(Text("Frames"), "1001");
 }
 
 TEST_F(SplitOptions, ARateThatIsSelectedAlreadyChangesNothing) {
@@ -1002,11 +1003,44 @@ TEST_F(SplitOptions, TheSecondSizeOfTwoIsAResult) {
   EXPECT_TRUE(Size2->isReadOnly());
 }
 
-TEST_F(SplitOptions, ClickingTheSecondSizeOfTwoStoresIt) {
+TEST_F(SplitOptions, AClickOrKeyInTheSecondSizeOfTwoStoresNothing) {
   OpenCalculator();
-  Press(Size2);
-  EXPECT_EQ(record.SplitSize2, 600);
-  LetGo(Size2);
+  Click(Size2);
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(Text("Size2"), "600");
+  EXPECT_EQ(record.SplitSize2, 700);
+}
+
+TEST_F(SplitTyping, AClickOnFramesThatTheProgramCountedKeepsTheRunningTime) {
+  record.MovieLength = 90.33333;
+  OpenCalculator();
+  Click(Frames);
+  Key(Qt::Key_Left);
+  EXPECT_EQ(record.MovieLength, 90.33333);
+  Enter(Frames, u"135499"_s);
+  EXPECT_DOUBLE_EQ(record.MovieLength, 135499 / 1500.0);
+}
+
+TEST_F(SplitTyping, BothSizesOfThreeComeBackWhileTheFileIsTyped) {
+  OpenThree(2100, 1300, 700);
+  Enter(AVIsize, u"1400"_s);
+  EXPECT_EQ(Sizes(), "1400 1300 100 0");
+  EXPECT_EQ(record.SplitSize1, 1300);
+  EXPECT_EQ(record.SplitSize2, 700);
+  Enter(AVIsize, u"2100"_s);
+  EXPECT_EQ(Sizes(), "2100 1300 700 100");
+}
+
+TEST_F(SplitLoading, ACountThatIsNotFiniteIsBlankAndKeepsTheRunningTime) {
+  record.MovieLength = 1e307;
+  OpenCalculator();
+  EXPECT_EQ(Text("Frames"), "");
+  EXPECT_EQ(Text("KeyFr"), "");
+  EXPECT_EQ(Duration(), "::");
+  EXPECT_EQ(Ranges(), NothingOfTwo);
+  Click(Find(window, u"Size1"_s));
+  EXPECT_EQ(Text("Frames"), "");
+  EXPECT_EQ(record.MovieLength, 1e307);
 }
 
 class SplitPlaces : public AviSplitWindow {

@@ -80,6 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
                       KeyFramesCase{"AnInterval", 250, 250, 1},
                       KeyFramesCase{"JustAboveAnInterval", 251, 250, 1},
                       KeyFramesCase{"NoFrames", 0, 250, 0},
+                      KeyFramesCase{"NotFinite", Infinity, 250, std::nullopt},
                       KeyFramesCase{"NoInterval", 150000, 0, std::nullopt},
                       KeyFramesCase{"NothingByNothing", 0, 0, std::nullopt},
                       KeyFramesCase{"IntervalThatRoundsToNothing", 150000, 0.5, std::nullopt},

@@ -208,11 +208,11 @@ TEST_F(BitrateCalcTest, FractionalRunningTimeOpensWithUpToThreeDecimals) {
   EXPECT_EQ(Text("MLength"), "90.5");
 }
 
-TEST_F(BitrateCalcTest, OpeningStoresTheRunningTimeAsItIsShown) {
+TEST_F(BitrateCalcTest, OpeningKeepsARunningTimeThatIsShownShorter) {
   record.MovieLength = 90.33333;
   OpenCalculator();
   EXPECT_EQ(Text("MLength"), "90.333");
-  EXPECT_EQ(record.MovieLength, 90.333);
+  EXPECT_EQ(record.MovieLength, 90.33333);
 }
 
 TEST_F(BitrateCalcTest, RunningTimeOf125AndAHalfShowsItsParts) {

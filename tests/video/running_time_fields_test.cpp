@@ -8,6 +8,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "app/input/field_text.h"
+#include "app/numbers/running_time.h"
 #include "tests/video/bitrate_window.h"
 
 namespace brindle {
@@ -58,11 +60,127 @@ TEST_F(RunningTimeFields, AllZeroBecomesOneMinute) {
   EXPECT_EQ(record.MovieLength, 1);
 }
 
-TEST_F(RunningTimeFields, AThirdDecimalIsAsFineAsTheMinutesGo) {
+TEST_F(RunningTimeFields, WhatTheMinutesCannotShowIsKept) {
   TypeTime(u"1"_s, u"30"_s, u"20"_s);
   EXPECT_EQ(Text("MLength"), "90.333");
-  EXPECT_EQ(record.MovieLength, 90.333);
-  EXPECT_EQ(Text("Time3"), "19.98");
+  EXPECT_EQ(record.MovieLength, 90 + 20.0 / 60);
+  EXPECT_EQ(Text("Time3"), "20.00");
+}
+
+TEST_F(RunningTimeFields, EveryWholeSecondTypedStays) {
+  for (int second = 1; second < 60; ++second) {
+    TabTo(Time3);
+    TypeOver(QString::number(second));
+    TabTo(MLength);
+    Click(MLength);
+    Click(Time1);
+    EXPECT_EQ(ShownNumberIn(Time3), second);
+    EXPECT_EQ(record.MovieLength, 100 + second / 60.0);
+  }
+}
+
+// One in every 1801 of a day's seconds, typed, left, clicked around, closed and opened again.
+TEST_F(RunningTimeFields, WholeSecondsOfADaySurviveEverythingButTyping) {
+  for (int second = 61; second < 24 * 3600; second += 1801) {
+    const RunningTime typed{static_cast<double>(second / 3600),
+                            static_cast<double>(second / 60 % 60),
+                            static_cast<double>(second % 60)};
+    TabTo(Time3);
+    TypeOver(QString::number(second % 60));
+    TabTo(Time2);
+    TypeOver(QString::number(second / 60 % 60));
+    TabTo(Time1);
+    TypeOver(QString::number(second / 3600));
+    const double exact = InMinutes(typed);
+    ASSERT_EQ(record.MovieLength, exact);
+    for (auto* field : {MLength, Time1, Time2, Time3, Extra}) {
+      Click(field);
+      ASSERT_EQ(record.MovieLength, exact) << field->objectName().toStdString();
+    }
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    OpenCalculator();
+    ASSERT_EQ(record.MovieLength, exact);
+    ASSERT_EQ(NumberIn(Time1), typed.hours);
+    ASSERT_EQ(NumberIn(Time2), typed.minutes);
+    ASSERT_EQ(ShownNumberIn(Time3), typed.seconds);
+  }
+}
+
+TEST_F(RunningTimeFields, PlusStepsWhatTheMinutesShow) {
+  TypeTime(u"1"_s, u"30"_s, u"20"_s);
+  Click(Find(window, u"MLengthP"_s));
+  EXPECT_EQ(Text("MLength"), "91.333");
+  EXPECT_EQ(record.MovieLength, 91.333);
+}
+
+TEST_F(RunningTimeFields, LessThanTheMinutesCanShowIsOneMinute) {
+  OpenWith(0.0004);
+  EXPECT_EQ(Text("MLength"), "1");
+  EXPECT_EQ(record.MovieLength, 1);
+}
+
+TEST_F(RunningTimeFields, AClickOnManyHoursKeepsThem) {
+  OpenWith(600000);
+  Click(Time1);
+  Click(Time2);
+  EXPECT_EQ(Time(), "10000:0:00.00");
+  EXPECT_EQ(record.MovieLength, 600000);
+}
+
+TEST_F(RunningTimeFields, TheMouseCanPlaceTheCursorInFewSeconds) {
+  OpenWith(1 + 5.0 / 60);
+  EXPECT_EQ(Text("Time3"), "05.00");
+  Click(Time3);  // brings the focus
+  Time3->setCursorPosition(0);
+  Press(Time3);
+  const int pressed = Time3->cursorPositionAt(Time3->rect().center());
+  EXPECT_EQ(Time3->cursorPosition(), pressed);
+  LetGo(Time3);
+  EXPECT_EQ(Text("Time3"), "05.00");
+  EXPECT_EQ(Time3->cursorPosition(), pressed);
+}
+
+TEST_F(RunningTimeFields, HalfAMinuteCanBeTyped) {
+  TabTo(MLength);
+  Key(Qt::Key_Delete);
+  Type(u"0"_s);
+  EXPECT_EQ(Text("MLength"), "1");
+  EXPECT_EQ(MLength->selectedText(), u"1"_s);
+  Type(u"."_s);
+  EXPECT_EQ(Text("MLength"), ".");
+  Type(u"5"_s);
+  EXPECT_EQ(Text("MLength"), ".5");
+  EXPECT_EQ(record.MovieLength, 0.5);
+  EXPECT_EQ(Time(), "0:0:30.00");
+}
+
+TEST_F(RunningTimeFields, ANumberJustBegunInTheMinutesStaysUntilItIsLeft) {
+  TabTo(MLength);
+  Key(Qt::Key_Delete);
+  Type(u"."_s);
+  EXPECT_EQ(Text("MLength"), ".");
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Text("MLength"), "1");
+  EXPECT_EQ(record.MovieLength, 1);
+}
+
+TEST_F(RunningTimeFields, TheMinutePutIntoEmptyMinutesIsReplacedByTheNextKey) {
+  OpenWith(5);
+  TabTo(Time2);
+  Type(u"0"_s);
+  EXPECT_EQ(Text("Time2"), "1");
+  EXPECT_EQ(Time2->selectedText(), u"1"_s);
+  Type(u"7"_s);
+  EXPECT_EQ(Text("Time2"), "7");
+  EXPECT_EQ(record.MovieLength, 7);
+}
+
+TEST_F(RunningTimeFields, ACommaTypedIntoTheSecondsIsAPeriod) {
+  TabTo(Time3);
+  Type(u"10,05"_s);
+  EXPECT_EQ(Text("Time3"), "10.05");
+  EXPECT_DOUBLE_EQ(record.MovieLength, 100 + 10.05 / 60);
 }
 
 TEST_F(RunningTimeFields, EachKeyShowsNewResults) {
@@ -147,11 +265,26 @@ TEST_F(RunningTimeFields, SecondsAboveAMinuteAreCarriedAndTheRestStays) {
   EXPECT_EQ(Text("MLength"), "1.25");
 }
 
-TEST_F(RunningTimeFields, ExactlySixtySecondsStandBesideTheMinuteTheyMake) {
-  OpenWith(0.5);
+TEST_F(RunningTimeFields, SixtySecondsAreCarriedOnce) {
+  OpenWith(10.5);
   TabTo(Time3);
   Paste(u"60"_s);
-  EXPECT_EQ(Time(), "0:1:60");
+  EXPECT_EQ(Time(), "0:11:0");
+  for (int again = 0; again < 3; ++again) {
+    KeyLetGo(Qt::Key_Left);
+    Click(Time3);
+  }
+  TabTo(MLength);
+  EXPECT_EQ(Time(), "0:11:00.00");
+  EXPECT_EQ(record.MovieLength, 11);
+}
+
+TEST_F(RunningTimeFields, SecondsAreCarriedWithTheirFraction) {
+  OpenWith(10.5);
+  TabTo(Time3);
+  Paste(u"75.1"_s);
+  EXPECT_EQ(Time(), "0:11:15.1");
+  EXPECT_DOUBLE_EQ(record.MovieLength, 11 + 15.1 / 60);
 }
 
 TEST_F(RunningTimeFields, FractionsOfAnHourAreDropped) {

@@ -230,5 +230,15 @@ TEST(GainTable, OfAnyPercentageAndPeaksKeepsSilenceAndRange) {
   }
 }
 
+TEST(CutOff, IsWhatTheTableStopsAtAnEnd) {
+  for (const double gain : {1.0, 1.5, 2.0, 1.00001, 1.000015, 260.0, -1.0, -1.5, 0.5, 0.0, 1e300}) {
+    for (int level = Bottom; level <= Top; ++level) {
+      const double exact = std::nearbyint(level * gain);
+      ASSERT_EQ(IsCutOff(Level(level), gain), exact > Top || exact < Bottom)
+          << level << " times " << gain;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace brindle

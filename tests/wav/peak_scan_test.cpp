@@ -3,8 +3,10 @@
 
 #include "wav/peak_scan.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -371,6 +373,98 @@ TEST_F(PeakScanTest, FileThatGrowsMeanwhileIsScannedAsItWas) {
   EXPECT_EQ(TextOf(scan.error), "no error");
   EXPECT_EQ(observer.updates.size(), 3U);
   EXPECT_EQ(scan.highest, 7);
+}
+
+// Every word, and the words that a scan leaves out.
+
+// Which words of some samples the loops of a scan read, written down word by word.
+std::vector<bool> SeenWords(qint64 start, qint64 length, qint64 fileLength) {
+  std::vector<bool> seen(static_cast<std::size_t>(std::max<qint64>(length / 2, 0)));
+  const auto read = [&](qint64 position) {
+    const qint64 offset = position - start;
+    if (offset >= 0 && offset % 2 == 0 && offset / 2 < static_cast<qint64>(seen.size())) {
+      seen[static_cast<std::size_t>(offset / 2)] = true;
+    }
+  };
+  const qint64 blockEnd = fileLength - length % 65536 - 65536 - 1;
+  for (qint64 position = start; position <= blockEnd; position += 65536) {
+    for (qint64 word = 0; word < 32768; ++word) {
+      read(position + 2 * word);
+    }
+  }
+  for (qint64 position = blockEnd + 65536; position <= start + length - 2; position += 2) {
+    read(position);
+  }
+  return seen;
+}
+
+struct UnseenCase {
+  std::string name;
+  std::size_t samples = 0;  // bytes
+  std::size_t behind = 0;   // bytes
+};
+
+class UnseenWords : public ::testing::TestWithParam<UnseenCase> {};
+
+// Each word in turn would be cut off, in steps that meet every kind of place.
+TEST_P(UnseenWords, AreThoseThatTheLoopsOfAScanDoNotRead) {
+  const auto& [name, bytes, behind] = GetParam();
+  const TemporaryFolder folder;
+  const WavParts parts{.samples = Filled(bytes, 20000), .behind = std::string(behind, 'x')};
+  folder.Put("scanned.wav", WavBytes(parts));
+  const auto path = folder.PathOf("scanned.wav");
+  const auto length = static_cast<qint64>(bytes);
+  const auto seen = SeenWords(45, length, 44 + length + static_cast<qint64>(behind));
+  const auto unseen = std::count(seen.begin(), seen.end(), false);
+
+  const auto all = CutOffUnseen(path, 2);
+  EXPECT_EQ(all.cutOff, unseen);
+  EXPECT_EQ(all.words, length / 2);
+  EXPECT_EQ(CutOffUnseen(path, 1.5).cutOff, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UnseenWords,
+    ::testing::Values(UnseenCase{"None", 0, 0}, UnseenCase{"OneWord", 2, 0},
+                      UnseenCase{"JustBelowABlock", Block - 2, 0}, UnseenCase{"ABlock", Block, 0},
+                      UnseenCase{"JustAboveABlock", Block + 2, 0},
+                      UnseenCase{"OneSecondOfMono", 88200, 0},
+                      UnseenCase{"ManyBlocks", 5 * Block, 0},
+                      UnseenCase{"ManyBlocksAndWords", 5 * Block + 1234, 0},
+                      UnseenCase{"AnOddByte", 3 * Block + 7, 0},
+                      UnseenCase{"AByteAfterThem", 3 * Block + 20, 1},
+                      UnseenCase{"AWordAfterThem", 3 * Block + 20, 2},
+                      UnseenCase{"AnOddChunkAfterThem", 3 * Block + 2000, 999},
+                      UnseenCase{"AChunkAfterThem", 3 * Block + 2000, 1000},
+                      UnseenCase{"ALongerChunkAfterThem", 3 * Block + 2000, 5000},
+                      UnseenCase{"ABlockAfterThem", 3 * Block + 2000, Block},
+                      UnseenCase{"MuchAfterThem", 3 * Block + 2000, 5 * Block + 3},
+                      UnseenCase{"AChunkAfterAFewWords", 2000, 3000}),
+    NameOf);
+
+TEST(UnseenWordsTest, OfAFileThatCannotBeReadAreNone) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(CutOffUnseen(folder.PathOf("missing.wav"), 100).cutOff, 0);
+  folder.Put("text.wav", std::string("nothing to hear"));
+  EXPECT_EQ(CutOffUnseen(folder.PathOf("text.wav"), 100).cutOff, 0);
+}
+
+TEST(EveryWordTest, IsLookedAtWhereTheUsualScanLeavesABlockOut) {
+  const TemporaryFolder folder;
+  for (const std::size_t bytes : {std::size_t{2}, Block - 2, Block, Block + 2, 3 * Block + 1234}) {
+    for (const std::size_t at : {std::size_t{0}, bytes / 4 * 2, bytes - 2}) {
+      auto samples = Filled(bytes, 100);
+      const std::int16_t loud = -30000;
+      std::memcpy(samples.data() + at, &loud, sizeof(loud));
+      folder.Put("scanned.wav", WavBytes({.samples = samples, .behind = "LIST"}));
+      const ReadClock clock;
+      ScriptedObserver observer;
+      const auto scan =
+          ScanPeaks(folder.PathOf("scanned.wav"), clock, observer, Coverage::EveryWord);
+      EXPECT_EQ(scan.lowest, loud) << bytes << " at " << at;
+      EXPECT_EQ(scan.highest, bytes > 2 ? 100 : 0);
+    }
+  }
 }
 
 }  // namespace

@@ -178,7 +178,7 @@ TEST_P(ClosedWays, DuringANormalizationAfterTheQuestion) {
   ExpectIt();
   ASSERT_EQ(questions.asked.size(), 1U);
   EXPECT_EQ(questions.asked[0].text, ReallyAbort);
-  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNo);
+  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNoDefaultNo);
   EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
   ExpectReopensUnlessEnded();
 }

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include "app/settings/settings.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
 
@@ -543,7 +544,7 @@ TEST_F(NormalizingWindow, AsksBeforeItOverwrites) {
   ClickOn("btnNorm");
   ASSERT_EQ(questions.asked.size(), 2U);
   EXPECT_EQ(questions.asked[0].text, Overwrite);
-  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNo);
+  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNoDefaultNo);
   EXPECT_EQ(questions.asked[1].text, StatisticsWithoutTime("200", false));
   EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
 }
@@ -684,7 +685,7 @@ TEST_F(AbortedNormalization, AsksFirst) {
   questions.Answer(BoxAnswer::Yes);
   ClickOn("btnNorm");
   ASSERT_EQ(questions.asked.size(), 1U);
-  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNo);
+  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNoDefaultNo);
   EXPECT_EQ(questions.asked[0].text, ReallyAbort);
   EXPECT_EQ(questions.asked[0].text.size(), 73U + 22U + 27U)
       << "the blanks in front of the question";
@@ -824,6 +825,195 @@ TEST_F(AbortedNormalization, OfAScanIsTakenByTheAutomaticPass) {
   EXPECT_EQ(Boxes(), Texts());
   EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
   EXPECT_EQ(Shown(), AfterAPass);
+}
+
+// --- What the scan leaves out --------------------------------------------------------------------
+
+class UnseenLoudness : public NormalizingWindow {
+ protected:
+  static constexpr const char* CutsOff =
+      "1 of 65536 samples would be cut off: they are louder than the peaks, for the scan leaves "
+      "out "
+      "a part at the end.\r\n\r\nNormalize to the peaks of the whole file instead?";
+
+  // Two blocks, of which a scan leaves out the second but for its last word.
+  static SmallWav LoudAtTheEnd() {
+    SmallWav wav = Long(2);
+    wav.samples[40000] = 32000;
+    return wav;
+  }
+
+  void OpenLoudAtTheEnd() {
+    record.WavOverwriteSource = true;
+    record.WavTolerance = 1;
+    OpenScanned(LoudAtTheEnd());
+    EXPECT_EQ(Peaks(), "-16384 8191");
+  }
+};
+
+TEST_F(UnseenLoudness, IsNormalizedToTheWholeFileAfterYes) {
+  OpenLoudAtTheEnd();
+  questions.Answer(BoxAnswer::Yes, [&] {
+    EXPECT_EQ(Shown(), Scanned);
+    EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  });
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  ASSERT_EQ(questions.asked.size(), 2U);
+  EXPECT_EQ(questions.asked[0].text, CutsOff);
+  EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNo);
+  EXPECT_EQ(questions.asked[1].text, StatisticsWithoutTime("102.4", false));
+  const auto expected = Amplified(LoudAtTheEnd().samples, 32767 / 32000.0);
+  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+  EXPECT_EQ(Peaks(), "-16384 8191") << "what the scan showed stays";
+  EXPECT_EQ(Shown(), AfterAPass);
+}
+
+TEST_F(UnseenLoudness, IsCutOffAfterNo) {
+  OpenLoudAtTheEnd();
+  questions.Answer(BoxAnswer::No);
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), (Texts{CutsOff, StatisticsWithoutTime("200", false)}));
+  const auto expected = Amplified(LoudAtTheEnd().samples, 2);
+  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+}
+
+TEST_F(UnseenLoudness, NeedsNothingWhereTheWholeFileIsLoudEnough) {
+  record.WavTolerance = 6;
+  record.WavOverwriteSource = true;
+  OpenScanned(LoudAtTheEnd());
+  questions.Answer(BoxAnswer::Yes);
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), (Texts{CutsOff, NotRequired}));
+  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  EXPECT_EQ(Shown(), Scanned);
+  EXPECT_EQ(Disabled(), "Target TargetFile") << "nothing is left of the pass";
+}
+
+TEST_F(UnseenLoudness, IsAskedAboutAfterAnAutomaticScanToo) {
+  record.WavAutoNormalize = true;
+  record.WavOverwriteSource = true;
+  record.WavTolerance = 1;
+  questions.Answer(BoxAnswer::Yes);
+  questions.Answer(BoxAnswer::Ok);
+  OpenScanned(LoudAtTheEnd());
+  EXPECT_EQ(Boxes(), (Texts{CutsOff, StatisticsWithoutTime("102.4", false)}));
+}
+
+TEST_F(UnseenLoudness, IsNoQuestionWhereNothingIsCutOff) {
+  SmallWav wav = LoudAtTheEnd();
+  wav.samples[40000] = 16383;  // louder than what was seen, and still within the range
+  record.WavOverwriteSource = true;
+  OpenScanned(wav);
+  Normalize();
+  EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
+}
+
+TEST_F(UnseenLoudness, ANoteOfASecondIsNotCutOff) {
+  SmallWav note;
+  note.channels = 1;
+  note.samples.resize(44100);
+  for (std::size_t i = 0; i < note.samples.size(); ++i) {
+    note.samples[i] = i < 32767 ? static_cast<std::int16_t>(i % 2 == 0 ? 12000 : -12000) : 120;
+  }
+  record.WavOverwriteSource = true;
+  OpenScanned(note);
+  questions.Answer(BoxAnswer::Yes);
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_TRUE(Matches(Boxes().front(), u"^32767 of 44100 samples would be cut off"_s));
+  const auto expected = Amplified(note.samples, 32767 / 12000.0);
+  note.samples = expected;
+  EXPECT_EQ(BytesOf("in.wav"), note.Bytes());
+}
+
+TEST_F(UnseenLoudness, TheScanOfTheWholeFileCanBeAborted) {
+  OpenLoudAtTheEnd();
+  LetUpdatesCome();
+  questions.Answer(BoxAnswer::Yes);
+  During("Scanning...", [&] {
+    EXPECT_EQ(Shown(), "peaks normalize abort progress Scanning...");
+    ClickOn("Cancel");
+  });
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{CutsOff});
+  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  EXPECT_EQ(Shown(), Scanned);
+}
+
+TEST_F(UnseenLoudness, AFileThatIsGoneMeanwhileIsAnError) {
+  OpenLoudAtTheEnd();
+  questions.Answer(BoxAnswer::Yes, [&] { QFile::remove(PathOf("in.wav")); });
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  const auto boxes = Boxes();
+  ASSERT_EQ(boxes.size(), 2U);
+  EXPECT_TRUE(Matches(boxes[1], u"^Cannot read .*in\\.wav: "_s)) << boxes[1];
+  EXPECT_EQ(Shown(), Scanned);
+}
+
+TEST_F(UnseenLoudness, TheWindowMayGoWhileTheQuestionStands) {
+  OpenLoudAtTheEnd();
+  questions.Answer(std::nullopt);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{CutsOff});
+  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+}
+
+// --- What the window shows -----------------------------------------------------------------------
+
+class DefaultsLoadedMeanwhile : public NormalizingWindow {
+ protected:
+  void LoadDefaults() { ResetToBuiltIn(record); }
+};
+
+TEST_F(DefaultsLoadedMeanwhile, ThePassWritesTheTargetThatStandsThere) {
+  OpenScanned(Quiet());
+  LoadDefaults();
+  ASSERT_TRUE(record.WavOverwriteSource);
+  Normalize();
+  EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
+  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+}
+
+TEST_F(DefaultsLoadedMeanwhile, TheScanReadsTheFileThatIsShown) {
+  const auto path = Put("in.wav", Quiet());
+  OpenNormalizer();
+  OpenFile(path);
+  LoadDefaults();
+  ClickOn("btnScan");
+  EXPECT_EQ(Peaks(), "-16384 8191");
+}
+
+TEST_F(DefaultsLoadedMeanwhile, ThePassHeedsTheToleranceAndTheBuffersThatStandThere) {
+  record.WavTolerance = 30;
+  record.WavMultiBuffer = true;
+  SmallWav wav;
+  wav.samples = {-27000, 27000, 3};
+  OpenScanned(wav);
+  LoadDefaults();
+  record.WavMultiBuffer = false;
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{NotRequired});
+  Toler->setFocus();
+  Toler->setValue(3);
+  Normalize();
+  EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("121.36", true)});
+}
+
+TEST_F(DefaultsLoadedMeanwhile, TheSourceIsOverwrittenWhereThatStandsThere) {
+  record.WavOverwriteSource = true;
+  OpenScanned(Quiet());
+  LoadDefaults();
+  record.WavOverwriteSource = false;
+  record.WavTargetFile = PathOf("other.wav");
+  Normalize();
+  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("other.wav"), "(none)");
 }
 
 }  // namespace

@@ -11,17 +11,35 @@
 
 #include "app/input/text_field.h"
 #include "app/numbers/numeric_text.h"
+#include "app/numbers/running_time.h"
 #include "app/numbers/stepping.h"
 
 namespace brindle {
 
+namespace {
+
+// What was typed goes on standing for what it reads as.
+void Rewrite(TextField* field, const std::string& text) {
+  if (const auto number = field->WrittenFrom()) {
+    field->Write(ToQString(text), *number);
+  } else {
+    field->Write(ToQString(text));
+  }
+}
+
+}  // namespace
+
 QString ToQString(const std::string& text) { return QString::fromStdString(text); }
 
-double NumberIn(const TextField* field) { return NumberOf(field->text().toStdString()); }
+double NumberIn(const TextField* field) {
+  return field->WrittenFrom().value_or(ShownNumberIn(field));
+}
 
 double LeadingNumberIn(const TextField* field) {
-  return LeadingNumber(field->text().toStdString());
+  return field->WrittenFrom().value_or(LeadingNumber(field->text().toStdString()));
 }
+
+double ShownNumberIn(const TextField* field) { return NumberOf(field->text().toStdString()); }
 
 bool IsEmpty(const TextField* field) { return field->text().isEmpty(); }
 
@@ -30,29 +48,44 @@ bool IsNumericIn(const TextField* field) {
   return IsNumeric(text) || (IsJustBegun(text) && field->IsBeingEdited());
 }
 
-void WriteNumber(TextField* field, double value) { field->Write(ToQString(TextOf(value))); }
+void WriteNumber(TextField* field, double value) { field->Write(ToQString(TextOf(value)), value); }
 
-void WriteOwnNumber(TextField* field, double value) {
-  if (field->IsBeingEdited()) {
-    field->Write(ToQString(TextWhileTyping(field->text().toStdString(), value)));
-  } else {
-    WriteNumber(field, value);
-  }
+void WriteTyped(TextField* field, double value) { field->Write(ToQString(TextOf(value))); }
+
+void WriteMinutes(TextField* field, double minutes) {
+  const auto text = MinutesText(minutes);
+  // Less than the field can show is no running time.
+  field->Write(ToQString(text), NumberOf(text) == 0 ? 0 : minutes);
 }
 
-void WriteFormatted(TextField* field, double value, std::string_view pattern) {
-  field->Write(ToQString(Formatted(value, pattern)));
+void RewriteNumber(TextField* field) {
+  Rewrite(field, TextOf(LeadingNumber(field->text().toStdString())));
+}
+
+void RewriteWhileTyping(TextField* field) {
+  const auto typed = field->text().toStdString();
+  const double shown = LeadingNumber(typed);
+  Rewrite(field, field->IsBeingEdited() ? TextWhileTyping(typed, shown) : TextOf(shown));
+}
+
+void RewriteFormatted(TextField* field, std::string_view pattern) {
+  field->Write(ToQString(Formatted(ShownNumberIn(field), pattern)), NumberIn(field));
 }
 
 void RepairText(TextField* field) {
   if (!IsEmpty(field) && !IsNumericIn(field)) {
-    WriteNumber(field, std::abs(LeadingNumberIn(field)));
+    WriteTyped(field, std::abs(LeadingNumberIn(field)));
   }
 }
 
 void RepairSign(TextField* field) {
-  if (!IsEmpty(field) && NumberIn(field) < 0) {
-    WriteNumber(field, -NumberIn(field));
+  if (ShownNumberIn(field) >= 0) {
+    return;
+  }
+  if (const auto number = field->WrittenFrom()) {
+    WriteNumber(field, -*number);
+  } else {
+    WriteTyped(field, -ShownNumberIn(field));
   }
 }
 
@@ -62,23 +95,30 @@ double RepairedNumber(TextField* field) {
   return NumberIn(field);
 }
 
-void RewriteWithin(TextField* field, double limit) {
+void RepairWithin(TextField* field, double limit) {
   RepairText(field);
-  if (!IsEmpty(field)) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
+  if (!field->WrittenFrom() && ShownNumberIn(field) > limit) {
+    WriteTyped(field, ShrinkByTens(ShownNumberIn(field), limit));
   }
 }
 
-void RepairWithin(TextField* field, double limit) {
-  RepairText(field);
-  if (!IsEmpty(field) && NumberIn(field) > limit) {
-    WriteOwnNumber(field, ShrinkByTens(NumberIn(field), limit));
+void RewriteWithin(TextField* field, double limit) {
+  RepairWithin(field, limit);
+  if (!IsEmpty(field)) {
+    RewriteWhileTyping(field);
+  }
+}
+
+void PutIn(TextField* field, const QString& text) {
+  field->Write(text);
+  if (field->IsBeingEdited()) {
+    field->selectAll();
   }
 }
 
 void FillBlank(TextField* field, const QString& text) {
   if (IsEmpty(field)) {
-    field->Write(text);
+    PutIn(field, text);
   }
 }
 

@@ -28,6 +28,7 @@ std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
     case BoxButtons::Ok:
       return {{box.addButton(QMessageBox::Ok), BoxAnswer::Ok}};
     case BoxButtons::YesNo:
+    case BoxButtons::YesNoDefaultNo:
       return {{box.addButton(QMessageBox::Yes), BoxAnswer::Yes},
               {box.addButton(QMessageBox::No), BoxAnswer::No}};
     case BoxButtons::CancelTryAgainContinue:
@@ -54,7 +55,8 @@ std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& 
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
   const auto added = AddButtons(*box, buttons);
-  box->setDefaultButton(added.front().button);
+  const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
+  box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
   std::optional<BoxAnswer> answer;
   if (dialogs_.Run(box.data())) {
     const auto* clicked = box->clickedButton();

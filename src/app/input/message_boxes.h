@@ -12,7 +12,8 @@
 
 namespace brindle {
 
-enum class BoxButtons { Ok, YesNo, CancelTryAgainContinue };
+/// The buttons of a box; the first one is its default, but where something is lost by Yes.
+enum class BoxButtons { Ok, YesNo, YesNoDefaultNo, CancelTryAgainContinue };
 enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
 
 /// Message boxes as the windows ask for them: plain text, the whole program stops while one is

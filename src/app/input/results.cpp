@@ -17,6 +17,8 @@
 #include <QStylePainter>
 #include <QWidget>
 
+#include "app/input/text_field.h"
+
 namespace brindle {
 
 namespace {
@@ -52,6 +54,8 @@ ResultField::ResultField(const QString& name, const QString& tooltip, int digits
   setAlignment(Qt::AlignRight);
   FollowFont();
 }
+
+void ResultField::Write(const QString& text) { SetTextKeepingSelection(this, text); }
 
 QSize ResultField::sizeHint() const {
   QStyleOptionFrame option;

@@ -21,6 +21,8 @@ class ResultField : public QLineEdit {
 
  public:
   ResultField(const QString& name, const QString& tooltip, int digits);
+  /// Shows a result; what is selected stays so where the text does not change.
+  void Write(const QString& text);
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 

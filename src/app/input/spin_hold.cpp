@@ -103,7 +103,7 @@ void SpinHold::WaitFor(double seconds) {
 }
 
 void SpinHold::Step(const SpinPress& press) {
-  WriteNumber(press.field, press.step(NumberIn(press.field), press.limit));
+  WriteNumber(press.field, press.step(ShownNumberIn(press.field), press.limit));
 }
 
 }  // namespace brindle

@@ -3,8 +3,12 @@
 
 #include "app/input/text_field.h"
 
+#include <cmath>
+#include <optional>
+
 #include <QApplication>
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -14,7 +18,17 @@
 #include <QStyleOptionFrame>
 
 namespace brindle {
+
+using namespace Qt::StringLiterals;
+
 namespace {
+
+bool IsCommand(const QKeyEvent& event) {
+  // Ctrl with a letter is a command; Ctrl and Alt together are how some keyboards make characters.
+  return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+}
+
+bool MakesComma(const QKeyEvent& event) { return !IsCommand(event) && event.text() == u","_s; }
 
 bool MakesCharacter(const QKeyEvent& event) {
   switch (event.key()) {
@@ -26,10 +40,7 @@ bool MakesCharacter(const QKeyEvent& event) {
     default:
       break;
   }
-  // Ctrl with a letter is a command; Ctrl and Alt together are how some keyboards make characters.
-  const bool isCommand =
-      (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
-  return !isCommand && !event.text().isEmpty() && event.text().front().isPrint();
+  return !IsCommand(event) && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 bool IsModifier(int key) {
@@ -49,25 +60,68 @@ bool IsModifier(int key) {
 
 }  // namespace
 
+void SetTextKeepingSelection(QLineEdit* field, const QString& text) {
+  if (text == field->text()) {
+    return;
+  }
+  const bool allSelected = field->hasSelectedText() && field->selectedText() == field->text();
+  field->setText(text);
+  if (allSelected) {
+    field->selectAll();
+  }
+}
+
 TextField::TextField(const QString& name, const QString& tooltip) {
   setObjectName(name);
   setToolTip(tooltip);
   setMaxLength(LongestText);
+  connect(this, &QLineEdit::textChanged, this, &TextField::HearOfChange);
   connect(this, &QLineEdit::textEdited, this, [this] {
+    HearOfChange();  // the signal of the change comes only after this one
     if (!inKey_) {
-      Q_EMIT KeyUp();
+      Tell(&TextField::KeyUp);
     }
   });
 }
 
-void TextField::Write(const QString& text) {
-  if (text == this->text()) {
+void TextField::Write(const QString& text) { Set(text, std::nullopt); }
+
+void TextField::Write(const QString& text, double number) {
+  Set(text, text.isEmpty() || !std::isfinite(number) ? std::nullopt : std::optional(number));
+}
+
+void TextField::Set(const QString& text, std::optional<double> number) {
+  // First, for who hears of the change may read the field, and write it again.
+  writtenFrom_ = number;
+  const QScopedValueRollback writing(isWriting_, true);
+  SetTextKeepingSelection(this, text);
+}
+
+void TextField::HearOfChange() {
+  if (!isWriting_) {
+    writtenFrom_.reset();
+    ++changes_;
+  }
+}
+
+// A handler that ends with the text it began with leaves the cursor and the selection where they
+// were, whatever it wrote in between.
+void TextField::Tell(void (TextField::*what)()) {
+  const QString before = text();
+  const int cursor = cursorPosition();
+  const int start = selectionStart();
+  const int length = selectionLength();
+  Q_EMIT(this->*what)();
+  if (text() != before ||
+      (cursorPosition() == cursor && selectionStart() == start && selectionLength() == length)) {
     return;
   }
-  const bool allSelected = hasSelectedText() && selectedText() == this->text();
-  setText(text);
-  if (allSelected) {
-    selectAll();
+  if (start < 0) {
+    setCursorPosition(cursor);
+  } else if (cursor == start) {
+    setSelection(start + length, -length);
+  } else {
+    setSelection(start, length);
   }
 }
 
@@ -106,9 +160,23 @@ QSize TextField::sizeHint() const {
 
 QSize TextField::minimumSizeHint() const { return sizeHint(); }
 
+void TextField::inputMethodEvent(QInputMethodEvent* event) {
+  if (event->commitString() == u","_s) {
+    event->setCommitString(u"."_s, event->replacementStart(), event->replacementLength());
+  }
+  QLineEdit::inputMethodEvent(event);
+}
+
 void TextField::keyPressEvent(QKeyEvent* event) {
+  if (MakesComma(*event)) {
+    QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, event->modifiers(), u"."_s,
+                     event->isAutoRepeat());
+    keyPressEvent(&period);
+    event->setAccepted(period.isAccepted());
+    return;
+  }
   if (MakesCharacter(*event)) {
-    Q_EMIT KeyPress();
+    Tell(&TextField::KeyPress);
   }
   const bool isUp = event->key() == Qt::Key_Up;
   if ((isUp || event->key() == Qt::Key_Down) &&
@@ -124,7 +192,7 @@ void TextField::keyPressEvent(QKeyEvent* event) {
 void TextField::keyReleaseEvent(QKeyEvent* event) {
   QLineEdit::keyReleaseEvent(event);
   if (!event->isAutoRepeat() && !IsModifier(event->key())) {
-    Q_EMIT KeyUp();
+    Tell(&TextField::KeyUp);
   }
 }
 
@@ -143,7 +211,7 @@ void TextField::mousePressEvent(QMouseEvent* event) {
   } else {
     QLineEdit::mousePressEvent(event);
   }
-  Q_EMIT MouseDown();
+  Tell(&TextField::MouseDown);
 }
 
 void TextField::mouseMoveEvent(QMouseEvent* event) {
@@ -165,12 +233,12 @@ void TextField::mouseReleaseEvent(QMouseEvent* event) {
   } else {
     QLineEdit::mouseReleaseEvent(event);
   }
-  Q_EMIT MouseUp();
+  Tell(&TextField::MouseUp);
 }
 
 void TextField::mouseDoubleClickEvent(QMouseEvent* event) {
   QLineEdit::mouseDoubleClickEvent(event);
-  Q_EMIT MouseDown();
+  Tell(&TextField::MouseDown);
 }
 
 }  // namespace brindle

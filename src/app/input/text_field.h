@@ -3,14 +3,24 @@
 
 #pragma once
 
+#include <optional>
+
 #include <QLineEdit>
 #include <QPoint>
 #include <QString>
 
 namespace brindle {
 
+/// Sets the text of a field. The text that already stands there changes nothing, the selection
+/// included. Another text leaves all selected where all was selected, else the cursor at its end.
+void SetTextKeepingSelection(QLineEdit* field, const QString& text);
+
 /// A field for one number, alone or as the text part of an EditableList. It tells its window of
 /// keys and mouse buttons the way the windows' handlers count them, and repairs nothing by itself.
+/// A comma that is typed enters a period: many number pads have no other key for it.
+///
+/// What the program wrote from a number stands for exactly that number, however few digits show,
+/// until somebody changes the text: 20 seconds, shown as 0.333 minutes, stay 20 seconds.
 class TextField : public QLineEdit {
   Q_OBJECT
 
@@ -20,9 +30,16 @@ class TextField : public QLineEdit {
 
   explicit TextField(const QString& name, const QString& tooltip);
 
-  /// Sets the text. The text that already stands there changes nothing, the selection included.
-  /// Another text leaves all selected where all was selected, else the cursor at its end.
+  /// Sets the text, as SetTextKeepingSelection() does; it stands for what it reads as.
   void Write(const QString& text);
+  /// The same, but the text stands for `number`, which it was written from. An empty text, and a
+  /// number that is not finite, stand for nothing.
+  void Write(const QString& text, double number);
+
+  /// The number that the text was written from; nothing where it stands for what it reads as.
+  [[nodiscard]] std::optional<double> WrittenFrom() const { return writtenFrom_; }
+  /// How often somebody else than Write() has changed the text.
+  [[nodiscard]] int Changes() const { return changes_; }
 
   /// The field in which its window's keys arrive, whether or not the window is the active one.
   [[nodiscard]] bool IsBeingEdited() const;
@@ -52,6 +69,7 @@ class TextField : public QLineEdit {
   void ArrowKey(int direction);
 
  protected:
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -61,6 +79,13 @@ class TextField : public QLineEdit {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
+  void Set(const QString& text, std::optional<double> number);
+  void HearOfChange();
+  void Tell(void (TextField::*what)());
+
+  std::optional<double> writtenFrom_;
+  int changes_ = 0;
+  bool isWriting_ = false;
   int visibleDigits_ = 7;
   bool keepsBegunNumber_ = false;
   bool inKey_ = false;

@@ -4,16 +4,26 @@
 #include "app/numbers/running_time.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
+#include "app/numbers/decimal_digits.h"
 #include "app/numbers/numeric_text.h"
 #include "app/numbers/rounding.h"
 
 namespace brindle {
 
-RunningTime TakeApart(double minutes) {
+double SecondsToHundredths(double minutes) {
+  constexpr int hundredths = 2;
+  const double seconds = minutes * 60;
+  return std::isfinite(seconds)
+             ? ValueOf(Rounded(FifteenDigits(seconds), hundredths, Tie::AwayFromZero))
+             : seconds;
+}
+
+RunningTime TakeApart(double seconds) {
   RunningTime time;
-  time.seconds = minutes * 60;
+  time.seconds = seconds;
   time.hours = WholePart(time.seconds / 3600);
   // A whole part that the 15th digit lifted leaves a rest below 0, which is noise.
   time.seconds = std::max(time.seconds - time.hours * 3600, 0.0);

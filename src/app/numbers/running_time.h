@@ -19,11 +19,16 @@ struct RunningTime {
   double hours = 0;
   double minutes = 0;
   double seconds = 0;
+
+  [[nodiscard]] bool operator==(const RunningTime&) const = default;
 };
 
-/// Takes `minutes` apart: 125.5 minutes are 2 hours, 5 minutes, 30 seconds. The whole parts are
-/// those of WholePart(), so that what came from whole seconds gives them again.
-[[nodiscard]] RunningTime TakeApart(double minutes);
+/// `minutes` in seconds, rounded to hundredths, halves up: 1.99999 minutes are 120 seconds.
+[[nodiscard]] double SecondsToHundredths(double minutes);
+
+/// Takes so many seconds apart: 7530 are 2 hours, 5 minutes, 30 seconds. The whole parts are those
+/// of WholePart(), so that what came from whole seconds gives them again.
+[[nodiscard]] RunningTime TakeApart(double seconds);
 
 /// hours x 60 + minutes + seconds / 60, in minutes. No part is limited.
 [[nodiscard]] double InMinutes(const RunningTime& time);

@@ -17,6 +17,11 @@ void WindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(
 
 Form& WindowList::Load(WindowId id) {
   auto window = windows_.find(id);
+  if (window != windows_.end() && !window->second->isVisible()) {
+    // Loaded for once, and never shown: what it shows may be out of date.
+    Forget(id);
+    window = windows_.end();
+  }
   if (window == windows_.end()) {
     window = windows_.emplace(id, factories_.at(id)()).first;
     auto* form = window->second.get();

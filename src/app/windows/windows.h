@@ -32,12 +32,12 @@ class Windows {
   Windows& operator=(Windows&&) = delete;
   virtual ~Windows() = default;
 
-  /// The one window of this kind. Creates it when it does not exist, without showing it: its next
-  /// show does not load it again.
+  /// The one window of this kind. Creates it when it is not shown, without showing it: its next
+  /// show creates it afresh, as after closing it.
   virtual Form& Load(WindowId id) = 0;
 
-  /// Shows the one window of this kind, without making the others wait: creates it when it does not
-  /// exist, else brings it to the front. What its creation throws comes out; no window is left
+  /// Shows the one window of this kind, without making the others wait: creates it when it is not
+  /// shown, else brings it to the front. What its creation throws comes out; no window is left
   /// then.
   virtual void Show(WindowId id) = 0;
 

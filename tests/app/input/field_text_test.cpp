@@ -3,6 +3,8 @@
 
 #include "app/input/field_text.h"
 
+#include <limits>
+#include <optional>
 #include <string>
 
 #include <QString>
@@ -59,13 +61,15 @@ TEST_F(FieldTextTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
   }
 }
 
-TEST_F(FieldTextTest, OwnNumberKeepsTheTypedTailOnlyWhileItIsEdited) {
+TEST_F(FieldTextTest, ANumberRewrittenKeepsTheTypedTailOnlyWhileItIsEdited) {
   window.A->setText(u"10.0"_s);
   window.B->setText(u"10.0"_s);
-  WriteOwnNumber(window.A, 10);
-  WriteOwnNumber(window.B, 10);
+  RewriteWhileTyping(window.A);
+  RewriteWhileTyping(window.B);
   EXPECT_EQ(window.A->text(), u"10"_s);
   EXPECT_EQ(window.B->text(), u"10.0"_s);
+  RewriteNumber(window.B);
+  EXPECT_EQ(window.B->text(), u"10"_s);
 }
 
 TEST_F(FieldTextTest, BlanksAreFilledOnlyWhereNothingStands) {
@@ -222,6 +226,102 @@ TEST_F(FieldTextTest, SelectsTheWholeTextHoweverLong) {
   window.A->setText({});
   SelectWholeText(window.A);
   EXPECT_FALSE(window.A->hasSelectedText());
+}
+
+TEST_F(FieldTextTest, WhatIsWrittenStandsForItsNumberUntilSomebodyChangesIt) {
+  window.B->Write(u"0.333"_s, 1.0 / 3);
+  EXPECT_EQ(NumberIn(window.B), 1.0 / 3);
+  EXPECT_EQ(LeadingNumberIn(window.B), 1.0 / 3);
+  EXPECT_EQ(ShownNumberIn(window.B), 0.333);
+  Key(Qt::Key_End);
+  Key(Qt::Key_Backspace);
+  Type(u"3"_s);
+  EXPECT_EQ(window.B->text(), u"0.333"_s);
+  EXPECT_EQ(NumberIn(window.B), 0.333);
+  EXPECT_EQ(LeadingNumberIn(window.B), 0.333);
+}
+
+TEST_F(FieldTextTest, AnotherTextOfTheProgramStandsForItself) {
+  window.A->Write(u"0.333"_s, 1.0 / 3);
+  window.A->Write(u"0.333"_s);
+  EXPECT_EQ(NumberIn(window.A), 0.333);
+  window.A->Write(u"0.333"_s, 1.0 / 3);
+  window.A->setText(u"0.334"_s);
+  EXPECT_EQ(NumberIn(window.A), 0.334);
+}
+
+TEST_F(FieldTextTest, TheSameTextOfAnotherNumberStandsForThatOne) {
+  Type(u"1.112"_s);
+  window.B->Write(u"1.112"_s, 1.11222);
+  EXPECT_EQ(NumberIn(window.B), 1.11222);
+  window.B->Write(u"1.112"_s, 1.11189);
+  EXPECT_EQ(NumberIn(window.B), 1.11189);
+}
+
+TEST_F(FieldTextTest, WhatStandsNowhereStandsForNothing) {
+  window.A->Write(u""_s, 0.3);
+  EXPECT_EQ(window.A->WrittenFrom(), std::nullopt);
+  EXPECT_EQ(NumberIn(window.A), 0);
+  WriteNumber(window.A, std::numeric_limits<double>::infinity());
+  EXPECT_EQ(window.A->text(), QString());
+  EXPECT_EQ(NumberIn(window.A), 0);
+}
+
+TEST_F(FieldTextTest, ARewrittenNumberGoesOnStandingForWhatItWasWrittenFrom) {
+  window.A->Write(u"25.01"_s, 25.0083);
+  RewriteNumber(window.A);
+  EXPECT_EQ(window.A->text(), u"25.01"_s);
+  EXPECT_EQ(NumberIn(window.A), 25.0083);
+  window.A->Write(u"05.00"_s, 5.004);
+  RewriteNumber(window.A);
+  EXPECT_EQ(window.A->text(), u"5"_s);
+  EXPECT_EQ(NumberIn(window.A), 5.004);
+  RewriteFormatted(window.A, "00.00");
+  EXPECT_EQ(window.A->text(), u"05.00"_s);
+  EXPECT_EQ(NumberIn(window.A), 5.004);
+}
+
+TEST_F(FieldTextTest, ANumberFormattedAsItIsLeftStandsForWhatWasTyped) {
+  window.A->setText(u"20.005"_s);
+  RewriteFormatted(window.A, "00.00");
+  EXPECT_EQ(window.A->text(), u"20.01"_s);
+  EXPECT_EQ(NumberIn(window.A), 20.005);
+}
+
+TEST_F(FieldTextTest, WhatTheProgramWroteHasNoLimit) {
+  WriteNumber(window.A, 10000);
+  RepairWithin(window.A, 999);
+  EXPECT_EQ(window.A->text(), u"10000"_s);
+  RewriteWithin(window.A, 999);
+  EXPECT_EQ(window.A->text(), u"10000"_s);
+  WriteTyped(window.A, 10000);
+  RepairWithin(window.A, 999);
+  EXPECT_EQ(window.A->text(), u"100"_s);
+}
+
+TEST_F(FieldTextTest, TheSignOfWhatTheProgramWroteIsRepairedExactly) {
+  window.A->Write(u"-0.333"_s, -1.0 / 3);
+  RepairSign(window.A);
+  EXPECT_EQ(window.A->text(), u"0.333333333333333"_s);
+  EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
+}
+
+TEST_F(FieldTextTest, MinutesThatShowNoneAreNone) {
+  WriteMinutes(window.A, 1.0 / 3);
+  EXPECT_EQ(window.A->text(), u"0.333"_s);
+  EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
+  WriteMinutes(window.A, 0.0004);
+  EXPECT_EQ(window.A->text(), u"0"_s);
+  EXPECT_EQ(NumberIn(window.A), 0);
+}
+
+TEST_F(FieldTextTest, WhatIsPutIntoTheFieldBeingEditedStandsSelected) {
+  FillBlank(window.A, u"1"_s);
+  EXPECT_FALSE(window.A->hasSelectedText());
+  FillBlank(window.B, u"1"_s);
+  EXPECT_EQ(window.B->selectedText(), u"1"_s);
+  Type(u"600"_s);
+  EXPECT_EQ(window.B->text(), u"600"_s);
 }
 
 }  // namespace

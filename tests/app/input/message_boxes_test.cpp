@@ -66,14 +66,40 @@ INSTANTIATE_TEST_SUITE_P(
         AnswerCase{"OK", BoxButtons::Ok, BoxAnswer::Ok},
         AnswerCase{"Yes", BoxButtons::YesNo, BoxAnswer::Yes},
         AnswerCase{"No", BoxButtons::YesNo, BoxAnswer::No},
+        AnswerCase{"Yes", BoxButtons::YesNoDefaultNo, BoxAnswer::Yes},
+        AnswerCase{"No", BoxButtons::YesNoDefaultNo, BoxAnswer::No},
         AnswerCase{"Cancel", BoxButtons::CancelTryAgainContinue, BoxAnswer::Cancel},
         AnswerCase{"Try Again", BoxButtons::CancelTryAgainContinue, BoxAnswer::TryAgain},
         AnswerCase{"Continue", BoxButtons::CancelTryAgainContinue, BoxAnswer::Continue}),
     [](const auto& instance) {
       auto name = instance.param.caption;
       std::erase(name, ' ');
-      return name;
+      return name + (instance.param.buttons == BoxButtons::YesNoDefaultNo ? "AtRisk" : "");
     });
+
+struct DefaultCase {
+  std::string name;
+  BoxButtons buttons = BoxButtons::Ok;
+  BoxAnswer answer = BoxAnswer::Ok;
+};
+
+class MessageBoxDefault : public ::testing::TestWithParam<DefaultCase> {};
+
+TEST_P(MessageBoxDefault, IsWhatEnterMeans) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([](QMessageBox*) { Key(Qt::Key_Return); });
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, GetParam().buttons), GetParam().answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, MessageBoxDefault,
+                         ::testing::Values(DefaultCase{"Ok", BoxButtons::Ok, BoxAnswer::Ok},
+                                           DefaultCase{"Yes", BoxButtons::YesNo, BoxAnswer::Yes},
+                                           DefaultCase{"NoWhereSomethingIsLost",
+                                                       BoxButtons::YesNoDefaultNo, BoxAnswer::No},
+                                           DefaultCase{"Cancel", BoxButtons::CancelTryAgainContinue,
+                                                       BoxAnswer::Cancel}),
+                         [](const auto& instance) { return instance.param.name; });
 
 TEST(MessageBoxes, ShowPlainTextAndStopTheProgram) {
   ModalDialogs dialogs;

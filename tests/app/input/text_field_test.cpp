@@ -206,5 +206,89 @@ TEST_F(TextFieldTest, AsksForRoomByDigits) {
   EXPECT_EQ(window.A->sizeHint().width() - four, 4 * digit);
 }
 
+TEST_F(TextFieldTest, ACommaTypedEntersAPeriod) {
+  Type(u"90,5"_s);
+  EXPECT_EQ(window.B->text(), u"90.5"_s);
+  window.A->setFocus();
+  window.events.clear();
+  Type(u","_s);
+  EXPECT_EQ(window.events, (Events{"A press ", "A up ."}));
+}
+
+TEST_F(TextFieldTest, TheCommaOfANumberPadEntersAPeriod) {
+  KeyDown(Qt::Key_Comma, u","_s);
+  EXPECT_EQ(window.B->text(), u"."_s);
+}
+
+TEST_F(TextFieldTest, ACommaFromAnInputMethodEntersAPeriod) {
+  QInputMethodEvent comma;
+  comma.setCommitString(u","_s);
+  QApplication::sendEvent(window.B, &comma);
+  EXPECT_EQ(window.B->text(), u"."_s);
+}
+
+TEST_F(TextFieldTest, ACommaPastedStays) {
+  Paste(u"1,5"_s);
+  EXPECT_EQ(window.B->text(), u"1,5"_s);
+}
+
+TEST_F(TextFieldTest, ACommaTypedIntoAListEntersAPeriod) {
+  window.L->setFocus();
+  Type(u"4,7"_s);
+  EXPECT_EQ(window.L->Field()->text(), u"4.7"_s);
+}
+
+// A handler that formats what it has just made plain.
+class TextFieldRewritten : public TextFieldTest {
+ protected:
+  void RewriteAt(void (TextField::*event)()) {
+    QObject::connect(window.B, event, &window, [this] {
+      const auto before = window.B->text();
+      window.B->Write(u"5"_s);
+      window.B->Write(before);
+    });
+  }
+};
+
+TEST_F(TextFieldRewritten, KeepsTheCursorWhereTheTextIsTheSameAtTheEnd) {
+  RewriteAt(&TextField::KeyUp);
+  window.B->setText(u"05.00"_s);
+  window.B->setCursorPosition(2);
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(window.B->text(), u"05.00"_s);
+  EXPECT_EQ(window.B->cursorPosition(), 2);
+}
+
+TEST_F(TextFieldRewritten, KeepsTheSelectionAndItsDirection) {
+  RewriteAt(&TextField::KeyUp);
+  window.B->setText(u"05.00"_s);
+  window.B->setSelection(1, 3);
+  KeyLetGo(Qt::Key_Right);
+  EXPECT_EQ(window.B->selectedText(), u"5.0"_s);
+  EXPECT_EQ(window.B->cursorPosition(), 4);
+  window.B->setSelection(4, -3);
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(window.B->selectedText(), u"5.0"_s);
+  EXPECT_EQ(window.B->cursorPosition(), 1);
+}
+
+TEST_F(TextFieldRewritten, ThePressPutsTheCursorWhereTheMouseIs) {
+  RewriteAt(&TextField::MouseDown);
+  window.B->setText(u"05.00"_s);
+  window.B->setCursorPosition(0);
+  Press(window.B);
+  const int middle = window.B->cursorPositionAt(window.B->rect().center());
+  EXPECT_EQ(window.B->cursorPosition(), middle);
+  EXPECT_GT(middle, 0);
+}
+
+TEST_F(TextFieldRewritten, LeavesTheCursorAtTheEndOfAnotherText) {
+  QObject::connect(window.B, &TextField::KeyUp, &window, [this] { window.B->Write(u"12.5"_s); });
+  window.B->setText(u"123.5"_s);
+  window.B->setCursorPosition(1);
+  KeyLetGo(Qt::Key_Left);
+  EXPECT_EQ(window.B->cursorPosition(), 4);
+}
+
 }  // namespace
 }  // namespace brindle

@@ -625,12 +625,15 @@ TEST(NumbersPropertyTest, RunningTimesAddUp) {
   Random random(20260106);
   for (int i = 0; i < 100'000; ++i) {
     const double minutes = static_cast<double>(random.Between(0, 60'000'000)) / 1000;
-    const auto time = TakeApart(minutes);
+    const auto time = TakeApart(minutes * 60);
     sum.Check(std::abs(InMinutes(time) - minutes) < 1e-9, minutes);
     ranges.Check(time.hours >= 0 && time.minutes >= 0 && time.minutes < 60 &&
                      time.seconds > -1e-6 && time.seconds < 60,
                  minutes);
     ranges.Check(IsWhole(time.hours) && IsWhole(time.minutes), minutes);
+    const auto shown = TakeApart(SecondsToHundredths(minutes));
+    sum.Check(std::abs(InMinutes(shown) - minutes) < 0.005 / 60 + 1e-9, minutes);
+    ranges.Check(shown.minutes < 60 && NumberOf(Formatted(shown.seconds, "00.00")) < 60, minutes);
   }
 }
 

@@ -43,7 +43,10 @@ const std::vector<ApartCase> ApartCases{
     {"OneStepAboveAnHour", 60.00000000000001, 1, 0, "00.00"},
     {"OneSecondAboveAnHour", 60 + 1.0 / 60, 1, 0, "01.00"},
     {"HundredthsOfASecond", 1.2345, 0, 1, "14.07"},
-    {"AlmostAMinuteShowsSixtySeconds", 1.99999, 0, 1, "60.00"},
+    {"AlmostAMinuteIsOne", 1.99999, 0, 2, "00.00"},
+    {"AlmostAnHourIsOne", 59.99999, 1, 0, "00.00"},
+    {"HalfAHundredthRoundsUp", 59.995 / 60, 0, 1, "00.00"},
+    {"LessThanHalfAHundredthRoundsDown", 59.9949 / 60, 0, 0, "59.99"},
     {"HoursAreNotLimited", 100000, 1666, 40, "00.00"},
     {"LargestEntry", 999.0 * 60 + 99 + 99.999 / 60, 1000, 40, "40.00"},
     {"BelowZeroCountsUpFromTheHour", -1.5, -1, 58, "30.00"},
@@ -53,7 +56,7 @@ const std::vector<ApartCase> ApartCases{
 class TakeApartTest : public testing::TestWithParam<ApartCase> {};
 
 TEST_P(TakeApartTest, GivesWholeHoursWholeMinutesAndTheRest) {
-  const auto time = TakeApart(GetParam().minutes);
+  const auto time = TakeApart(SecondsToHundredths(GetParam().minutes));
   EXPECT_EQ(time.hours, GetParam().hours);
   EXPECT_EQ(time.minutes, GetParam().wholeMinutes);
   EXPECT_EQ(Formatted(time.seconds, "00.00"), GetParam().seconds);
@@ -69,7 +72,7 @@ TEST(TakeApartTest, EveryWholeSecondOfADayComesBack) {
     const int seconds = second % 60;
     const RunningTime given{static_cast<double>(hours), static_cast<double>(minutes),
                             static_cast<double>(seconds)};
-    const auto time = TakeApart(InMinutes(given));
+    const auto time = TakeApart(SecondsToHundredths(InMinutes(given)));
     const bool same = time.hours == given.hours && time.minutes == given.minutes &&
                       Formatted(time.seconds, "00.00") == Formatted(given.seconds, "00.00");
     failures += same ? 0 : 1;
@@ -79,12 +82,18 @@ TEST(TakeApartTest, EveryWholeSecondOfADayComesBack) {
 
 TEST(TakeApartTest, NotFiniteShowsNothingNotFinite) {
   for (const double minutes : {Infinity, -Infinity, NotANumber, LargestDouble, -LargestDouble}) {
-    const auto time = TakeApart(minutes);
+    const auto time = TakeApart(SecondsToHundredths(minutes));
     for (const auto& text :
          {TextOf(time.hours), TextOf(time.minutes), Formatted(time.seconds, "00.00")}) {
       EXPECT_TRUE(text.empty() || IsNumeric(text)) << text;
     }
   }
+}
+
+TEST(TakeApartTest, WithoutRoundingTheRestKeepsItsDigits) {
+  const auto time = TakeApart(119.999);
+  EXPECT_EQ(time.minutes, 1);
+  EXPECT_EQ(TextOf(time.seconds), "59.999");
 }
 
 struct MinutesCase {

@@ -136,20 +136,31 @@ TEST_F(WindowListTest, ALoadedWindowIsMadeButNotShown) {
   EXPECT_EQ(second, nullptr);
 }
 
-TEST_F(WindowListTest, LoadedTwiceItIsTheSameOne) {
+TEST_F(WindowListTest, AShownOneIsLoadedAsOftenAsOneLikes) {
+  list.Show(WindowId::QuickC);
   auto& loaded = list.Load(WindowId::QuickC);
   EXPECT_EQ(&list.Load(WindowId::QuickC), &loaded);
   EXPECT_NE(&list.Load(WindowId::HDCalc), &loaded);
   EXPECT_EQ(made, 1);
 }
 
-TEST_F(WindowListTest, TheNextShowShowsTheLoadedOne) {
-  const auto* loaded = &list.Load(WindowId::QuickC);
+TEST_F(WindowListTest, TheNextShowMakesALoadedOneAfresh) {
+  list.Load(WindowId::QuickC);
+  const QPointer<Form> loaded = first;
   list.Show(WindowId::QuickC);
-  EXPECT_EQ(made, 1);
-  EXPECT_EQ(first, loaded);
+  EXPECT_EQ(made, 2);
+  RunEventLoop();
+  EXPECT_EQ(loaded, nullptr);
   EXPECT_TRUE(first->isVisible());
   EXPECT_TRUE(QTest::qWaitForWindowActive(first, 10000));
+}
+
+TEST_F(WindowListTest, LoadedAgainBeforeItWasShownItIsMadeAfresh) {
+  list.Load(WindowId::QuickC);
+  const auto old = first;
+  list.Load(WindowId::QuickC);
+  EXPECT_EQ(made, 2);
+  EXPECT_NE(first, old);
 }
 
 TEST_F(WindowListTest, LoadingAShownOneGivesThatAndLeavesItWhereItIs) {
@@ -192,7 +203,7 @@ TEST_F(WindowListTest, ALoadedOneThatWasShownAndClosedIsForgotten) {
   RunEventLoop();
   EXPECT_EQ(first, nullptr);
   list.Load(WindowId::QuickC);
-  EXPECT_EQ(made, 2);
+  EXPECT_EQ(made, 3);
 }
 
 TEST_F(WindowListTest, AWindowThatCannotBeLoadedLeavesNothingAndCanBeTriedAgain) {

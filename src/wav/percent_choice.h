@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLabel>
+#include <QObject>
+
+#include "app/input/text_field.h"
+#include "app/settings/settings.h"
+
+namespace brindle {
+
+/// The field of the normalizer that says which level the peaks are to reach. Keeps the choice in
+/// the settings record, as a whole number.
+class PercentChoice : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit PercentChoice(Settings& record);
+
+  [[nodiscard]] QLabel* Caption() const { return Label3; }
+  [[nodiscard]] TextField* Field() const { return PercNorm; }
+
+  void Form_Load();
+
+  /// The percentage that a pass is to aim at. A field that is empty, or in which a number is only
+  /// begun, counts as the stored one and shows it again.
+  [[nodiscard]] double TargetPercent();
+
+ private:
+  void PercNorm_Change();
+
+  Settings& record_;
+
+  QLabel* Label3;
+  TextField* PercNorm;
+};
+
+}  // namespace brindle

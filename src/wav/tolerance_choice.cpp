@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/tolerance_choice.h"
+
+#include <QString>
+
+#include "app/input/field_text.h"
+#include "app/input/labels.h"
+#include "app/input/layout.h"
+#include "app/input/slider.h"
+#include "app/numbers/numeric_text.h"
+#include "app/numbers/rounding.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MostTolerance = 30;  // percent
+
+QString ToleranceText(float percent) { return ToQString(TextOfSingle(percent)) + u'%'; }
+
+}  // namespace
+
+ToleranceChoice::ToleranceChoice(Settings& record)
+    : record_(record),
+      Toler(new Slider(u"Toler"_s,
+                       u"Tolerance for determining whether the WAV is already normalized."_s, 0,
+                       MostTolerance)),
+      TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
+                              {u"88.8%"_s, ToleranceText(record.WavTolerance)})),
+      Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())) {
+  Toler->SetSteps(3, 1, 5);
+  NameByLabel(Label4->text(), {Toler, TolerTxt});
+  connect(Toler, &Slider::Change, this, &ToleranceChoice::Toler_Change);
+}
+
+void ToleranceChoice::Form_Load() {
+  Toler->Write(ToInteger32(record_.WavTolerance));
+  Show(record_.WavTolerance);
+}
+
+void ToleranceChoice::Toler_Change() {
+  if (!Toler->IsBeingWritten()) {
+    record_.WavTolerance = static_cast<float>(Toler->value());
+    Show(record_.WavTolerance);
+  }
+}
+
+void ToleranceChoice::Show(float percent) {
+  percent_ = percent;
+  TolerTxt->Show(ToleranceText(percent));
+}
+
+}  // namespace brindle

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLabel>
+#include <QObject>
+#include <QWidget>
+
+#include "app/input/labels.h"
+#include "app/input/slider.h"
+#include "app/settings/settings.h"
+
+namespace brindle {
+
+/// The slider of the normalizer that says how small a change is not worth a pass. Keeps the choice
+/// in the settings record.
+class ToleranceChoice : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit ToleranceChoice(Settings& record);
+
+  /// What stands in the line of the slider, label first.
+  [[nodiscard]] QLabel* Caption() const { return Label4; }
+  [[nodiscard]] QWidget* Range() const { return Toler; }
+  [[nodiscard]] QWidget* Value() const { return TolerTxt; }
+
+  /// A stored tolerance that the slider cannot show moves it to its end, and is used as stored.
+  void Form_Load();
+
+  /// The tolerance that is shown, in percent.
+  [[nodiscard]] float Percent() const { return percent_; }
+
+ private:
+  void Toler_Change();
+  void Show(float percent);
+
+  Settings& record_;
+  float percent_ = 0;
+
+  Slider* Toler;
+  ValueLabel* TolerTxt;
+  QLabel* Label4;
+};
+
+}  // namespace brindle
