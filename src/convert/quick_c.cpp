@@ -309,8 +309,7 @@ void QuickC::ConvertFrom(SizeUnit unit) {
   const auto sizes = SizesFrom(unit, NumberIn(source));
   for (const auto other : SizeUnits) {
     if (other != unit) {
-      const auto& size = sizes.at(IndexOf(other));
-      FieldOf(other)->Write(ToQString(size.text), size.exact);
+      WriteNumber(FieldOf(other), sizes.at(IndexOf(other)));
     }
   }
   // Deliberately before the tidying, which rounds sizes and empties those of 0.

@@ -23,19 +23,15 @@ double LargestSize(SizeUnit unit) {
   return largest.at(IndexOf(unit));
 }
 
-ShownSizes SizesFrom(SizeUnit unit, double size) {
-  ShownSizes sizes;
+Sizes SizesFrom(SizeUnit unit, double size) {
+  Sizes sizes{};
   const std::size_t source = IndexOf(unit);
-  sizes.at(source) = {TextOf(size), size};
-  // The first step starts from the size itself.
-  const auto before = [&](std::size_t i) {
-    return i == source ? size : NumberOf(sizes.at(i).text);
-  };
+  sizes.at(source) = size;
   for (std::size_t i = source + 1; i < sizes.size(); ++i) {
-    sizes.at(i) = {TextOf(before(i - 1) / Base), sizes.at(i - 1).exact / Base};
+    sizes.at(i) = sizes.at(i - 1) / Base;
   }
   for (std::size_t i = source; i > 0; --i) {
-    sizes.at(i - 1) = {TextOf(before(i) * Base), sizes.at(i).exact * Base};
+    sizes.at(i - 1) = sizes.at(i) * Base;
   }
   return sizes;
 }

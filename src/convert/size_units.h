@@ -14,14 +14,8 @@ enum class SizeUnit { B, KB, MB, GB };
 
 inline constexpr std::array SizeUnits{SizeUnit::B, SizeUnit::KB, SizeUnit::MB, SizeUnit::GB};
 
-/// A size in one unit.
-struct ShownSize {
-  std::string text;
-  double exact = 0;  ///< what the text stands for
-};
-
 /// A size in each unit, in the order of SizeUnits.
-using ShownSizes = std::array<ShownSize, SizeUnits.size()>;
+using Sizes = std::array<double, SizeUnits.size()>;
 
 [[nodiscard]] constexpr std::size_t IndexOf(SizeUnit unit) {
   return static_cast<std::size_t>(unit);
@@ -31,10 +25,9 @@ using ShownSizes = std::array<ShownSize, SizeUnits.size()>;
 /// and 93132257462, which deliberately is the quotient 93132257461.547... rounded up.
 [[nodiscard]] double LargestSize(SizeUnit unit);
 
-/// A size in all units, worked out from one of them, unit by unit outwards. What is shown is
-/// deliberately worked out from the text of the step before, the last digit included. Example: 1 MB
-/// is "1024" KB, "1048576" B and "0.0009765625" GB.
-[[nodiscard]] ShownSizes SizesFrom(SizeUnit unit, double size);
+/// A size in all units, worked out from one of them, without loss. Example: 1 MB is 1024 KB,
+/// 1048576 B and 0.0009765625 GB.
+[[nodiscard]] Sizes SizesFrom(SizeUnit unit, double size);
 
 /// How a size that nobody is typing is shown: above 9999999999 with plain digits and at most one
 /// decimal; whole sizes without decimals. A size of exactly 0 is "0" in bytes and deliberately

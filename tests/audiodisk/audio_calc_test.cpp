@@ -528,5 +528,34 @@ TEST_F(AudioSpinning, EscapeClosesTheWindow) {
   EXPECT_FALSE(window != nullptr && window->isVisible());
 }
 
+TEST_F(AudioTyping, TheOnePutIntoAnEmptiedFieldIsReplacedByTheNextKey) {
+  for (auto* field : {Source, Target}) {
+    TabTo(field);
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(field->text(), u"1"_s);
+    EXPECT_EQ(field->selectedText(), u"1"_s);
+    Type(u"600"_s);
+    EXPECT_EQ(field->text(), u"600"_s);
+  }
+}
+
+TEST_F(AudioTyping, AClickOnTheOnePutInKeepsItSelected) {
+  TabTo(Source);
+  Source->setText({});
+  Click(Source);
+  EXPECT_EQ(Source->selectedText(), u"1"_s);
+}
+
+TEST_F(AudioTyping, OpeningAndLeavingKeepsARunningTimeThatIsShownShorter) {
+  window->close();
+  record.MovieLength = 20.0 / 60;
+  OpenCalculator();
+  EXPECT_EQ(Text("MLength"), "0.333");
+  Click(MLength);
+  Click(Source);
+  EXPECT_EQ(record.MovieLength, 20.0 / 60);
+}
+
 }  // namespace
 }  // namespace brindle

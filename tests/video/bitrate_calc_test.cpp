@@ -701,5 +701,47 @@ INSTANTIATE_TEST_SUITE_P(EveryField, RubbishInBitrateCalc,
                                            "Time2", "Time3"),
                          [](const auto& instance) { return std::string(instance.param); });
 
+TEST_F(BitrateCalcTest, ExtraMaterialGoesUpToADiscOfToday) {
+  record.CDCapacity = 47000;
+  record.ExtraMaterial = 40000;
+  OpenCalculator();
+  Click(ExtraP);
+  EXPECT_EQ(Text("Extra"), "40001");
+  TabTo(Extra);
+  TypeOver(u"60000"_s);
+  Click(ExtraP);
+  EXPECT_EQ(Text("Extra"), "47000");
+}
+
+TEST_F(BitrateCalcTest, AResultThatStaysTheSameStaysSelected) {
+  OpenCalculator();
+  TabTo(Result);
+  EXPECT_EQ(Result->selectedText(), u"841"_s);
+  Press(ExtraM);  // there is nothing to take away
+  EXPECT_EQ(Result->selectedText(), u"841"_s);
+  LetGo(ExtraM);
+  EXPECT_EQ(Result->selectedText(), u"841"_s);
+}
+
+TEST_F(BitrateCalcTest, AResultSelectedWholeStaysSoWhenItChanges) {
+  OpenCalculator();
+  TabTo(Result);
+  Press(ExtraP);
+  EXPECT_EQ(Result->selectedText(), u"839"_s);
+  LetGo(ExtraP);
+}
+
+TEST_F(BitrateCalcTest, ACommaTypedIsAPeriod) {
+  OpenCalculator();
+  TabTo(MLength);
+  TypeOver(u"90,5"_s);
+  EXPECT_EQ(Text("MLength"), "90.5");
+  EXPECT_EQ(record.MovieLength, 90.5);
+  TabTo(Capacity);
+  TypeOver(u"4,7"_s);
+  EXPECT_EQ(Text("Capacity"), "4.7");
+  EXPECT_EQ(record.CDCapacity, 4.7);
+}
+
 }  // namespace
 }  // namespace brindle

@@ -260,6 +260,50 @@ TEST_P(ClosedWays, AtTheStartOfAnAutomaticPass) {
 
 INSTANTIATE_TEST_SUITE_P(Each, ClosedWays, Ways, NameOf);
 
+// --- By the system, which waits for no answer ----------------------------------------------------
+
+class ClosedBySystem : public ClosingWindow {};
+
+TEST_F(ClosedBySystem, ANormalizationStopsAtItsNextUpdateUnasked) {
+  OpenScannedLong();
+  During("Normalizing...", [&] { main->CloseUnasked(); });
+  ClickOn("btnNorm");
+  ExpectClosed(Way::MainWindow);
+  EXPECT_EQ(Boxes(), Texts());
+  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+}
+
+TEST_F(ClosedBySystem, AScanStopsAtItsNextUpdate) {
+  record.WavAutoNormalize = true;
+  const auto path = Put("in.wav", Long(4));
+  OpenNormalizer();
+  OpenFile(path);
+  LetUpdatesCome();
+  During("Scanning...", [&] { main->CloseUnasked(); });
+  ClickOn("btnScan");
+  ExpectClosed(Way::MainWindow);
+  EXPECT_EQ(Boxes(), Texts());
+  EXPECT_FALSE(QFile::exists(PathOf("out.wav")));
+}
+
+TEST_F(ClosedBySystem, AnAbortThatIsAskedAboutIsNotAnswered) {
+  OpenScannedLong();
+  questions.Answer(std::nullopt, [&] { main->CloseUnasked(); });
+  During("Normalizing...", [&] { ClickOn("Cancel"); });
+  ClickOn("btnNorm");
+  ExpectClosed(Way::MainWindow);
+  EXPECT_EQ(Boxes(), Texts{ReallyAbort});
+}
+
+TEST_F(ClosedBySystem, AQuestionAboutTheTargetOverwritesNothing) {
+  Put("out.wav", QByteArray("precious"));
+  OpenScanned(Quiet());
+  questions.Answer(std::nullopt, [&] { main->CloseUnasked(); });
+  ClickOn("btnNorm");
+  ExpectClosed(Way::MainWindow);
+  EXPECT_EQ(BytesOf("out.wav"), "precious");
+}
+
 // --- While a box stands ------------------------------------------------------------------------
 
 // A box of the normalizer's own, under which the window is closed. The box may be told of it

@@ -889,7 +889,7 @@ TEST_F(UnseenLoudness, NeedsNothingWhereTheWholeFileIsLoudEnough) {
   EXPECT_EQ(Boxes(), (Texts{CutsOff, NotRequired}));
   EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
   EXPECT_EQ(Shown(), Scanned);
-  EXPECT_EQ(Disabled(), "Target TargetFile") << "nothing is left of the pass";
+  EXPECT_EQ(Disabled(), "TargetFile Target") << "nothing is left of the pass";
 }
 
 TEST_F(UnseenLoudness, IsAskedAboutAfterAnAutomaticScanToo) {
@@ -948,9 +948,9 @@ TEST_F(UnseenLoudness, AFileThatIsGoneMeanwhileIsAnError) {
   questions.Answer(BoxAnswer::Yes, [&] { QFile::remove(PathOf("in.wav")); });
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
-  const auto boxes = Boxes();
-  ASSERT_EQ(boxes.size(), 2U);
-  EXPECT_TRUE(Matches(boxes[1], u"^Cannot read .*in\\.wav: "_s)) << boxes[1];
+  const auto asked = Boxes();
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_TRUE(Matches(asked[1], u"^Cannot read .*in\\.wav: "_s)) << asked[1];
   EXPECT_EQ(Shown(), Scanned);
 }
 

@@ -397,7 +397,7 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"Negative", "-20", "-20", -20},
         TypedCase{"FarNegative", "-99999", "-99999", -32768}, TypedCase{"TieDown", "2.5", "2.5", 2},
         TypedCase{"TieUp", "3.5", "3.5", 4}, TypedCase{"Fraction", ".5", ".5", 0},
-        TypedCase{"Comma", "1,5", "15", 15}, TypedCase{"OnlyBegun", "-", "-", 77},
+        TypedCase{"Comma", "1,5", "1.5", 2}, TypedCase{"OnlyBegun", "-", "-", 77},
         TypedCase{"OnlyAPeriod", ".", ".", 77}, TypedCase{"OnlyASign", "+", "+", 77},
         TypedCase{"OnlySignAndPeriod", "-.", "-.", 77}, TypedCase{"SignWithALetter", "-x", "0", 0},
         TypedCase{"TwoSigns", "--", "0", 0}, TypedCase{"Blank", " ", "0", 0}),

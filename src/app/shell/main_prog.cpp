@@ -220,9 +220,15 @@ void MainProg::WriteSettings() {
   }
 }
 
+void MainProg::CloseUnasked() {
+  services_.windows.CloseAllUnasked();
+  isUnasked_ = true;
+  close();
+}
+
 void MainProg::closeEvent(QCloseEvent* event) {
   // Before anything is saved.
-  if (!unloaded_ && !services_.windows.AllAgreeToClose()) {
+  if (!unloaded_ && !isUnasked_ && !services_.windows.AllAgreeToClose()) {
     event->ignore();
     return;
   }

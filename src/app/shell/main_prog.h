@@ -34,6 +34,9 @@ class MainProg : public Form {
   /// Writes the record and the box to the file; a failure is told in one box.
   void WriteSettings();
 
+  /// Closes the window, and the program with it, because the system wants it: no window is asked.
+  void CloseUnasked();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 
@@ -65,6 +68,7 @@ class MainProg : public Form {
   Services& services_;
   ProgramFolders folders_;
   bool unloaded_ = false;
+  bool isUnasked_ = false;
 
   QPushButton* VideoBC;
   QPushButton* AudioBC;

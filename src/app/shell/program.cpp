@@ -43,7 +43,7 @@ void Program::ShowMainProg() {
 
 void Program::End() {
   if (mainProg_ != nullptr) {
-    mainProg_->close();
+    mainProg_->CloseUnasked();
   } else {
     HideAllAndExit();
   }

@@ -31,8 +31,9 @@ class Program : public QObject {
   /// Shows the splash; the main window follows it.
   void Start();
 
-  /// Counts as closing the main window: saves when SaveOnExit is ticked, hides everything, ends the
-  /// event loop. While the splash stands there is nothing to save. Only the first call counts.
+  /// The system wants the end. Counts as closing the main window, but no window is asked: saves when
+  /// SaveOnExit is ticked, hides everything, ends the event loop. While the splash stands there is
+  /// nothing to save. Only the first call counts.
   void End();
 
  private:

@@ -49,12 +49,16 @@ bool WindowList::AllAgreeToClose() {
   const bool allAgree = std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
     return window == nullptr || window->AgreesToClose();
   });
-  for (const auto& window : open) {
-    if (allAgree && window != nullptr) {
-      window->WillClose();
-    }
+  if (allAgree) {
+    CloseAllUnasked();
   }
   return allAgree;
+}
+
+void WindowList::CloseAllUnasked() {
+  for (const auto& [id, window] : windows_) {
+    window->WillClose();
+  }
 }
 
 void WindowList::Forget(WindowId id) {

@@ -33,6 +33,7 @@ class WindowList : public QObject, public Windows {
   Form& Load(WindowId id) override;
   void Show(WindowId id) override;
   [[nodiscard]] bool AllAgreeToClose() override;
+  void CloseAllUnasked() override;
 
  private:
   void Forget(WindowId id);

@@ -44,6 +44,8 @@ class Windows {
   /// Asks every window whether it may be closed, until one is against it; when none is, all are
   /// told that they will be.
   [[nodiscard]] virtual bool AllAgreeToClose() = 0;
+  /// Tells all windows that they will be closed, without asking any of them.
+  virtual void CloseAllUnasked() = 0;
 };
 
 }  // namespace brindle
