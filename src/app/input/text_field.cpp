@@ -168,13 +168,17 @@ void TextField::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void TextField::keyPressEvent(QKeyEvent* event) {
-  if (MakesComma(*event)) {
-    QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, event->modifiers(), u"."_s,
-                     event->isAutoRepeat());
-    keyPressEvent(&period);
-    event->setAccepted(period.isAccepted());
+  if (!MakesComma(*event)) {
+    TakeKey(event);
     return;
   }
+  QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, event->modifiers(), u"."_s,
+                   event->isAutoRepeat());
+  TakeKey(&period);
+  event->setAccepted(period.isAccepted());
+}
+
+void TextField::TakeKey(QKeyEvent* event) {
   if (MakesCharacter(*event)) {
     Tell(&TextField::KeyPress);
   }

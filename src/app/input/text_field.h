@@ -81,6 +81,7 @@ class TextField : public QLineEdit {
  private:
   void Set(const QString& text, std::optional<double> number);
   void HearOfChange();
+  void TakeKey(QKeyEvent* event);
   void Tell(void (TextField::*what)());
 
   std::optional<double> writtenFrom_;
