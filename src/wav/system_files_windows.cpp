@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <cwchar>
-#include <io.h>
 #include <string>
 #include <windows.h>
 
@@ -39,8 +38,7 @@ bool IsLocked(const QFile& file) {
         OpenExisting(file.fileName(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
     return !IsValid(handle) && GetLastError() == ERROR_SHARING_VIOLATION;
   }
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the system's form
-  auto* handle = reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()));
+  auto* handle = SystemHandle(file.handle());
   OVERLAPPED fromStart = {};
   if (LockFileEx(handle, LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD, MAXDWORD, &fromStart) == FALSE) {
     return GetLastError() == ERROR_LOCK_VIOLATION;

@@ -12,12 +12,15 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QString>
 #include <QTemporaryFile>
 
 #include "app/settings/at_path.h"
+#include "app/settings/leftovers.h"
+#include "app/settings/sync_file.h"
 
 namespace brindle {
 
@@ -26,6 +29,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 LargestFile = 1'048'576;  // bytes
+constexpr QLatin1StringView ProbeName("Brindle2");
 
 bool IsWherePackagesGo(const QString& folder) {
 #ifdef Q_OS_WIN
@@ -44,13 +48,8 @@ bool IsWherePackagesGo(const QString& folder) {
 }
 
 bool CanCreateFileIn(const QString& folder) {
-  QTemporaryFile file(folder + u"/Brindle2.XXXXXX"_s);
+  QTemporaryFile file(folder + u'/' + ProbeName + u".XXXXXX"_s);
   return file.open();
-}
-
-// Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
-bool OpenForReplacing(QSaveFile& file) {
-  return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 // A disk that fills up takes a part first and tells its reason only when asked to take the rest.
@@ -64,6 +63,76 @@ bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
     written += more;
   }
   return true;
+}
+
+// Why it cannot be opened for replacing `path`. The toolkit's own words for a file that may not be
+// written name the path once more: the system is asked for its reason.
+FileError ErrorOfOpening(const QSaveFile& file, const QString& path) {
+  QFile old(path);
+  if (old.exists() && !old.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+    return ErrorOf(path, old);
+  }
+  return ErrorOf(path, file);
+}
+
+// Whatever fails here leaves the old file: what is not committed is discarded.
+std::optional<FileError> Replace(const QString& path, const QByteArray& bytes) {
+  if (const auto error = WhatIsAt(path).error) {
+    return error;
+  }
+  QSaveFile file(path);
+  // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+    return ErrorOfOpening(file, path);
+  }
+  const BeingWritten mark(file.handle());
+  if (!WriteAll(file, bytes)) {
+    return ErrorOf(path, file);
+  }
+  // Committing does not look at what these say.
+  if (const auto reason = SyncFile(file.handle())) {
+    return ErrorOf(path, *reason);
+  }
+  return file.commit() ? std::nullopt : std::optional(ErrorOf(path, file));
+}
+
+// What is there, up to the largest file.
+std::variant<QByteArray, FileError> ReadExisting(const QString& path) {
+  if (const auto error = WhatIsAt(path).error) {
+    return *error;
+  }
+  QFile file(path);
+  if (file.open(QIODevice::ReadOnly)) {
+    auto bytes = file.read(LargestFile);
+    if (file.error() == QFileDevice::NoError) {
+      return bytes;
+    }
+  }
+  return ErrorOf(path, file);
+}
+
+// The file that a save of `path` replaces: links are written through.
+QFileInfo BehindLinks(const QString& path) {
+  constexpr int mostLinks = 128;  // some lead in a circle
+  QFileInfo file(path);
+  for (int links = 0; links < mostLinks && file.isSymLink(); ++links) {
+    file.setFile(file.symLinkTarget());
+  }
+  return file;
+}
+
+// What the toolkit made in the folder by this name and six letters at random. Letters that look
+// like a word ("Brindle2.ini.backup") are somebody's own: few random ones do.
+QFileInfoList TemporaryFiles(const QDir& folder, const QString& name) {
+  const QRegularExpression mixedLetters(QRegularExpression::anchoredPattern(
+      QRegularExpression::escape(name) + u"\\.(?=.*[a-z])[A-Za-z](?=.*[A-Z])[A-Za-z]{5}"_s));
+  QFileInfoList found;
+  for (const auto& file : folder.entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+    if (mixedLetters.match(file.fileName()).hasMatch()) {
+      found.append(file);
+    }
+  }
+  return found;
 }
 
 }  // namespace
@@ -80,55 +149,40 @@ QString DesktopConfigFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/brindle2"_s;
 }
 
-SettingsFile::SettingsFile(const QString& folder) : path_(folder + u"/Brindle2.ini"_s) {}
+SettingsFile::SettingsFile(const QString& folder)
+    : path_(folder + u"/Brindle2.ini"_s), keptPath_(path_ + u".bak"_s) {}
 
 std::variant<QByteArray, FileError> SettingsFile::Read() const {
-  const auto [anything, error] = WhatIsAt(path_);
-  if (!anything) {
+  if (!WhatIsAt(path_).anything) {
     return QByteArray();
   }
-  if (error) {
-    return *error;
-  }
-  QFile file(path_);
-  if (file.open(QIODevice::ReadOnly)) {
-    auto bytes = file.read(LargestFile);
-    if (file.error() == QFileDevice::NoError) {
-      return bytes;
-    }
-  }
-  return ErrorOf(path_, file);
+  return ReadExisting(path_);
 }
 
 std::optional<FileError> SettingsFile::Write(const QByteArray& bytes) const {
-  QSaveFile file(path_);
-  if (OpenForReplacing(file) && WriteAll(file, bytes) && file.commit()) {
-    return std::nullopt;
-  }
-  return ErrorOf(path_, file);
+  return Replace(path_, bytes);
 }
 
 std::optional<FileError> SettingsFile::KeepUnusable() const {
-  constexpr qint64 pieceSize = 65536;
-  const QString keptPath = path_ + u".bak"_s;
-  QFile source(path_);
-  QSaveFile kept(keptPath);
-  if (!source.open(QIODevice::ReadOnly)) {
-    return ErrorOf(path_, source);
+  const auto content = ReadExisting(path_);
+  if (const auto* error = std::get_if<FileError>(&content)) {
+    return *error;
   }
-  bool written = OpenForReplacing(kept);
-  QByteArray piece;
-  do {
-    piece = source.read(pieceSize);
-    if (source.error() != QFileDevice::NoError) {
-      return ErrorOf(path_, source);
+  return Replace(keptPath_, std::get<QByteArray>(content));
+}
+
+void SettingsFile::SweepLeftovers() const {
+  for (const auto& path : {path_, keptPath_}) {
+    const auto file = BehindLinks(path);
+    for (const auto& leftover : TemporaryFiles(file.dir(), file.fileName())) {
+      RemoveLeftover(leftover.filePath());
     }
-    written = written && WriteAll(kept, piece);
-  } while (written && !piece.isEmpty());
-  if (written && kept.commit()) {
-    return std::nullopt;
   }
-  return ErrorOf(keptPath, kept);
+  for (const auto& probe : TemporaryFiles(QFileInfo(path_).dir(), ProbeName)) {
+    if (probe.size() == 0) {
+      RemoveLeftover(probe.filePath());
+    }
+  }
 }
 
 }  // namespace brindle

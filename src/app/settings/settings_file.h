@@ -31,15 +31,21 @@ class SettingsFile {
   [[nodiscard]] std::variant<QByteArray, FileError> Read() const;
 
   /// Replaces the file as a whole: written beside it, synchronised, renamed over it, so that after
-  /// a crash or on a full disk the file is the old one or the new one.
+  /// a crash or on a full disk the file is the old one or the new one. Only a file is replaced,
+  /// and only when the system says that the new one is on the disk.
   [[nodiscard]] std::optional<FileError> Write(const QByteArray& bytes) const;
 
   /// Keeps a copy of the file, which could not be used, as "Brindle2.ini.bak"; an older one is
-  /// replaced.
+  /// replaced. As much is kept as is read.
   [[nodiscard]] std::optional<FileError> KeepUnusable() const;
+
+  /// Removes the temporary files that were left when this program was killed while it saved or
+  /// looked for its folder, but none that another Brindle is writing. What cannot be removed stays.
+  void SweepLeftovers() const;
 
  private:
   QString path_;
+  QString keptPath_;
 };
 
 }  // namespace brindle

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <io.h>
 #include <memory>
 #include <string>
 #include <windows.h>
@@ -57,6 +58,12 @@ inline Handle OpenExisting(const QString& path, DWORD access, DWORD share) {
 /// The same, only to look at it: needs no right to read it and hinders nobody.
 inline Handle LookAt(const QString& path) {
   return OpenExisting(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+}
+
+/// The system's handle of a file that the toolkit has opened; stays the toolkit's.
+inline HANDLE SystemHandle(int handle) {
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the system's form
+  return reinterpret_cast<HANDLE>(_get_osfhandle(handle));
 }
 
 }  // namespace brindle

@@ -174,6 +174,7 @@ void MainProg::Form_Load() {
   record.AppFolder = ChooseAppFolder(folders_.program, folders_.config);
 
   const SettingsFile file(record.AppFolder);
+  file.SweepLeftovers();
   const auto content = file.Read();
   if (const auto* error = std::get_if<FileError>(&content)) {
     UseDefaultsUnsaved(CannotRead(*error));

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+namespace brindle {
+
+/// Has the system write the open file out and asks what closing it would say, for a system may
+/// take bytes first and refuse them later. `handle` is the file's descriptor, which stays open.
+/// The system's reason where a byte may be lost; a file system that cannot synchronise is no
+/// failure. Can take long, and runs on any thread.
+[[nodiscard]] std::optional<QString> SyncFile(int handle);
+
+}  // namespace brindle
