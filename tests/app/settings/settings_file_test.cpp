@@ -4,6 +4,7 @@
 #include "app/settings/settings_file.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <string>
 
 #include <QDir>
@@ -139,8 +140,8 @@ TEST(WriteTest, MissingFolderIsAnErrorWithTheSystemsReason) {
 TEST(WriteTest, FolderOfThatNameIsAnErrorAndStays) {
   const TemporaryFolder folder;
   ASSERT_TRUE(QDir().mkdir(folder.PathOf(FileName)));
-  const auto message = Write(folder.Path(), BuiltInBytes());
-  EXPECT_TRUE(SaysWhyItCannotWrite(message, folder.PathOf(FileName))) << message;
+  EXPECT_EQ(Write(folder.Path(), BuiltInBytes()),
+            "Cannot write " + NativePath(folder.PathOf(FileName)) + ": not a file");
   EXPECT_EQ(folder.Names(), Names{FileName});
   EXPECT_TRUE(QFileInfo(folder.PathOf(FileName)).isDir());
 }
@@ -171,6 +172,19 @@ TEST(KeepUnusableTest, LongFileIsKeptWhole) {
   EXPECT_EQ(folder.Bytes(BackupName), LongBytes());
 }
 
+TEST(KeepUnusableTest, NoMoreThanAMebibyteIsKept) {
+  constexpr std::size_t mostKept = 1'048'576;
+  const TemporaryFolder folder;
+  std::string bytes(mostKept, 'a');
+  folder.Put(FileName, bytes);
+  EXPECT_EQ(KeepUnusable(folder.Path()), "");
+  EXPECT_TRUE(folder.Bytes(BackupName) == bytes);
+  folder.Put(FileName, bytes + "b");
+  EXPECT_EQ(KeepUnusable(folder.Path()), "");
+  EXPECT_TRUE(folder.Bytes(BackupName) == bytes);
+  EXPECT_TRUE(folder.Bytes(FileName) == bytes + "b");
+}
+
 TEST(KeepUnusableTest, CopyOutlivesTheDefaultsThatReplaceTheFile) {
   const TemporaryFolder folder;
   folder.Put(FileName, OldBytes);
@@ -192,8 +206,8 @@ TEST(KeepUnusableTest, FolderInPlaceOfTheCopyIsAnErrorThatNamesIt) {
   const TemporaryFolder folder;
   folder.Put(FileName, OldBytes);
   ASSERT_TRUE(QDir().mkdir(folder.PathOf(BackupName)));
-  const auto message = KeepUnusable(folder.Path());
-  EXPECT_TRUE(SaysWhyItCannotWrite(message, folder.PathOf(BackupName))) << message;
+  EXPECT_EQ(KeepUnusable(folder.Path()),
+            "Cannot write " + NativePath(folder.PathOf(BackupName)) + ": not a file");
   EXPECT_EQ(folder.Bytes(FileName), OldBytes);
   EXPECT_EQ(folder.Names(), (Names{FileName, BackupName}));
 }

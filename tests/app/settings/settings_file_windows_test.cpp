@@ -172,6 +172,29 @@ TEST(WriteTest, ReadOnlyFileIsReplacedAsAWholeOrStaysWithAMessage) {
   EXPECT_EQ(folder.Names(), Names{FileName});
 }
 
+TEST(LeftoversTest, GoUnlessSomebodyHasThemOpen) {
+  const TemporaryFolder folder;
+  const Names others{FileName, BackupName, "Brindle2.ini.backup"};
+  for (const auto& name : others) {
+    folder.Put(name.c_str(), OldBytes);
+  }
+  for (const char* name : {"Brindle2.ini.aBcDeF", "Brindle2.ini.bak.aBcDeF"}) {
+    folder.Put(name, OldBytes);
+  }
+  folder.Put("Brindle2.aBcDeF", "");
+  {
+    const HeldFile held(folder.PathOf("Brindle2.ini.aBcDeF"), NotShared);
+    SettingsFile(folder.Path()).SweepLeftovers();
+    EXPECT_EQ(folder.Names().size(), others.size() + 1);
+    EXPECT_TRUE(QFileInfo::exists(folder.PathOf("Brindle2.ini.aBcDeF")));
+  }
+  SettingsFile(folder.Path()).SweepLeftovers();
+  EXPECT_EQ(folder.Names().size(), others.size());
+  for (const auto& name : others) {
+    EXPECT_EQ(folder.Bytes(name.c_str()), OldBytes);
+  }
+}
+
 TEST(ReadTest, ReadOnlyFileIsRead) {
   const TemporaryFolder folder;
   folder.Put(FileName, OldBytes);
