@@ -76,7 +76,12 @@ bool Normalization::OpenTarget(const PassFiles& files, TargetQuestions& question
   if (!Succeeded(output_.OpenOrCreate(target))) {
     return false;
   }
-  if (output_.Length() == 0) {
+  const auto length = output_.Length(WavError::Failed::Writing);
+  if (const auto* error = std::get_if<WavError>(&length)) {
+    error_ = *error;
+    return false;
+  }
+  if (std::get<qint64>(length) == 0) {
     return true;
   }
   output_.Close();
@@ -189,7 +194,7 @@ bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
         return false;
       }
       // What was read before may be gone: written again, it would make a hole in the file.
-      if (!Succeeded(input_.CheckReaches(data_.LastWord() + 1))) {
+      if (!Succeeded(input_.CheckReaches(data_.LastWord() + 1, WavError::Failed::Reading))) {
         return false;
       }
     }

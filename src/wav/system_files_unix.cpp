@@ -4,8 +4,11 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <optional>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <system_error>
+#include <variant>
 
 #include <QFile>
 #include <QString>
@@ -13,6 +16,8 @@
 #include "wav/system_files.h"
 
 namespace brindle {
+
+using namespace Qt::StringLiterals;
 
 // Two kinds of locks that do not know of each other: on a whole file, and on its ranges. Neither
 // keeps a file from being opened.
@@ -28,6 +33,30 @@ bool IsLocked(const QFile& file) {
   range.l_whence = SEEK_SET;
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
   return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
+}
+
+std::variant<qint64, QString> LengthOf(const QFile& file) {
+  struct stat opened = {};
+  if (fstat(file.handle(), &opened) != 0) {
+    return qt_error_string(errno);
+  }
+  return qint64{opened.st_size};
+}
+
+std::optional<QString> WhyNotAtItsPath(const QFile& file) {
+  const auto path = QFile::encodeName(file.fileName());
+  struct stat opened = {};
+  struct stat standing = {};
+  if (fstat(file.handle(), &opened) != 0) {
+    return qt_error_string(errno);
+  }
+  if (stat(path.constData(), &standing) != 0) {
+    return errno == ENOENT || errno == ENOTDIR ? u"the file is gone"_s : qt_error_string(errno);
+  }
+  if (opened.st_dev != standing.st_dev || opened.st_ino != standing.st_ino) {
+    return u"the file was replaced"_s;
+  }
+  return std::nullopt;
 }
 
 bool LeadToSameFile(const QString& path, const QString& other) {

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <cwchar>
+#include <optional>
 #include <string>
+#include <variant>
 #include <windows.h>
 
 #include <QFile>
@@ -14,15 +16,31 @@
 
 namespace brindle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool IsValid(const Handle& handle) { return handle.get() != INVALID_HANDLE_VALUE; }
 
-std::wstring FinalPath(const Handle& handle) {
-  std::wstring path(GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0), L'\0');
-  path.resize(
-      GetFinalPathNameByHandleW(handle.get(), path.data(), static_cast<DWORD>(path.size()), 0));
+std::wstring FinalPath(HANDLE handle) {
+  std::wstring path(GetFinalPathNameByHandleW(handle, nullptr, 0, 0), L'\0');
+  path.resize(GetFinalPathNameByHandleW(handle, path.data(), static_cast<DWORD>(path.size()), 0));
   return path;
+}
+
+// Some servers number no file.
+bool AreSameFile(HANDLE one, HANDLE two) {
+  BY_HANDLE_FILE_INFORMATION first = {};
+  BY_HANDLE_FILE_INFORMATION second = {};
+  if (GetFileInformationByHandle(one, &first) == FALSE ||
+      GetFileInformationByHandle(two, &second) == FALSE ||
+      first.dwVolumeSerialNumber != second.dwVolumeSerialNumber ||
+      first.nFileIndexHigh != second.nFileIndexHigh ||
+      first.nFileIndexLow != second.nFileIndexLow) {
+    return false;
+  }
+  const bool isNumbered = first.nFileIndexHigh != 0 || first.nFileIndexLow != 0;
+  return isNumbered || _wcsicmp(FinalPath(one).c_str(), FinalPath(two).c_str()) == 0;
 }
 
 }  // namespace
@@ -47,25 +65,36 @@ bool IsLocked(const QFile& file) {
   return false;
 }
 
-// Both are held open meanwhile: only so long is a file's number its own. Some servers number no
-// file.
+std::variant<qint64, QString> LengthOf(const QFile& file) {
+  LARGE_INTEGER length = {};
+  if (GetFileSizeEx(SystemHandle(file.handle()), &length) == FALSE) {
+    return qt_error_string(static_cast<int>(GetLastError()));
+  }
+  return qint64{length.QuadPart};
+}
+
+std::optional<QString> WhyNotAtItsPath(const QFile& file) {
+  const auto standing = LookAt(file.fileName());
+  if (!IsValid(standing)) {
+    const auto code = GetLastError();
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND
+               ? u"the file is gone"_s
+               : qt_error_string(static_cast<int>(code));
+  }
+  if (!AreSameFile(SystemHandle(file.handle()), standing.get())) {
+    return u"the file was replaced"_s;
+  }
+  return std::nullopt;
+}
+
+// Both are held open meanwhile: only so long is a file's number its own.
 bool LeadToSameFile(const QString& path, const QString& other) {
   if (path.isEmpty() || other.isEmpty()) {
     return false;
   }
   const auto one = LookAt(path);
   const auto two = LookAt(other);
-  BY_HANDLE_FILE_INFORMATION first = {};
-  BY_HANDLE_FILE_INFORMATION second = {};
-  if (!IsValid(one) || !IsValid(two) || GetFileInformationByHandle(one.get(), &first) == FALSE ||
-      GetFileInformationByHandle(two.get(), &second) == FALSE ||
-      first.dwVolumeSerialNumber != second.dwVolumeSerialNumber ||
-      first.nFileIndexHigh != second.nFileIndexHigh ||
-      first.nFileIndexLow != second.nFileIndexLow) {
-    return false;
-  }
-  const bool isNumbered = first.nFileIndexHigh != 0 || first.nFileIndexLow != 0;
-  return isNumbered || _wcsicmp(FinalPath(one).c_str(), FinalPath(two).c_str()) == 0;
+  return IsValid(one) && IsValid(two) && AreSameFile(one.get(), two.get());
 }
 
 }  // namespace brindle

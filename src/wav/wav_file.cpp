@@ -15,6 +15,7 @@
 
 #include "app/settings/at_path.h"
 #include "app/settings/file_error.h"
+#include "app/settings/sync_file.h"
 #include "wav/system_files.h"
 
 namespace brindle {
@@ -55,15 +56,41 @@ std::optional<WavError> WavFile::Read(qint64 position, std::span<std::byte> byte
   if (const auto* error = std::get_if<WavError>(&read)) {
     return *error;
   }
-  return std::get<std::size_t>(read) < bytes.size() ? std::optional(BecameShorter()) : std::nullopt;
+  return std::get<std::size_t>(read) < bytes.size()
+             ? std::optional(BecameShorter(WavError::Failed::Reading))
+             : std::nullopt;
 }
 
-std::optional<WavError> WavFile::CheckReaches(qint64 position) const {
-  return Length() < position ? std::optional(BecameShorter()) : std::nullopt;
+std::variant<qint64, WavError> WavFile::Length(WavError::Failed failed) const {
+  const auto length = LengthOf(file_);
+  if (const auto* reason = std::get_if<QString>(&length)) {
+    return ErrorBecause(failed, *reason);
+  }
+  return std::get<qint64>(length);
 }
 
-WavError WavFile::BecameShorter() const {
-  return ErrorBecause(WavError::Failed::Reading, u"the file became shorter"_s);
+std::optional<WavError> WavFile::CheckReaches(qint64 position, WavError::Failed failed) const {
+  const auto length = Length(failed);
+  if (const auto* error = std::get_if<WavError>(&length)) {
+    return *error;
+  }
+  return std::get<qint64>(length) < position ? std::optional(BecameShorter(failed)) : std::nullopt;
+}
+
+std::optional<WavError> WavFile::Sync() const {
+  const auto reason = SyncFile(file_.handle());
+  return reason ? std::optional(ErrorBecause(WavError::Failed::Writing, *reason)) : std::nullopt;
+}
+
+std::optional<WavError> WavFile::CheckStands(qint64 length) const {
+  if (const auto reason = WhyNotAtItsPath(file_)) {
+    return ErrorBecause(WavError::Failed::Writing, *reason);
+  }
+  return CheckReaches(length, WavError::Failed::Writing);
+}
+
+WavError WavFile::BecameShorter(WavError::Failed failed) const {
+  return ErrorBecause(failed, u"the file became shorter"_s);
 }
 
 std::variant<std::size_t, WavError> WavFile::ReadPadded(qint64 position,

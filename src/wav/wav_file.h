@@ -37,13 +37,20 @@ class WavFile {
   [[nodiscard]] std::optional<WavError> OpenOrCreate(const QString& path);
   void Close() { file_.close(); }
 
-  /// Bytes, asked of the system now.
-  [[nodiscard]] qint64 Length() const { return file_.size(); }
+  /// Bytes, asked of the system now. What is to be done with them says of which kind its refusal
+  /// is.
+  [[nodiscard]] std::variant<qint64, WavError> Length(WavError::Failed failed) const;
   /// Of an open file, or of one that could not be opened.
   [[nodiscard]] bool IsLockedByAnother() const;
 
-  /// The same error as of Read() where the file ends before `position`.
-  [[nodiscard]] std::optional<WavError> CheckReaches(qint64 position) const;
+  /// The error "the file became shorter" where the file ends before `position`.
+  [[nodiscard]] std::optional<WavError> CheckReaches(qint64 position,
+                                                     WavError::Failed failed) const;
+  /// Has the system write out all that was written. Can take long, and runs on any thread while no
+  /// other one uses the file.
+  [[nodiscard]] std::optional<WavError> Sync() const;
+  /// An error of writing where the file no longer stands at its path with `length` bytes or more.
+  [[nodiscard]] std::optional<WavError> CheckStands(qint64 length) const;
 
   /// Fills `bytes` from `position` on. Short of that many it is an error, "the file became
   /// shorter".
@@ -60,7 +67,7 @@ class WavFile {
  private:
   [[nodiscard]] std::optional<WavError> Open(const QString& path, QIODevice::OpenMode mode,
                                              WavError::Failed failed);
-  [[nodiscard]] WavError BecameShorter() const;
+  [[nodiscard]] WavError BecameShorter(WavError::Failed failed) const;
   [[nodiscard]] WavError SystemError(WavError::Failed failed) const;
   [[nodiscard]] bool SeekTo(qint64 position);
 

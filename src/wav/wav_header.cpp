@@ -123,7 +123,11 @@ std::variant<SampleData, WavError> LocateData(WavFile& file) {
     }
     const auto at = Find(std::string_view(piece).substr(0, step + TagSize - 1), Data);
     if (at != std::string_view::npos) {
-      const qint64 fileLength = file.Length();
+      const auto length = file.Length(WavError::Failed::Reading);
+      if (const auto* error = std::get_if<WavError>(&length)) {
+        return *error;
+      }
+      const auto fileLength = std::get<qint64>(length);
       const qint64 start = position + static_cast<qint64>(at + DataHeaderSize);
       const qint64 declared = Bytes4ToUnsigned(std::string_view(piece).substr(at + TagSize));
       return SampleData{start, std::min(declared, fileLength + 1 - start), fileLength};

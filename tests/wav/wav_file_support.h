@@ -42,6 +42,13 @@ class WavFileTest : public ::testing::Test {
     return TextOf(file.Write(position, std::as_bytes(std::span(bytes))));
   }
 
+  // -1 where it cannot be told.
+  static qint64 LengthOf(const WavFile& file) {
+    const auto length = file.Length(WavError::Failed::Reading);
+    const auto* bytes = std::get_if<qint64>(&length);
+    return bytes == nullptr ? -1 : *bytes;
+  }
+
   [[nodiscard]] const TemporaryFolder& Folder() const { return folder_; }
   [[nodiscard]] QString Path() const { return folder_.PathOf("file.wav"); }
 

@@ -57,7 +57,7 @@ TEST_F(WavFileTest, PositionsCountFromOne) {
   Folder().Put("file.wav", "abcdefgh");
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForReading(Path())), "no error");
-  EXPECT_EQ(file.Length(), 8);
+  EXPECT_EQ(LengthOf(file), 8);
   EXPECT_EQ(Read(file, 1, 1), "a");
   EXPECT_EQ(Read(file, 8, 1), "h");
   EXPECT_EQ(Read(file, 3, 4), "cdef");
@@ -107,7 +107,7 @@ TEST_F(WavFileTest, PositionsBehindFourGigabytes) {
   ASSERT_EQ(TextOf(file.OpenOrCreate(Path())), "no error");
   constexpr qint64 far = 5'000'000'001;
   EXPECT_EQ(Write(file, far, "far away"), "no error");
-  EXPECT_EQ(file.Length(), far + 7);
+  EXPECT_EQ(LengthOf(file), far + 7);
   EXPECT_EQ(Read(file, far, 8), "far away");
   EXPECT_EQ(ReadPadded(file, far + 4, 4), "away4");
   EXPECT_EQ(Read(file, far - (qint64{1} << 32), 1), std::string(1, '\0'));
@@ -125,12 +125,12 @@ TEST_F(WavFileTest, MissingFileIsNotMadeByOpening) {
 TEST_F(WavFileTest, CreatingKeepsWhatStandsThere) {
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenOrCreate(Path())), "no error");
-  EXPECT_EQ(file.Length(), 0);
+  EXPECT_EQ(LengthOf(file), 0);
   EXPECT_EQ(Folder().Bytes("file.wav"), "");
   EXPECT_EQ(Write(file, 1, "abc"), "no error");
   file.Close();
   ASSERT_EQ(TextOf(file.OpenOrCreate(Path())), "no error");
-  EXPECT_EQ(file.Length(), 3);
+  EXPECT_EQ(LengthOf(file), 3);
   EXPECT_EQ(Folder().Bytes("file.wav"), "abc");
 }
 

@@ -31,9 +31,9 @@ TEST_F(WavFileTest, LengthIsThatOfTheMoment) {
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForReading(Path())), "no error");
   std::filesystem::resize_file(Path().toStdU16String(), 3);
-  EXPECT_EQ(file.Length(), 3);
+  EXPECT_EQ(LengthOf(file), 3);
   std::filesystem::resize_file(Path().toStdU16String(), 300);
-  EXPECT_EQ(file.Length(), 300);
+  EXPECT_EQ(LengthOf(file), 300);
 }
 
 TEST_F(WavFileTest, OnlyRegularFilesAreOpened) {
