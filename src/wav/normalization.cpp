@@ -4,13 +4,18 @@
 #include "wav/normalization.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <variant>
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QString>
+#include <QThread>
 
 #include "app/settings/at_path.h"
 #include "wav/gain.h"
@@ -111,6 +116,11 @@ Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffer
   if (!isInPlace_ && !Copy(position_, data_.fileLength)) {
     return Ended::Failed;
   }
+  // In place nothing behind the last word is the pass's own.
+  const auto length = isInPlace_ ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
+  if (!SyncOutput(timer) || !Succeeded(Output().CheckStands(length))) {
+    return Ended::Failed;
+  }
   throughput_ = timer.Throughput(data_.fileLength);
   return Ended::Completed;
 }
@@ -130,7 +140,7 @@ bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
     // One write of all of them takes the system nearly twice as long.
     for (qint64 block = 0; block < MultiBlocks; ++block) {
       const auto samples = BlockOf(buffer_, block);
-      if (!Succeeded(Output().Write(position_ + block * BlockSize, BytesOf(samples)))) {
+      if (!Write(position_ + block * BlockSize, BytesOf(samples))) {
         return false;
       }
     }
@@ -167,8 +177,7 @@ bool Normalization::MapSingle(const GainTable& table, PassTimer& timer) {
 
 bool Normalization::MapBlock(const GainTable& table, std::size_t words) {
   const auto samples = Samples(buffer_).first(words);
-  return ReadMapped(table, position_, samples) &&
-         Succeeded(Output().Write(position_, BytesOf(samples)));
+  return ReadMapped(table, position_, samples) && Write(position_, BytesOf(samples));
 }
 
 // Words are read at once, and written when the observer, whom any word can be told to, is told. No
@@ -176,16 +185,17 @@ bool Normalization::MapBlock(const GainTable& table, std::size_t words) {
 bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
   const qint64 first = position_;
   const auto words = static_cast<std::size_t>(WordsUpTo(first, data_.LastWord()));
+  const qint64 end = first - 1 + static_cast<qint64>(words) * WordSize;
   const auto samples = Samples(buffer_).first(words);
   if (!Succeeded(input_.Read(first, BytesOf(samples)))) {
     return false;
   }
   std::size_t written = 0;
-  const auto writeUpTo = [&](std::size_t end) {
-    const auto mapped = samples.subspan(written, end - written);
+  const auto writeUpTo = [&](std::size_t word) {
+    const auto mapped = samples.subspan(written, word - written);
     const qint64 at = first + static_cast<qint64>(written) * WordSize;
-    written = end;
-    return Succeeded(Output().Write(at, BytesOf(mapped)));
+    written = word;
+    return Write(at, BytesOf(mapped));
   };
   for (std::size_t word = 0; word < words; ++word) {
     samples[word] = table(samples[word]);
@@ -193,8 +203,8 @@ bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
       if (!writeUpTo(word + 1) || !timer.Update(position_)) {
         return false;
       }
-      // What was read before may be gone: written again, it would make a hole in the file.
-      if (!Succeeded(input_.CheckReaches(data_.LastWord() + 1, WavError::Failed::Reading))) {
+      // The words were read before the observer was told: no read finds out that they are gone.
+      if (!Succeeded(input_.CheckReaches(end, WavError::Failed::Reading))) {
         return false;
       }
     }
@@ -216,12 +226,50 @@ bool Normalization::Copy(qint64 position, qint64 end) {
   while (position <= end) {
     const auto size = std::min<qint64>(end - position + 1, static_cast<qint64>(buffer.size()));
     const auto piece = buffer.first(static_cast<std::size_t>(size));
-    if (!Succeeded(input_.Read(position, piece)) || !Succeeded(output_.Write(position, piece))) {
+    if (!Succeeded(input_.Read(position, piece)) || !Write(position, piece)) {
       return false;
     }
     position += size;
   }
   return true;
+}
+
+// Written behind the end of a file that was cut short meanwhile, the bytes would leave a hole.
+bool Normalization::Write(qint64 position, std::span<const std::byte> bytes) {
+  if (bytes.empty()) {
+    return true;
+  }
+  const qint64 end = position - 1 + static_cast<qint64>(bytes.size());
+  return Succeeded(isInPlace_ ? input_.CheckReaches(end, WavError::Failed::Reading)
+                              : output_.CheckReaches(position - 1, WavError::Failed::Writing)) &&
+         Succeeded(Output().Write(position, bytes));
+}
+
+// All is written, so that no answer of the observer ends the pass any more. But the disk may take
+// long, and the window must live meanwhile.
+bool Normalization::SyncOutput(PassTimer& timer) {
+  constexpr std::chrono::milliseconds betweenLooks(50);
+  std::optional<WavError> error;
+  bool isDone = false;
+  const auto sync = [&] {
+    error = Output().Sync();
+    isDone = true;
+  };
+  const auto await = [](QThread* thread) {
+    thread->wait();
+    delete thread;
+  };
+  const std::unique_ptr<QThread, decltype(await)> thread(QThread::create(sync), await);
+  thread->start();
+  bool isWatched = true;
+  while (!thread->wait(QDeadlineTimer(betweenLooks))) {
+    isWatched = isWatched && timer.GoesOn(data_.fileLength, UpdateInterval::Half);
+  }
+  // The system may have no thread to give.
+  if (!isDone) {
+    sync();
+  }
+  return Succeeded(error);
 }
 
 bool Normalization::Succeeded(std::optional<WavError> error) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 
 #include <QString>
 
@@ -61,14 +62,19 @@ class Normalization {
   /// half second (64 blocks) or quarter of a second (single blocks; words of the former), and not
   /// at all during the rest. When it ends the pass nothing more is written; all that was mapped
   /// before it was asked is with the system.
+  ///
+  /// Completed is a pass whose output is on the disk and stands at its path. While the disk takes
+  /// it in, the observer is told every half second, at 100 %, until it would end the pass; that
+  /// comes too late to change anything. Nothing is written behind the end of a file that somebody
+  /// else has cut short: that is an error.
   [[nodiscard]] Ended Run(const GainTable& table, Buffering buffering, const Clock& clock,
                           PassObserver& observer);
 
   /// Why it failed.
   [[nodiscard]] const std::optional<WavError>& Error() const { return error_; }
 
-  /// MB/s (1024 * 1024 bytes) of the completed pass over the whole file; 0 where no time has
-  /// passed.
+  /// MB/s (1024 * 1024 bytes) of the completed pass over the whole file, the disk's part included;
+  /// 0 where no time has passed.
   [[nodiscard]] double Throughput() const { return throughput_; }
 
  private:
@@ -79,6 +85,8 @@ class Normalization {
   [[nodiscard]] bool MapBlock(const GainTable& table, std::size_t words);
   [[nodiscard]] bool MapWordsWatched(const GainTable& table, PassTimer& timer);
   [[nodiscard]] bool ReadMapped(const GainTable& table, qint64 position, Samples samples);
+  [[nodiscard]] bool Write(qint64 position, std::span<const std::byte> bytes);
+  [[nodiscard]] bool SyncOutput(PassTimer& timer);
   [[nodiscard]] bool Succeeded(std::optional<WavError> error);
   [[nodiscard]] WavFile& Output() { return isInPlace_ ? input_ : output_; }
 

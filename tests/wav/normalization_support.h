@@ -162,7 +162,7 @@ class ChangingSource : public FilesOfPass {
   // Changes the source at the moment; what comes of the pass in words.
   std::string RunWith(const Moment& moment, const std::function<void()>& change) {
     Normalization pass;
-    ScriptedObserver observer;
+    ObserverOfPass observer;
     const ReadClock clock(1);
     if (pass.Open(Folder().Files(moment.isInPlace), Questions()) != Opened::Yes) {
       return "not opened";

@@ -111,7 +111,7 @@ class LoopOfPass : public ::testing::TestWithParam<LoopCase> {
   }
 
   // Runs the pass with an update at each place that has one.
-  Ended Run(Normalization& pass, ScriptedObserver& observer) const {
+  Ended Run(Normalization& pass, ObserverOfPass& observer) const {
     ScriptedQuestions questions;
     EXPECT_EQ(pass.Open(folder_.Files(GetParam().isInPlace), questions), Opened::Yes)
         << TextOf(pass.Error());
@@ -127,7 +127,7 @@ class LoopOfPass : public ::testing::TestWithParam<LoopCase> {
 
 TEST_P(LoopOfPass, TellsAndHasWrittenAllUntilThen) {
   const auto& row = GetParam();
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   observer.onUpdate = [&](std::size_t i) {
     ASSERT_LT(i, row.places.size());
     EXPECT_EQ(FirstDifference(Folder().Output(row.isInPlace),
@@ -153,7 +153,7 @@ TEST_P(LoopOfPass, WritesNothingMoreBehindAnAbort) {
   for (std::size_t endsAt = 1; endsAt <= row.places.size(); ++endsAt) {
     Folder().Put("source.wav", Folder().Source());
     QFile::remove(Folder().PathOf("target.wav"));
-    ScriptedObserver observer;
+    ObserverOfPass observer;
     observer.endsAt = endsAt;
     {
       Normalization pass;
@@ -197,7 +197,7 @@ class IntervalOfPass : public ::testing::TestWithParam<IntervalCase> {
     return percents;
   }
 
-  void Run(const Clock& clock, ScriptedObserver& observer) const {
+  void Run(const Clock& clock, ObserverOfPass& observer) const {
     ScriptedQuestions questions;
     Normalization pass;
     ASSERT_EQ(pass.Open(folder_.Files(), questions), Opened::Yes) << TextOf(pass.Error());
@@ -210,7 +210,7 @@ class IntervalOfPass : public ::testing::TestWithParam<IntervalCase> {
 
 TEST_P(IntervalOfPass, TellsNothingAtTheInterval) {
   ReadClock clock;
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   clock.JumpAfter(1, GetParam().interval);
   Run(clock, observer);
   EXPECT_TRUE(observer.updates.empty());
@@ -218,7 +218,7 @@ TEST_P(IntervalOfPass, TellsNothingAtTheInterval) {
 
 TEST_P(IntervalOfPass, TellsJustBehindTheInterval) {
   ReadClock clock;
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   // The start and one check at one moment.
   clock.JumpAfter(2, GetParam().interval + Just);
   Run(clock, observer);
@@ -230,7 +230,7 @@ TEST_P(IntervalOfPass, TellsJustBehindTheInterval) {
 TEST_P(IntervalOfPass, CountsTheNextFromTheLast) {
   const double interval = GetParam().interval;
   ReadClock clock;
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   observer.onUpdate = [&](std::size_t index) {
     clock.JumpAfter(1, index == 0 ? interval + Just : interval);
   };
@@ -265,7 +265,7 @@ TEST_P(ThroughputOfPass, CountsTheWholeFile) {
   const PassFolder folder({.samples = Noise(3 * Block), .behind = behind, .start = 1001});
   ReadClock clock;
   clock.JumpAfter(1, 1.5);
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   ScriptedQuestions questions;
   Normalization pass;
   ASSERT_EQ(pass.Open(folder.Files(isInPlace), questions), Opened::Yes);
@@ -288,7 +288,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, ThroughputOfPass,
 TEST(ThroughputOfPassTest, IsNoneWhereNoTimeHasPassed) {
   const PassFolder folder({.samples = Noise(100)});
   const ReadClock clock;
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   ScriptedQuestions questions;
   Normalization pass;
   ASSERT_EQ(pass.Open(folder.Files(), questions), Opened::Yes);

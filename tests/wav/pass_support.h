@@ -94,6 +94,20 @@ class ScriptedObserver : public PassObserver {
   std::vector<PassProgress> updates;
 };
 
+/// The same for a normalization pass, of which it remembers what its loops tell. At 100 % it is
+/// told while the disk takes the output in: how often that is depends on the disk.
+class ObserverOfPass : public ScriptedObserver {
+ public:
+  [[nodiscard]] bool Update(const PassProgress& progress) override {
+    if (progress.percent == 100) {
+      return !onSync || onSync();
+    }
+    return ScriptedObserver::Update(progress);
+  }
+
+  std::function<bool()> onSync;  ///< false: would end the pass
+};
+
 /// Answers and counts the questions about a target.
 class ScriptedQuestions : public TargetQuestions {
  public:
@@ -231,7 +245,7 @@ inline std::string RunPass(const PassFiles& files, Buffering buffering, double g
     return TextOf(opened);
   }
   const ReadClock clock;
-  ScriptedObserver observer;
+  ObserverOfPass observer;
   const auto ended = pass.Run(GainTable(gain), buffering, clock, observer);
   return ended == Normalization::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
 }

@@ -174,7 +174,7 @@ class RealFile : public ::testing::TestWithParam<FileCase> {
         Normalization::Opened::Yes)
         << TextOf(pass.Error());
     const ReadClock clock(1);
-    ScriptedObserver observer;
+    ObserverOfPass observer;
     EXPECT_EQ(pass.Run(table, buffering, clock, observer), Normalization::Ended::Completed)
         << TextOf(pass.Error());
     if (isInPlace) {
