@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include <cstddef>
 #include <string_view>
 #include <windows.h>
 
@@ -12,6 +13,7 @@
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_windows_support.h"
+#include "wav/gain.h"
 #include "wav/normalization.h"
 
 namespace brindle {
@@ -139,6 +141,25 @@ TEST_F(TargetOfPass, ThatCannotBeDeletedStays) {
   EXPECT_EQ(Questions().worksInPlace, 0);
   EXPECT_EQ(Folder().Bytes("target.wav"), "an older file");
   ExpectSourceIntact();
+}
+
+// Who shares it for writing may also cut it short.
+TEST_F(TargetOfPass, CutShortByAnotherHasNoHoleAndIsNoSuccess) {
+  constexpr qint64 length = 1000;
+  ObserverOfPass observer;
+  observer.onUpdate = [&](std::size_t index) {
+    if (index == 0) {
+      EXPECT_TRUE(QFile::resize(Target(), length));
+    }
+  };
+  {
+    Normalization pass;
+    ASSERT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Yes);
+    const ReadClock clock(1);
+    EXPECT_EQ(pass.Run(GainTable(Gain), Buffering::Single, clock, observer), Ended::Failed);
+    EXPECT_EQ(TextOf(pass.Error()), CannotWriteBecause(Target(), "the file became shorter"));
+  }
+  EXPECT_EQ(QFile(Target()).size(), length);
 }
 
 TEST_F(TargetOfPass, FilesAreClosedWithThePass) {

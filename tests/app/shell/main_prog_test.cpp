@@ -258,6 +258,15 @@ TEST_F(MainWindow, AnEmptyFileIsAFirstStart) {
   EXPECT_TRUE(SaveOnExit()->isChecked());
 }
 
+TEST_F(MainWindow, TemporaryFilesOfAKilledSaveAreGoneAfterTheNextStart) {
+  Put("Brindle2.ini.aBcDeF", "half a fi");
+  Put("Brindle2.ini.bak.aBcDeF", "");
+  Put("Brindle2.ini.backup", "the user's own");
+  Start();
+  EXPECT_EQ(Names(), (NameList{"Brindle2.ini", "Brindle2.ini.backup"}));
+  EXPECT_TRUE(boxes.asked.empty());
+}
+
 TEST_F(MainWindow, AFileOfAllLinesIsReadAndLeftAsItIs) {
   NameList texts;
   for (const auto& line : KnownLines()) {
