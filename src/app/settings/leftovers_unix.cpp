@@ -14,7 +14,12 @@ namespace brindle {
 
 // A lock, which the system takes away when its holder is killed. It is held by a copy of the
 // descriptor: the toolkit closes its own before it renames the file.
-BeingWritten::BeingWritten(int handle) : mark_(dup(handle)) { flock(mark_, LOCK_EX | LOCK_NB); }
+// No program that is started meanwhile takes it along.
+BeingWritten::BeingWritten(int handle)
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
+    : mark_(fcntl(handle, F_DUPFD_CLOEXEC, 0)) {
+  flock(mark_, LOCK_EX | LOCK_NB);
+}
 
 BeingWritten::~BeingWritten() {
   if (mark_ >= 0) {

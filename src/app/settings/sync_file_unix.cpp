@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <cerrno>
+#include <fcntl.h>
 #include <optional>
 #include <unistd.h>
 
@@ -24,7 +25,8 @@ bool IsWrittenOut(int handle) {
 // Closing a copy reports what closing the file itself would. A signal that comes in between takes
 // nothing back: the file is written out by then.
 bool CanBeClosed(int handle) {
-  const int copy = dup(handle);
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
+  const int copy = fcntl(handle, F_DUPFD_CLOEXEC, 0);
   return copy >= 0 && (close(copy) == 0 || errno == EINTR);
 }
 
