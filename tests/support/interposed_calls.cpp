@@ -6,10 +6,12 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <dlfcn.h>
 #include <string>
 #include <sys/stat.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 namespace brindle {
@@ -56,6 +58,18 @@ bool IsToFail(InterposedCalls::Answer InterposedCalls::*answer, const std::strin
   return error != 0;
 }
 
+void TellOfRead(const std::string& path) {
+  auto* calls = interposed.load();
+  if (calls == nullptr || !calls->afterRead) {
+    return;
+  }
+  const int error = errno;
+  isAnswering = true;
+  calls->afterRead(path);
+  isAnswering = false;
+  errno = error;
+}
+
 bool IsAsked() { return interposed.load() != nullptr && !isAnswering; }
 
 }  // namespace
@@ -94,6 +108,15 @@ int close(int handle) {
     }
   }
   return TheSystems<int (*)(int)>("close")(handle);
+}
+
+ssize_t read(int handle, void* bytes, std::size_t size) {
+  using namespace brindle;
+  const auto length = TheSystems<ssize_t (*)(int, void*, std::size_t)>("read")(handle, bytes, size);
+  if (IsAsked()) {
+    TellOfRead(PathOf(handle));
+  }
+  return length;
 }
 
 int fstat(int handle, struct stat* found) noexcept {

@@ -26,6 +26,8 @@ class InterposedCalls {
   Answer closeOfSyncedFile;  ///< the first close() of any descriptor behind its sync
   Answer length;             ///< fstat()
   Answer rename;             ///< rename(), with the path that it has before
+  /// Told when a read() has been done; it fails no call.
+  std::function<void(const std::string& path)> afterRead;
 };
 
 }  // namespace brindle

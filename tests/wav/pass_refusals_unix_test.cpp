@@ -342,6 +342,38 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
     EXPECT_GT(cuts, 0);
   }
 
+  // Cuts the file, which the pass writes, within its header behind one read of the source after
+  // another: what was read before must not be written any more.
+  void CutBehindReads(const char* name, const std::string& message) const {
+    constexpr std::size_t length = 20;
+    ObserverOfPass observer;
+    InterposedCalls calls;
+    std::size_t reads = 0;
+    std::size_t cutsAt = 0;  // counted from 1
+    const auto watch = [&] {
+      reads = 0;
+      calls.afterRead = [&](const std::string& path) {
+        if (path == folder_.PathOf("source.wav").toStdString() && ++reads == cutsAt) {
+          CutTo(folder_.PathOf(name), length);
+        }
+      };
+    };
+    ASSERT_EQ(Run(observer, watch), "completed");
+    const auto all = reads;
+    ASSERT_GT(all, 0U);
+    for (const std::size_t cut : {std::size_t{1}, all / 4, all / 2, all - 4, all - 1, all}) {
+      if (cut == 0 || cut > all) {
+        continue;
+      }
+      SCOPED_TRACE("behind read " + std::to_string(cut) + " of " + std::to_string(all));
+      calls.afterRead = nullptr;
+      cutsAt = cut;
+      EXPECT_EQ(Run(observer, watch), message);
+      calls.afterRead = nullptr;
+      EXPECT_EQ(folder_.Bytes(name), folder_.Source().substr(0, length));
+    }
+  }
+
   [[nodiscard]] const PassFolder& Folder() const { return folder_; }
 
  private:
@@ -362,12 +394,14 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
             endOfData - 3};
   }
 
-  [[nodiscard]] std::string Run(ObserverOfPass& observer) const {
+  [[nodiscard]] std::string Run(
+      ObserverOfPass& observer, const std::function<void()>& onceOpen = [] {}) const {
     folder_.Put("source.wav", folder_.Source());
     QFile::remove(folder_.PathOf("target.wav"));
     ScriptedQuestions questions;
     Normalization pass;
     EXPECT_EQ(pass.Open(folder_.Files(GetParam().isInPlace), questions), Opened::Yes);
+    onceOpen();
     const ReadClock clock(1);
     const auto ended = pass.Run(GainTable(Gain), GetParam().buffering, clock, observer);
     return ended == Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
@@ -388,6 +422,11 @@ TEST_P(CutTarget, IsNoSuccessAndHasNoHole) {
     EXPECT_EQ(FirstDifference(Folder().Bytes("target.wav"), Folder().Mapped().substr(0, length)),
               "none");
   });
+}
+
+TEST_P(CutTarget, BetweenReadingAndWritingItHasNoHoleEither) {
+  CutBehindReads("target.wav", "Cannot write " + NativeText(Folder().PathOf("target.wav")) + ": " +
+                                   BecameShorter);
 }
 
 class CutSourceBesideATarget : public CutFile {};
@@ -422,6 +461,11 @@ TEST_P(CutInPlace, HasNoHoleAndIsASuccessOnlyWithAllItsWords) {
     }
     EXPECT_EQ(at, found.size()) << "a hole";
   });
+}
+
+TEST_P(CutInPlace, BetweenReadingAndWritingItHasNoHoleEither) {
+  CutBehindReads("source.wav",
+                 "Cannot read " + NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter);
 }
 
 constexpr std::size_t MultiBlock = 64 * Block;

@@ -77,7 +77,7 @@ FileError ErrorOfOpening(const QSaveFile& file, const QString& path) {
 
 // Whatever fails here leaves the old file: what is not committed is discarded.
 std::optional<FileError> Replace(const QString& path, const QByteArray& bytes) {
-  if (const auto error = WhatIsAt(path).error) {
+  if (auto error = WhatIsAt(path).error) {
     return error;
   }
   QSaveFile file(path);
