@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include <cerrno>
 #include <string>
 
 #include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "tests/support/interposed_calls.h"
 #include "tests/wav/normalizer_window.h"
 
 namespace brindle {
@@ -46,6 +48,18 @@ TEST_F(NormalizingWindow, TellsOfASourceThatBecomesShorter) {
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(),
             Texts{"Cannot read " + PathOf("in.wav").toStdString() + ": the file became shorter"});
+  EXPECT_EQ(Shown(), AfterAPass);
+  EXPECT_EQ(Disabled(), "");
+}
+
+TEST_F(NormalizingWindow, TellsOfADiskThatIsFullWhenAllSeemsWritten) {
+  OpenScanned(Quiet());
+  questions.Answer(BoxAnswer::Ok);
+  InterposedCalls calls;
+  calls.sync = [](const std::string&) { return ENOSPC; };
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), Texts{"Cannot write " + PathOf("out.wav").toStdString() + ": " +
+                           qt_error_string(ENOSPC).toStdString()});
   EXPECT_EQ(Shown(), AfterAPass);
   EXPECT_EQ(Disabled(), "");
 }
