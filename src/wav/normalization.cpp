@@ -116,7 +116,7 @@ Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffer
   if (!isInPlace_ && !Copy(position_, data_.fileLength)) {
     return Ended::Failed;
   }
-  // In place nothing behind the last word is the pass's own.
+  // In place nothing after the last word is the pass's own.
   const auto length = isInPlace_ ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
   if (!SyncOutput(timer) || !Succeeded(Output().CheckStands(length))) {
     return Ended::Failed;
@@ -234,7 +234,7 @@ bool Normalization::Copy(qint64 position, qint64 end) {
   return true;
 }
 
-// Written behind the end of a file that was cut short meanwhile, the bytes would leave a hole.
+// Written past the end of a file that was cut short meanwhile, the bytes would leave a hole.
 bool Normalization::Write(qint64 position, std::span<const std::byte> bytes) {
   if (bytes.empty()) {
     return true;

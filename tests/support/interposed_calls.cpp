@@ -38,7 +38,7 @@ std::string PathOf(int handle) {
   return length < 0 ? std::string() : std::string(path.data(), static_cast<std::size_t>(length));
 }
 
-// The number of the file behind a descriptor; 0 where there is none.
+// The number of the file that a descriptor stands for; 0 where there is none.
 ino_t FileOf(int handle) {
   using Fstat = int (*)(int, struct stat*);
   struct stat found = {};

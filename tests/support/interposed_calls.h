@@ -23,7 +23,7 @@ class InterposedCalls {
   ~InterposedCalls();
 
   Answer sync;               ///< fdatasync()
-  Answer closeOfSyncedFile;  ///< the first close() of any descriptor behind its sync
+  Answer closeOfSyncedFile;  ///< the first close() of any descriptor after its sync
   Answer length;             ///< fstat()
   Answer rename;             ///< rename(), with the path that it has before
   /// Told when a read() has been done; it fails no call.

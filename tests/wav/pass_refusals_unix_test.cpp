@@ -298,7 +298,7 @@ TEST_F(TargetOfPass, LastByteLostIsNoSuccess) {
   EXPECT_EQ(RunTo(Target()), CannotWriteBecause(Target(), "the file became shorter"));
 }
 
-// Files that are cut short at an update: what follows must not be written behind a hole.
+// Files that are cut short at an update: what follows must not be written after a hole.
 
 struct CutCase {
   std::string name;
@@ -342,9 +342,9 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
     EXPECT_GT(cuts, 0);
   }
 
-  // Cuts the file, which the pass writes, within its header behind one read of the source after
-  // another: what was read before must not be written any more.
-  void CutBehindReads(const char* name, const std::string& message) const {
+  // Cuts the file, which the pass writes, within its header, each time after another read of the
+  // source: what was read before must not be written any more.
+  void CutAfterReads(const char* name, const std::string& message) const {
     constexpr std::size_t length = 20;
     ObserverOfPass observer;
     InterposedCalls calls;
@@ -365,7 +365,7 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
       if (cut == 0 || cut > all) {
         continue;
       }
-      SCOPED_TRACE("behind read " + std::to_string(cut) + " of " + std::to_string(all));
+      SCOPED_TRACE("after read " + std::to_string(cut) + " of " + std::to_string(all));
       calls.afterRead = nullptr;
       cutsAt = cut;
       EXPECT_EQ(Run(observer, watch), message);
@@ -412,7 +412,7 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
 
 constexpr const char* BecameShorter = "the file became shorter";
 
-// Nothing is written behind the end that a file was given.
+// Nothing is written past the end that a file was given.
 class CutTarget : public CutFile {};
 
 TEST_P(CutTarget, IsNoSuccessAndHasNoHole) {
@@ -425,8 +425,8 @@ TEST_P(CutTarget, IsNoSuccessAndHasNoHole) {
 }
 
 TEST_P(CutTarget, BetweenReadingAndWritingItHasNoHoleEither) {
-  CutBehindReads("target.wav", "Cannot write " + NativeText(Folder().PathOf("target.wav")) + ": " +
-                                   BecameShorter);
+  CutAfterReads("target.wav",
+                "Cannot write " + NativeText(Folder().PathOf("target.wav")) + ": " + BecameShorter);
 }
 
 class CutSourceBesideATarget : public CutFile {};
@@ -464,8 +464,8 @@ TEST_P(CutInPlace, HasNoHoleAndIsASuccessOnlyWithAllItsWords) {
 }
 
 TEST_P(CutInPlace, BetweenReadingAndWritingItHasNoHoleEither) {
-  CutBehindReads("source.wav",
-                 "Cannot read " + NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter);
+  CutAfterReads("source.wav",
+                "Cannot read " + NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter);
 }
 
 constexpr std::size_t MultiBlock = 64 * Block;

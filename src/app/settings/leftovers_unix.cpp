@@ -13,8 +13,8 @@
 namespace brindle {
 
 // A lock, which the system takes away when its holder is killed. It is held by a copy of the
-// descriptor: the toolkit closes its own before it renames the file.
-// No program that is started meanwhile takes it along.
+// descriptor, which no program started meanwhile takes along: the toolkit closes its own before it
+// renames the file.
 BeingWritten::BeingWritten(int handle)
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
     : mark_(fcntl(handle, F_DUPFD_CLOEXEC, 0)) {

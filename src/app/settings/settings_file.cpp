@@ -112,7 +112,7 @@ std::variant<QByteArray, FileError> ReadExisting(const QString& path) {
 }
 
 // The file that a save of `path` replaces: links are written through.
-QFileInfo BehindLinks(const QString& path) {
+QFileInfo WhereLinksLead(const QString& path) {
   constexpr int mostLinks = 128;  // some lead in a circle
   QFileInfo file(path);
   for (int links = 0; links < mostLinks && file.isSymLink(); ++links) {
@@ -173,7 +173,7 @@ std::optional<FileError> SettingsFile::KeepUnusable() const {
 
 void SettingsFile::SweepLeftovers() const {
   for (const auto& path : {path_, keptPath_}) {
-    const auto file = BehindLinks(path);
+    const auto file = WhereLinksLead(path);
     for (const auto& leftover : TemporaryFiles(file.dir(), file.fileName())) {
       RemoveLeftover(leftover.filePath());
     }
