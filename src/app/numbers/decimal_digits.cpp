@@ -62,6 +62,14 @@ bool AddUnit(std::string& digits) {
   return true;
 }
 
+template <class Float>
+DecimalDigits Shortest(Float value) {
+  std::array<char, LongestScientific> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+  return FromScientific({text.data(), end.ptr});
+}
+
 }  // namespace
 
 DecimalDigits FifteenDigits(double value) {
@@ -76,12 +84,9 @@ DecimalDigits FifteenDigits(double value) {
   return number;
 }
 
-DecimalDigits ShortestDigits(float value) {
-  std::array<char, LongestScientific> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
-  return FromScientific({text.data(), end.ptr});
-}
+DecimalDigits ShortestDigits(float value) { return Shortest(value); }
+
+DecimalDigits ShortestDigits(double value) { return Shortest(value); }
 
 DecimalDigits Rounded(DecimalDigits number, int decimals, Tie tie) {
   const int kept = number.exponent + decimals;

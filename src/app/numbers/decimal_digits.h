@@ -22,8 +22,9 @@ enum class Tie { AwayFromZero, ToEven };
 /// which would round up beyond the range, one step lower.
 [[nodiscard]] DecimalDigits FifteenDigits(double value);
 
-/// The fewest digits that read back to the same finite float.
+/// The fewest digits that read back to the same finite number of that type.
 [[nodiscard]] DecimalDigits ShortestDigits(float value);
+[[nodiscard]] DecimalDigits ShortestDigits(double value);
 
 /// Rounds to `decimals` places behind the period; `tie` says where an exact half goes.
 [[nodiscard]] DecimalDigits Rounded(DecimalDigits number, int decimals, Tie tie);

@@ -200,6 +200,10 @@ std::string TextOf(double value) {
   return std::isfinite(value) ? Written(FifteenDigits(value)) : std::string();
 }
 
+std::string ExactTextOf(double value) {
+  return std::isfinite(value) ? Written(ShortestDigits(value)) : std::string();
+}
+
 std::string TextOfSingle(float value) {
   return std::isfinite(value) ? Written(ShortestDigits(value)) : std::string();
 }

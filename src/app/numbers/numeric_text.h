@@ -36,6 +36,10 @@ namespace brindle {
 /// would round up beyond the range, are written one step lower.
 [[nodiscard]] std::string TextOf(double value);
 
+/// The fewest digits that read back to the same double, in the notation of TextOf(): a third gives
+/// "0.3333333333333333". Empty for what is not finite.
+[[nodiscard]] std::string ExactTextOf(double value);
+
 /// The fewest digits that read back to the same 32-bit float, in the notation of TextOf(): 1.778F
 /// gives "1.778". Empty for what is not finite.
 [[nodiscard]] std::string TextOfSingle(float value);

@@ -30,7 +30,7 @@ constexpr std::array<SettingsLine, SettingsLineCount> Lines{{
     {&Settings::InterleaveOption},    {&Settings::VideoOverheadOn},
     {&Settings::AudioOverheadOn},     {&Settings::InterleaveTime},
     {&Settings::InterleaveFrames1},   {&Settings::InterleaveFrames2},
-    {&Settings::InterleaveFrames3},   {&Settings::MovieLength},
+    {&Settings::InterleaveFrames3},   {&Settings::MovieLength, false, true},
     {&Settings::FrameRateSystem},     {SaveOnExitLine{}},
     {&Settings::AudioBitrate},        {&Settings::CDCount},
     {&Settings::CDCapacity},          {&Settings::ExtraMaterial, true},
@@ -39,7 +39,7 @@ constexpr std::array<SettingsLine, SettingsLineCount> Lines{{
     {&Settings::VideoOnlySize},       {&Settings::TargetAVISize},
     {&Settings::SplitSegmentsMode},   {&Settings::SplitAVISize},
     {&Settings::SplitSize1},          {&Settings::SplitSize2},
-    {&Settings::KeyframeInterval},    {&Settings::QuickSizeMB},
+    {&Settings::KeyframeInterval},    {&Settings::QuickSizeMB, false, true},
     {&Settings::DivXOption},          {&Settings::WavAutoNormalize},
     {&Settings::WavRememberFolders},  {&Settings::WavOverwriteSource},
     {&Settings::WavNormalizePercent}, {&Settings::WavTolerance},
@@ -55,11 +55,13 @@ constexpr std::string_view False = "#FALSE#";
 // A value that is not finite has no text; it is stored as 0, like a rate that cannot be computed.
 std::string NumberOrZero(const std::string& text) { return text.empty() ? "0" : text; }
 
-std::string Text(double value) { return NumberOrZero(TextOf(value)); }
-std::string Text(float value) { return NumberOrZero(TextOfSingle(value)); }
-std::string Text(std::int16_t value) { return std::to_string(value); }
-std::string Text(bool value) { return std::string(value ? True : False); }
-std::string Text(const QString& value) {
+std::string Text(double value, bool isExact) {
+  return NumberOrZero(isExact ? ExactTextOf(value) : TextOf(value));
+}
+std::string Text(float value, bool) { return NumberOrZero(TextOfSingle(value)); }
+std::string Text(std::int16_t value, bool) { return std::to_string(value); }
+std::string Text(bool value, bool) { return std::string(value ? True : False); }
+std::string Text(const QString& value, bool) {
   const bool breaksLine = value.contains(u'\n') || value.contains(u'\r');
   return breaksLine ? std::string() : value.toStdString();
 }
@@ -119,7 +121,7 @@ QByteArray WriteLines(const Settings& record, bool saveOnExit) {
     bytes += std::visit(
         [&](auto field) {
           if constexpr (std::is_member_pointer_v<decltype(field)>) {
-            return Text(record.*field);
+            return Text(record.*field, line.isExact);
           } else {
             return std::string(saveOnExit ? "1" : "0");
           }

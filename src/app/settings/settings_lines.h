@@ -26,6 +26,7 @@ using SettingsField = std::variant<double Settings::*, float Settings::*, std::i
 struct SettingsLine {
   SettingsField field;
   bool keptByDefaults = false;  ///< loading the defaults leaves the field as it is
+  bool isExact = false;         ///< written with as many digits as give the very same number
 };
 
 inline constexpr std::size_t SettingsLineCount = 42;
@@ -34,8 +35,9 @@ inline constexpr std::size_t SettingsLineCount = 42;
 [[nodiscard]] std::span<const SettingsLine, SettingsLineCount> SettingsLines();
 
 /// The bytes of the settings file: 42 lines ended by CR LF. Numbers with up to 15 significant
-/// digits and a period, Booleans as #TRUE# and #FALSE#, texts raw in UTF-8; a text that holds a
-/// line break is written as the empty text.
+/// digits (what is worked out from what was typed, in as few as read back exactly) and a period,
+/// Booleans as #TRUE# and #FALSE#, texts raw in UTF-8; a text that holds a line break is written as
+/// the empty text.
 [[nodiscard]] QByteArray WriteLines(const Settings& record, bool saveOnExit);
 
 struct ReadLinesResult {

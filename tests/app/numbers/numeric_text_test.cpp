@@ -3,10 +3,12 @@
 
 #include "app/numbers/numeric_text.h"
 
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <ostream>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -395,6 +397,20 @@ TEST_P(TextOfSingleTest, HasTheFewestDigits) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Numbers, TextOfSingleTest, testing::ValuesIn(SingleCases), NameOf);
+
+TEST(ExactTextOfTest, ReadsBackAsTheVerySameNumber) {
+  EXPECT_EQ(ExactTextOf(100), "100");
+  EXPECT_EQ(ExactTextOf(1.0 / 3), "0.3333333333333333");
+  EXPECT_EQ(ExactTextOf(-0.0), "0");
+  EXPECT_EQ(ExactTextOf(std::numeric_limits<double>::quiet_NaN()), "");
+  std::mt19937_64 random(20261122);
+  for (int i = 0; i < 20000; ++i) {
+    const auto value = std::bit_cast<double>(random());
+    if (std::isfinite(value)) {
+      ASSERT_EQ(NumberOf(ExactTextOf(value)), value);
+    }
+  }
+}
 
 struct TypingCase {
   const char* name = "";
