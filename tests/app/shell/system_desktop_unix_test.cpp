@@ -59,9 +59,11 @@ class SystemDesktopTest : public ::testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  // `last` is what the stand-in does after its note.
+  // `last` is what the stand-in does after its note, which it writes in one go: two of them may do
+  // so at once.
   void Install(const char* name, const std::string& last = "exit 0") const {
-    Put(name, "#!/bin/sh\n{ printf '%s|' '" + std::string(name) + "' \"$PWD\" \"$@\"; echo; } >>'" +
+    Put(name, "#!/bin/sh\nnote=$(printf '%s|' '" + std::string(name) +
+                  "' \"$PWD\" \"$@\")\nprintf '%s\\n' \"$note\" >>'" +
                   notes.PathOf("all").toStdString() + "'\n" + last + "\n");
   }
 
