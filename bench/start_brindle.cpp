@@ -11,13 +11,13 @@
 #include <QKeyEvent>
 #include <QObject>
 
-#include "app/settings/settings_file.h"
-#include "app/shell/built_product.h"
-#include "app/shell/main_prog.h"
-#include "app/shell/program.h"
-#include "app/shell/splash.h"
-#include "app/shell/termination.h"
+#include "base/settings/settings_file.h"
 #include "first_paint.h"
+#include "shell/built_product.h"
+#include "shell/main_prog.h"
+#include "shell/program.h"
+#include "shell/splash.h"
+#include "shell/termination.h"
 
 namespace brindle {
 namespace {

@@ -21,11 +21,11 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/gallery/recording.h"
-#include "app/shell/all_windows.h"
-#include "app/shell/system_desktop.h"
-#include "app/shell/system_registry.h"
-#include "app/shell/window_list.h"
+#include "gallery/recording.h"
+#include "shell/all_windows.h"
+#include "shell/system_desktop.h"
+#include "shell/system_registry.h"
+#include "shell/window_list.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/peak_scan.h"

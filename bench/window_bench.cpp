@@ -22,14 +22,14 @@
 #include <QWindow>
 #include <benchmark/benchmark.h>
 
-#include "app/input/clock.h"
-#include "app/input/message_boxes.h"
-#include "app/settings/settings.h"
-#include "app/shell/built_product.h"
-#include "app/shell/system_desktop.h"
-#include "app/shell/system_registry.h"
-#include "app/shell/window_list.h"
-#include "app/windows/services.h"
+#include "base/input/message_boxes.h"
+#include "base/settings/settings.h"
+#include "base/time/clock.h"
+#include "base/windows/services.h"
+#include "shell/built_product.h"
+#include "shell/system_desktop.h"
+#include "shell/system_registry.h"
+#include "shell/window_list.h"
 #include "video/bitrate_calc.h"
 
 namespace brindle {

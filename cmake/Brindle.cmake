@@ -18,7 +18,14 @@ endif()
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  # What one clone has compiled, another one need not: paths count from the root of the tree, and
+  # precompiled headers are cached like what includes them.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fpch-preprocess)
+  endif()
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wconversion
@@ -42,18 +49,21 @@ if(BRINDLE_COVERAGE)
   add_link_options(--coverage)
 endif()
 
-# brindle_library(NAME SOURCES... LINKS...): one folder, one static library.
+# brindle_library(NAME [WIDGETS] SOURCES... LINKS...): one static library. Only with WIDGETS it may see
+# the toolkit's windows.
 function(brindle_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS})
-  brindle_precompile(${name})
+  if(ARG_WIDGETS)
+    brindle_precompile(${name})
+  endif()
 endfunction()
 
 # The toolkit's headers are precompiled once, by the lowest library that sees windows.
 function(brindle_precompile name)
-  if(NOT BRINDLE_PCH OR name MATCHES "^brindle_(numbers|settings)$")
+  if(NOT BRINDLE_PCH)
     return()
   endif()
   if(name STREQUAL brindle_input)

@@ -5,7 +5,7 @@
 
 find_program(ICOTOOL icotool REQUIRED)
 
-set(BRINDLE_ICON ${CMAKE_SOURCE_DIR}/src/app/input/pictures/application.svg)
+set(BRINDLE_ICON ${CMAKE_SOURCE_DIR}/src/base/input/pictures/application.svg)
 set(BRINDLE_ICON_FOLDER ${CMAKE_BINARY_DIR}/icons)
 set(BRINDLE_ICON_SIZES 16 22 24 32 48 64 128 256 512)
 file(MAKE_DIRECTORY ${BRINDLE_ICON_FOLDER})

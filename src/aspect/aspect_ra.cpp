@@ -7,12 +7,12 @@
 
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/numeric_text.h"
 #include "aspect/resolution.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/numeric_text.h"
 
 namespace brindle {
 

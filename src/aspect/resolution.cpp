@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "app/numbers/rounding.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 namespace {

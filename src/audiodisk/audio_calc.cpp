@@ -8,14 +8,14 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
-#include "app/windows/windows.h"
 #include "audiodisk/audio_bitrate.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
+#include "base/windows/windows.h"
 
 namespace brindle {
 

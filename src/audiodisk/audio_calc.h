@@ -5,15 +5,15 @@
 
 #include <optional>
 
-#include "app/input/form.h"
-#include "app/input/results.h"
-#include "app/input/spin_button.h"
-#include "app/input/spin_hold.h"
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
-#include "app/windows/interleaving_label.h"
-#include "app/windows/overhead_opener.h"
-#include "app/windows/services.h"
+#include "base/input/form.h"
+#include "base/input/results.h"
+#include "base/input/spin_button.h"
+#include "base/input/spin_hold.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
+#include "base/windows/interleaving_label.h"
+#include "base/windows/overhead_opener.h"
+#include "base/windows/services.h"
 
 class QPushButton;
 

@@ -10,14 +10,14 @@
 #include <QString>
 #include <QWidget>
 
-#include "app/input/common_choices.h"
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
 #include "audiodisk/disk_space.h"
+#include "base/input/common_choices.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 

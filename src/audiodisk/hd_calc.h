@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include "app/input/editable_list.h"
-#include "app/input/form.h"
-#include "app/input/option_group.h"
-#include "app/input/results.h"
-#include "app/input/spin_button.h"
-#include "app/input/spin_hold.h"
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
-#include "app/windows/services.h"
+#include "base/input/editable_list.h"
+#include "base/input/form.h"
+#include "base/input/option_group.h"
+#include "base/input/results.h"
+#include "base/input/spin_button.h"
+#include "base/input/spin_hold.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 
 namespace brindle {
 

@@ -8,14 +8,14 @@
 
 #include <QString>
 
-#include "app/input/common_choices.h"
-#include "app/input/field_text.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/frame_rate.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
+#include "base/input/common_choices.h"
+#include "base/input/field_text.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/frame_rate.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
+#include "base/numbers/running_time.h"
 #include "convert/size_units.h"
 
 namespace brindle {

@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include "app/input/form.h"
-#include "app/input/frame_count.h"
-#include "app/input/option_group.h"
-#include "app/input/running_time_fields.h"
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
-#include "app/windows/services.h"
+#include "base/input/form.h"
+#include "base/input/frame_count.h"
+#include "base/input/option_group.h"
+#include "base/input/running_time_fields.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 #include "convert/size_units.h"
 
 namespace brindle {

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <string>
 
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 namespace {

@@ -8,10 +8,10 @@
 #include <QLabel>
 #include <QString>
 
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/picture.h"
-#include "app/input/wiring.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/picture.h"
+#include "base/input/wiring.h"
 
 namespace brindle {
 

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "app/input/form.h"
-#include "app/input/link_label.h"
-#include "app/windows/services.h"
+#include "base/input/form.h"
+#include "base/input/link_label.h"
+#include "base/windows/services.h"
 
 namespace brindle {
 

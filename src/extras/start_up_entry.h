@@ -5,8 +5,8 @@
 
 #include <QWidget>
 
-#include "app/input/message_boxes.h"
-#include "app/windows/registry.h"
+#include "base/input/message_boxes.h"
+#include "base/windows/registry.h"
 
 namespace brindle {
 

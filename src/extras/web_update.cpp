@@ -5,9 +5,9 @@
 
 #include <QString>
 
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
 
 namespace brindle {
 

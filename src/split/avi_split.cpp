@@ -11,16 +11,16 @@
 #include <QLabel>
 #include <QString>
 
-#include "app/input/common_choices.h"
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/frame_rate.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
-#include "app/numbers/stepping.h"
+#include "base/input/common_choices.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/frame_rate.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
+#include "base/numbers/running_time.h"
+#include "base/numbers/stepping.h"
 #include "split/range_table.h"
 #include "split/split_plan.h"
 

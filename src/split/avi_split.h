@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include "app/input/form.h"
-#include "app/input/frame_count.h"
-#include "app/input/labels.h"
-#include "app/input/option_group.h"
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
-#include "app/windows/services.h"
+#include "base/input/form.h"
+#include "base/input/frame_count.h"
+#include "base/input/labels.h"
+#include "base/input/option_group.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 #include "split/range_table.h"
 #include "split/split_plan.h"
 

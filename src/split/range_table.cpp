@@ -11,10 +11,10 @@
 #include <QString>
 #include <QWidget>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/numbers/numeric_text.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/numbers/numeric_text.h"
 #include "split/split_plan.h"
 
 namespace brindle {

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstddef>
 
-#include "app/input/text_field.h"
+#include "base/input/text_field.h"
 #include "split/split_plan.h"
 
 class QLabel;

@@ -9,14 +9,14 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/frame_rate.h"
-#include "app/numbers/rounding.h"
-#include "app/windows/overhead_opener.h"
-#include "app/windows/windows.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/frame_rate.h"
+#include "base/numbers/rounding.h"
+#include "base/windows/overhead_opener.h"
+#include "base/windows/windows.h"
 #include "video/overhead.h"
 
 namespace brindle {

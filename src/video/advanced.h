@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "app/input/form.h"
-#include "app/input/option_group.h"
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
-#include "app/windows/services.h"
+#include "base/input/form.h"
+#include "base/input/option_group.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 
 class QCheckBox;
 

@@ -11,15 +11,15 @@
 #include <QString>
 #include <QStringList>
 
-#include "app/input/common_choices.h"
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
-#include "app/numbers/stepping.h"
-#include "app/windows/windows.h"
+#include "base/input/common_choices.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
+#include "base/numbers/stepping.h"
+#include "base/windows/windows.h"
 #include "video/time_fields.h"
 #include "video/video_bitrate.h"
 

@@ -9,18 +9,18 @@
 
 #include <QString>
 
-#include "app/input/editable_list.h"
-#include "app/input/form.h"
-#include "app/input/labels.h"
-#include "app/input/option_group.h"
-#include "app/input/results.h"
-#include "app/input/running_time_fields.h"
-#include "app/input/spin_button.h"
-#include "app/input/spin_hold.h"
-#include "app/input/text_field.h"
-#include "app/windows/interleaving_label.h"
-#include "app/windows/overhead_opener.h"
-#include "app/windows/services.h"
+#include "base/input/editable_list.h"
+#include "base/input/form.h"
+#include "base/input/labels.h"
+#include "base/input/option_group.h"
+#include "base/input/results.h"
+#include "base/input/running_time_fields.h"
+#include "base/input/spin_button.h"
+#include "base/input/spin_hold.h"
+#include "base/input/text_field.h"
+#include "base/windows/interleaving_label.h"
+#include "base/windows/overhead_opener.h"
+#include "base/windows/services.h"
 
 class QPushButton;
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/numbers/rounding.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 namespace {

@@ -5,11 +5,11 @@
 
 #include <cmath>
 
-#include "app/input/field_text.h"
-#include "app/input/text_field.h"
-#include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
-#include "app/numbers/stepping.h"
+#include "base/input/field_text.h"
+#include "base/input/text_field.h"
+#include "base/numbers/rounding.h"
+#include "base/numbers/running_time.h"
+#include "base/numbers/stepping.h"
 
 namespace brindle {
 namespace {

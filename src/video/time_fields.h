@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "app/input/running_time_fields.h"
-#include "app/input/text_field.h"
+#include "base/input/running_time_fields.h"
+#include "base/input/text_field.h"
 
 namespace brindle {
 

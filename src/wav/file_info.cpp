@@ -7,10 +7,10 @@
 #include <QGroupBox>
 #include <QString>
 
-#include "app/input/elided_label.h"
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
+#include "base/input/elided_label.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
 #include "wav/wav_header.h"
 #include "wav/wav_text.h"
 

@@ -6,8 +6,8 @@
 #include <QGroupBox>
 #include <QString>
 
-#include "app/input/elided_label.h"
-#include "app/input/labels.h"
+#include "base/input/elided_label.h"
+#include "base/input/labels.h"
 #include "wav/wav_header.h"
 
 namespace brindle {

@@ -9,7 +9,7 @@
 #include <limits>
 #include <optional>
 
-#include "app/numbers/rounding.h"
+#include "base/numbers/rounding.h"
 #include "wav/samples.h"
 
 namespace brindle {

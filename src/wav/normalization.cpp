@@ -17,7 +17,7 @@
 #include <QString>
 #include <QThread>
 
-#include "app/settings/at_path.h"
+#include "base/files/at_path.h"
 #include "wav/gain.h"
 #include "wav/pass_progress.h"
 #include "wav/samples.h"

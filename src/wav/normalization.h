@@ -9,7 +9,7 @@
 
 #include <QString>
 
-#include "app/input/clock.h"
+#include "base/time/clock.h"
 #include "wav/gain.h"
 #include "wav/pass_progress.h"
 #include "wav/samples.h"

@@ -6,10 +6,10 @@
 #include <QGroupBox>
 #include <QString>
 
-#include "app/input/elided_label.h"
-#include "app/input/layout.h"
-#include "app/input/option_group.h"
-#include "app/settings/settings.h"
+#include "base/input/elided_label.h"
+#include "base/input/layout.h"
+#include "base/input/option_group.h"
+#include "base/settings/settings.h"
 
 namespace brindle {
 

@@ -8,9 +8,9 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/input/elided_label.h"
-#include "app/input/option_group.h"
-#include "app/settings/settings.h"
+#include "base/input/elided_label.h"
+#include "base/input/option_group.h"
+#include "base/settings/settings.h"
 
 namespace brindle {
 

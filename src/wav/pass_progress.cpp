@@ -5,8 +5,8 @@
 
 #include <QtGlobal>
 
-#include "app/input/clock.h"
-#include "app/numbers/rounding.h"
+#include "base/numbers/rounding.h"
+#include "base/time/clock.h"
 
 namespace brindle {
 

@@ -5,7 +5,7 @@
 
 #include <QtGlobal>
 
-#include "app/input/clock.h"
+#include "base/time/clock.h"
 
 namespace brindle {
 

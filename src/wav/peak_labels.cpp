@@ -8,10 +8,10 @@
 #include <QLabel>
 #include <QString>
 
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 

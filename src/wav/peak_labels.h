@@ -7,8 +7,8 @@
 
 #include <QLabel>
 
-#include "app/input/labels.h"
-#include "app/input/layout.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
 
 namespace brindle {
 

@@ -8,7 +8,7 @@
 
 #include <QString>
 
-#include "app/input/clock.h"
+#include "base/time/clock.h"
 #include "wav/pass_progress.h"
 #include "wav/wav_file.h"
 

@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QObject>
 
-#include "app/input/text_field.h"
-#include "app/settings/settings.h"
+#include "base/input/text_field.h"
+#include "base/settings/settings.h"
 
 namespace brindle {
 

@@ -8,10 +8,10 @@
 #include <QProgressBar>
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/numbers/rounding.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/numbers/rounding.h"
 #include "wav/wav_text.h"
 
 namespace brindle {

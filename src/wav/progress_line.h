@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QProgressBar>
 
-#include "app/input/labels.h"
+#include "base/input/labels.h"
 #include "wav/pass_progress.h"
 
 namespace brindle {

@@ -10,8 +10,8 @@
 #include <QFile>
 #include <QString>
 
-#include "app/settings/at_path.h"
-#include "app/settings/windows_path.h"
+#include "base/files/at_path.h"
+#include "base/files/windows_path.h"
 #include "wav/system_files.h"
 
 namespace brindle {

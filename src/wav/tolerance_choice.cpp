@@ -5,12 +5,12 @@
 
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/labels.h"
-#include "app/input/layout.h"
-#include "app/input/slider.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
+#include "base/input/field_text.h"
+#include "base/input/labels.h"
+#include "base/input/layout.h"
+#include "base/input/slider.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 

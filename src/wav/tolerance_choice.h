@@ -7,9 +7,9 @@
 #include <QObject>
 #include <QWidget>
 
-#include "app/input/labels.h"
-#include "app/input/slider.h"
-#include "app/settings/settings.h"
+#include "base/input/labels.h"
+#include "base/input/slider.h"
+#include "base/settings/settings.h"
 
 namespace brindle {
 

@@ -13,9 +13,9 @@
 #include <QIODevice>
 #include <QString>
 
-#include "app/settings/at_path.h"
-#include "app/settings/file_error.h"
-#include "app/settings/sync_file.h"
+#include "base/files/at_path.h"
+#include "base/files/file_error.h"
+#include "base/files/sync_file.h"
 #include "wav/system_files.h"
 
 namespace brindle {

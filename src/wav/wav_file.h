@@ -11,7 +11,7 @@
 #include <QFile>
 #include <QString>
 
-#include "app/settings/file_error.h"
+#include "base/files/file_error.h"
 
 namespace brindle {
 

@@ -9,10 +9,10 @@
 #include <QCoreApplication>
 #include <QString>
 
-#include "app/input/field_text.h"
-#include "app/input/file_dialogs.h"
-#include "app/input/layout.h"
-#include "app/input/wiring.h"
+#include "base/input/field_text.h"
+#include "base/input/file_dialogs.h"
+#include "base/input/layout.h"
+#include "base/input/wiring.h"
 #include "wav/gain.h"
 #include "wav/peak_scan.h"
 

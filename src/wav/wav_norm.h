@@ -9,11 +9,11 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/input/file_drop.h"
-#include "app/input/form.h"
-#include "app/input/labels.h"
-#include "app/settings/settings.h"
-#include "app/windows/services.h"
+#include "base/input/file_drop.h"
+#include "base/input/form.h"
+#include "base/input/labels.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 #include "wav/file_info.h"
 #include "wav/normalization.h"
 #include "wav/output_choice.h"

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
 
 namespace brindle {
 

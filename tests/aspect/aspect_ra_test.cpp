@@ -27,9 +27,9 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
-#include "app/numbers/numeric_text.h"
-#include "app/settings/settings.h"
 #include "aspect/resolution.h"
+#include "base/numbers/numeric_text.h"
+#include "base/settings/settings.h"
 #include "tests/aspect/aspect_window.h"
 #include "tests/support/named_case.h"
 

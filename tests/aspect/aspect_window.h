@@ -11,9 +11,9 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/drop_down_list.h"
-#include "app/input/slider.h"
-#include "app/input/text_field.h"
+#include "base/input/drop_down_list.h"
+#include "base/input/slider.h"
+#include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/user.h"
 

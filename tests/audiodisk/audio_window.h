@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <QString>
 
-#include "app/input/spin_button.h"
-#include "app/input/text_field.h"
+#include "base/input/spin_button.h"
+#include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {

@@ -26,10 +26,10 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/option_group.h"
-#include "app/input/text_field.h"
-#include "app/numbers/numeric_text.h"
-#include "app/settings/settings.h"
+#include "base/input/option_group.h"
+#include "base/input/text_field.h"
+#include "base/numbers/numeric_text.h"
+#include "base/settings/settings.h"
 #include "tests/audiodisk/hd_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"

@@ -13,7 +13,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/editable_list.h"
+#include "base/input/editable_list.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 

@@ -12,8 +12,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/shell/main_prog.h"
-#include "app/shell/splash.h"
+#include "shell/main_prog.h"
+#include "shell/splash.h"
 #include "tests/support/window_test.h"
 
 namespace brindle {

@@ -32,7 +32,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/link_label.h"
+#include "base/input/link_label.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 

@@ -30,8 +30,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/elided_label.h"
-#include "app/input/slider.h"
+#include "base/input/elided_label.h"
+#include "base/input/slider.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 

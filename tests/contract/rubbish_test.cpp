@@ -23,10 +23,10 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/spin_button.h"
-#include "app/input/text_field.h"
-#include "app/numbers/rounding.h"
-#include "app/settings/settings_lines.h"
+#include "base/input/spin_button.h"
+#include "base/input/text_field.h"
+#include "base/numbers/rounding.h"
+#include "base/settings/settings_lines.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 

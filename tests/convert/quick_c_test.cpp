@@ -16,8 +16,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/numbers/frame_rate.h"
-#include "app/numbers/numeric_text.h"
+#include "base/numbers/frame_rate.h"
+#include "base/numbers/numeric_text.h"
 #include "tests/convert/quick_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"

@@ -11,8 +11,8 @@
 #include <QRadioButton>
 #include <QString>
 
-#include "app/input/text_field.h"
-#include "app/numbers/numeric_text.h"
+#include "base/input/text_field.h"
+#include "base/numbers/numeric_text.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {

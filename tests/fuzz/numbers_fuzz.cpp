@@ -15,11 +15,11 @@
 #include <string_view>
 #include <system_error>
 
-#include "app/numbers/decimal_digits.h"
-#include "app/numbers/numeric_text.h"
-#include "app/numbers/rounding.h"
-#include "app/numbers/running_time.h"
-#include "app/numbers/stepping.h"
+#include "base/numbers/decimal_digits.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/rounding.h"
+#include "base/numbers/running_time.h"
+#include "base/numbers/stepping.h"
 
 namespace brindle {
 namespace {

@@ -18,7 +18,7 @@
 #include <QObject>
 #include <QString>
 
-#include "app/input/clock.h"
+#include "base/time/clock.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass_progress.h"

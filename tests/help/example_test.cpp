@@ -12,8 +12,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/gallery/recording.h"
-#include "app/input/editable_list.h"
+#include "base/input/editable_list.h"
+#include "gallery/recording.h"
 #include "tests/contract/any_window.h"
 #include "tests/help/help_page.h"
 

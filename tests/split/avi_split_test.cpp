@@ -23,7 +23,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/numbers/numeric_text.h"
+#include "base/numbers/numeric_text.h"
 #include "tests/split/avi_split_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"

@@ -8,7 +8,7 @@
 #include <QLabel>
 #include <QString>
 
-#include "app/input/text_field.h"
+#include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {

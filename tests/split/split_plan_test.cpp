@@ -17,7 +17,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/numbers/numeric_text.h"
+#include "base/numbers/numeric_text.h"
 #include "tests/support/named_case.h"
 
 namespace brindle {

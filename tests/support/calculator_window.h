@@ -12,8 +12,8 @@
 #include <QString>
 #include <QWidget>
 
-#include "app/input/editable_list.h"
-#include "app/input/text_field.h"
+#include "base/input/editable_list.h"
+#include "base/input/text_field.h"
 #include "tests/support/window_test.h"
 
 namespace brindle {

@@ -9,7 +9,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "app/input/clock.h"
+#include "base/time/clock.h"
 
 namespace brindle {
 

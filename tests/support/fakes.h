@@ -13,10 +13,10 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/file_dialogs.h"
-#include "app/input/message_boxes.h"
-#include "app/windows/desktop.h"
-#include "app/windows/registry.h"
+#include "base/input/file_dialogs.h"
+#include "base/input/message_boxes.h"
+#include "base/windows/desktop.h"
+#include "base/windows/registry.h"
 
 namespace brindle {
 

@@ -15,8 +15,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/child_process.h"
-#include "tests/app/settings/temporary_folder.h"
+#include "tests/base/settings/child_process.h"
+#include "tests/base/settings/temporary_folder.h"
 
 namespace brindle {
 

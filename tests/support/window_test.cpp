@@ -7,8 +7,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "app/settings/settings.h"
-#include "app/shell/all_windows.h"
+#include "base/settings/settings.h"
+#include "shell/all_windows.h"
 
 namespace brindle {
 

@@ -8,9 +8,9 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/settings/settings.h"
-#include "app/shell/window_list.h"
-#include "app/windows/services.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
+#include "shell/window_list.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fakes.h"
 #include "tests/support/user.h"

@@ -27,10 +27,10 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
-#include "app/input/text_field.h"
-#include "app/numbers/numeric_text.h"
-#include "app/settings/settings.h"
-#include "app/windows/windows.h"
+#include "base/input/text_field.h"
+#include "base/numbers/numeric_text.h"
+#include "base/settings/settings.h"
+#include "base/windows/windows.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"

@@ -16,7 +16,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "app/numbers/numeric_text.h"
+#include "base/numbers/numeric_text.h"
 #include "tests/support/handler_event.h"
 #include "tests/video/bitrate_window.h"
 

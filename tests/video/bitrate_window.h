@@ -9,9 +9,9 @@
 #include <QRadioButton>
 #include <QString>
 
-#include "app/input/editable_list.h"
-#include "app/input/spin_button.h"
-#include "app/input/text_field.h"
+#include "base/input/editable_list.h"
+#include "base/input/spin_button.h"
+#include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {

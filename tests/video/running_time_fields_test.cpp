@@ -8,8 +8,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/input/field_text.h"
-#include "app/numbers/running_time.h"
+#include "base/input/field_text.h"
+#include "base/numbers/running_time.h"
 #include "tests/video/bitrate_window.h"
 
 namespace brindle {

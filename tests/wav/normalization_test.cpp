@@ -14,7 +14,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/temporary_folder.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"

@@ -17,7 +17,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/child_process.h"
+#include "tests/base/settings/child_process.h"
 #include "tests/support/named_case.h"
 #include "tests/support/unprivileged.h"
 #include "tests/wav/normalization_support.h"

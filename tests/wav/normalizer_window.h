@@ -26,11 +26,11 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/message_boxes.h"
-#include "app/input/slider.h"
-#include "app/input/text_field.h"
-#include "app/shell/all_windows.h"
-#include "app/windows/services.h"
+#include "base/input/message_boxes.h"
+#include "base/input/slider.h"
+#include "base/input/text_field.h"
+#include "base/windows/services.h"
+#include "shell/all_windows.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/user.h"
 

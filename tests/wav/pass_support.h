@@ -18,8 +18,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/input/clock.h"
-#include "tests/app/settings/temporary_folder.h"
+#include "base/time/clock.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass_progress.h"

@@ -10,7 +10,7 @@
 
 #include <QString>
 
-#include "tests/app/settings/child_process.h"
+#include "tests/base/settings/child_process.h"
 
 namespace brindle {
 

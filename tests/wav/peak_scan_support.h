@@ -11,7 +11,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/temporary_folder.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/pass_support.h"
 #include "wav/pass_progress.h"
 #include "wav/peak_scan.h"

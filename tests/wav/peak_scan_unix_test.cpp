@@ -10,7 +10,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/child_process.h"
+#include "tests/base/settings/child_process.h"
 #include "tests/support/unprivileged.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_unix_support.h"

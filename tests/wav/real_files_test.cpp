@@ -20,7 +20,7 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/temporary_folder.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "wav/gain.h"

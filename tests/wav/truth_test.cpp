@@ -21,8 +21,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "app/input/clock.h"
-#include "tests/app/settings/temporary_folder.h"
+#include "base/time/clock.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/literal_model.h"
 #include "wav/gain.h"

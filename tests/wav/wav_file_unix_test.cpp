@@ -12,8 +12,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "tests/app/settings/child_process.h"
-#include "tests/app/settings/temporary_folder.h"
+#include "tests/base/settings/child_process.h"
+#include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/support/unprivileged.h"
 #include "tests/wav/pass_support.h"

@@ -22,10 +22,10 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "app/input/file_dialogs.h"
-#include "app/input/message_boxes.h"
-#include "app/input/modal_dialogs.h"
-#include "app/shell/main_prog.h"
+#include "base/input/file_dialogs.h"
+#include "base/input/message_boxes.h"
+#include "base/input/modal_dialogs.h"
+#include "shell/main_prog.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
 

@@ -16,7 +16,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-#include "app/settings/settings.h"
+#include "base/settings/settings.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
 

@@ -30,8 +30,8 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
-#include "app/settings/settings.h"
-#include "app/settings/settings_lines.h"
+#include "base/settings/settings.h"
+#include "base/settings/settings_lines.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"

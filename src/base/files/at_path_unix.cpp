@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include <QString>
+
+#include "base/files/at_path.h"
+#include "base/files/file_error.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+AtPath WhatIsAt(const QString& path) {
+  std::error_code code;
+  const auto status = std::filesystem::status(path.toStdU16String(), code);
+  if (status.type() == std::filesystem::file_type::not_found) {
+    return {.anything = false, .error = std::nullopt};
+  }
+  if (code) {
+    return {.error = ErrorOf(path, qt_error_string(code.value()))};
+  }
+  if (!std::filesystem::is_regular_file(status)) {
+    return {.error = ErrorOf(path, u"not a file"_s)};
+  }
+  return {};
+}
+
+bool IsAbsolute(const QString& path) { return path.startsWith(u'/'); }
+
+}  // namespace brindle

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/elided_label.h"
+
+#include <QEvent>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QSize>
+#include <QString>
+#include <QStyle>
+#include <QToolTip>
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+ElidedLabel::ElidedLabel(const QString& name, const QString& text, const QString& tooltip) {
+  setObjectName(name);
+  setTextFormat(Qt::PlainText);
+  setToolTip(tooltip);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  Show(text);
+}
+
+void ElidedLabel::Show(const QString& text) {
+  if (text != this->text()) {
+    setText(text);
+    setAccessibleDescription(text);
+  }
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  constexpr int leastColumns = 8;
+  return {fontMetrics().averageCharWidth() * leastColumns, fontMetrics().height()};
+}
+
+// A label without a tooltip of its own shows the text that it cannot show whole. What looks like
+// markup, as a file name may, is shown as it is.
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto tip = toolTip().isEmpty() && Shown() != text() ? text() : toolTip();
+    if (!tip.isEmpty()) {
+      const auto plain = Qt::mightBeRichText(tip)
+                             ? u"<p style='white-space:pre'>"_s + tip.toHtmlEscaped() + u"</p>"_s
+                             : tip;
+      QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), plain, this);
+      return true;
+    }
+  }
+  return QLabel::event(event);
+}
+
+QString ElidedLabel::Shown() const {
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+}
+
+void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
+                        isEnabled(), Shown(), foregroundRole());
+}
+
+}  // namespace brindle

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/focus_tracker.h"
+
+#include <functional>
+#include <utility>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QObject>
+#include <QSignalBlocker>
+#include <QWidget>
+
+#include "base/input/editable_list.h"
+#include "base/input/text_field.h"
+#include "base/numbers/numeric_text.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The control that a widget belongs to: an editable list is one control with its text part.
+QWidget* ControlOf(QWidget* widget) {
+  auto* list = qobject_cast<QComboBox*>(widget->parentWidget());
+  return list != nullptr ? list : widget;
+}
+
+void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* control) {
+  const auto handler = handlers.value(control);
+  if (handler) {
+    handler();
+  }
+}
+
+// A number only begun stood for 0 while it was being typed, and nobody goes on with it.
+void EndBegunNumber(QWidget* control) {
+  auto* list = qobject_cast<EditableList*>(control);
+  auto* field = list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
+  if (field != nullptr && !field->KeepsBegunNumber() && IsJustBegun(field->text().toStdString())) {
+    const QSignalBlocker quiet(field);
+    field->Write(u"0"_s);
+  }
+}
+
+}  // namespace
+
+FocusTracker::FocusTracker(QWidget* window) : QObject(window), window_(window) {
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { FocusChanged(now); });
+}
+
+void FocusTracker::OnGotFocus(QWidget* control, const std::function<void()>& handler) {
+  gotFocus_.insert(control, handler);
+}
+
+void FocusTracker::OnLostFocus(QWidget* control, const std::function<void()>& handler) {
+  lostFocus_.insert(control, handler);
+}
+
+void FocusTracker::Begin(QWidget* first) {
+  first->setFocus();
+  // As if Tab had led there: what is typed first replaces the text of a list.
+  if (auto* list = qobject_cast<EditableList*>(first)) {
+    list->Field()->selectAll();
+  }
+  FocusChanged(first);
+}
+
+void FocusTracker::Stop() { stopped_ = true; }
+
+void FocusTracker::FocusChanged(QWidget* now) {
+  if (stopped_ || now == nullptr || now->window() != window_) {
+    return;
+  }
+  auto* control = ControlOf(now);
+  if (control == current_) {
+    return;
+  }
+  auto* left = std::exchange(current_, control);
+  EndBegunNumber(left);
+  Run(lostFocus_, left);
+  Run(gotFocus_, control);
+}
+
+}  // namespace brindle

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/form.h"
+
+#include <utility>
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace brindle {
+
+Form::Form(const QString& name, const QString& caption, Escape escape) : escape_(escape) {
+  setObjectName(name);
+  setWindowTitle(caption);
+}
+
+void Form::DeleteWhenLeft() {
+  toBeDeleted_ = true;
+  if (inside_ == 0) {
+    deleteLater();
+  }
+}
+
+Form::Occupied::~Occupied() {
+  --form_.inside_;
+  if (form_.inside_ == 0 && form_.toBeDeleted_) {
+    form_.deleteLater();
+  }
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  if (!closed_ && !AgreesToClose()) {
+    event->ignore();
+    return;
+  }
+  WillClose();
+  QWidget::closeEvent(event);
+  if (event->isAccepted() && !std::exchange(closed_, true)) {
+    focus_.Stop();
+    Q_EMIT Closed();
+  }
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (escape_ == Escape::Closes && event->key() == Qt::Key_Escape) {
+    event->accept();
+    close();
+    return;
+  }
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
+    if (!event->isAutoRepeat()) {
+      Q_EMIT HelpAsked();
+    }
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+}  // namespace brindle

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/message_boxes.h"
+
+#include <optional>
+#include <vector>
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QWidget>
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Button {
+  QPushButton* button = nullptr;
+  BoxAnswer answer = BoxAnswer::Ok;
+};
+
+// The buttons in the order in which they stand. Escape and the close box mean OK, No or Cancel.
+std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::Ok:
+      return {{box.addButton(QMessageBox::Ok), BoxAnswer::Ok}};
+    case BoxButtons::YesNo:
+    case BoxButtons::YesNoDefaultNo:
+      return {{box.addButton(QMessageBox::Yes), BoxAnswer::Yes},
+              {box.addButton(QMessageBox::No), BoxAnswer::No}};
+    case BoxButtons::CancelTryAgainContinue:
+      break;
+  }
+  // One role for all three keeps them in this order on every desktop.
+  const auto add = [&box](const char* caption) {
+    return box.addButton(QString::fromLatin1(caption), QMessageBox::ActionRole);
+  };
+  auto* cancel = add("Cancel");
+  box.setEscapeButton(cancel);
+  return {{cancel, BoxAnswer::Cancel},
+          {add("Try Again"), BoxAnswer::TryAgain},
+          {add("Continue"), BoxAnswer::Continue}};
+}
+
+}  // namespace
+
+std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& text,
+                                                 BoxButtons buttons) {
+  const QPointer box(new QMessageBox(owner));
+  box->setObjectName(u"MessageBox"_s);
+  box->setWindowTitle(u"Brindle"_s);
+  box->setTextFormat(Qt::PlainText);
+  box->setText(text);
+  const auto added = AddButtons(*box, buttons);
+  const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
+  box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
+  std::optional<BoxAnswer> answer;
+  if (dialogs_.Run(box.data())) {
+    const auto* clicked = box->clickedButton();
+    for (const auto& candidate : added) {
+      if (candidate.button == clicked) {
+        answer = candidate.answer;
+      }
+    }
+  }
+  delete box;
+  return answer;
+}
+
+}  // namespace brindle

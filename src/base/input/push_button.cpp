@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/push_button.h"
+
+#include <QKeyEvent>
+
+namespace brindle {
+
+namespace {
+
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+QKeyEvent AsSpace(const QKeyEvent& event) {
+  return {event.type(), Qt::Key_Space, event.modifiers(), QStringLiteral(" "),
+          event.isAutoRepeat()};
+}
+
+}  // namespace
+
+void PushButton::keyPressEvent(QKeyEvent* event) {
+  if (IsEnter(*event)) {
+    QKeyEvent space = AsSpace(*event);
+    QPushButton::keyPressEvent(&space);
+  } else {
+    QPushButton::keyPressEvent(event);
+  }
+}
+
+void PushButton::keyReleaseEvent(QKeyEvent* event) {
+  if (IsEnter(*event)) {
+    QKeyEvent space = AsSpace(*event);
+    QPushButton::keyReleaseEvent(&space);
+  } else {
+    QPushButton::keyReleaseEvent(event);
+  }
+}
+
+}  // namespace brindle

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/running_time_fields.h"
+
+#include <cmath>
+
+#include "base/input/field_text.h"
+#include "base/input/text_field.h"
+#include "base/numbers/numeric_text.h"
+#include "base/numbers/running_time.h"
+
+namespace brindle {
+
+RunningTimeFields::RunningTimeFields(TextField* hours, TextField* minutes, TextField* seconds)
+    : hours_(hours), minutes_(minutes), seconds_(seconds) {}
+
+void RunningTimeFields::Show(double minutes) {
+  const auto time = TakeApart(SecondsToHundredths(minutes));
+  ShowHoursAndMinutes(time);
+  // A little below 0 where the rounding made another minute full.
+  const double exactSeconds = minutes * 60 - (time.hours * 60 + time.minutes) * 60;
+  seconds_->Write(ToQString(Formatted(time.seconds, "00.00")), exactSeconds);
+  shown_ = std::isfinite(minutes) ? minutes : 0;
+  shownParts_ = Parts();
+}
+
+void RunningTimeFields::ShowBesideSeconds(double minutes) {
+  ShowHoursAndMinutes(TakeApart(minutes * 60));
+}
+
+// The parts added up may miss the whole by the last bit; one that nobody has touched must not.
+double RunningTimeFields::Minutes() const {
+  return Parts() == shownParts_ ? shown_ : InMinutes(Parts());
+}
+
+void RunningTimeFields::ShowHoursAndMinutes(const RunningTime& time) {
+  WriteNumber(hours_, time.hours);
+  WriteNumber(minutes_, time.minutes);
+}
+
+RunningTime RunningTimeFields::Parts() const {
+  return {NumberIn(hours_), NumberIn(minutes_), NumberIn(seconds_)};
+}
+
+}  // namespace brindle

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/input/form.h"
+
+namespace brindle {
+
+/// Every window that another window can open.
+enum class WindowId {
+  BitrateCalc,
+  AudioCalc,
+  HDCalc,
+  AVISplit,
+  AspectRa,
+  QuickC,
+  WavNorm,
+  Advanced,
+  AboutWin,
+  WebUpdate,
+  DefaultW,
+};
+
+/// The list of windows as a window sees it.
+class Windows {
+ public:
+  Windows() = default;
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
+  Windows(Windows&&) = delete;
+  Windows& operator=(Windows&&) = delete;
+  virtual ~Windows() = default;
+
+  /// The one window of this kind. Creates it when it is not shown, without showing it: its next
+  /// show creates it afresh, as after closing it.
+  virtual Form& Load(WindowId id) = 0;
+
+  /// Shows the one window of this kind, without making the others wait: creates it when it is not
+  /// shown, else brings it to the front. What its creation throws comes out; no window is left
+  /// then.
+  virtual void Show(WindowId id) = 0;
+
+  /// Asks every window whether it may be closed, until one is against it; when none is, all are
+  /// told that they will be.
+  [[nodiscard]] virtual bool AllAgreeToClose() = 0;
+  /// Tells all windows that they will be closed, without asking any of them.
+  virtual void CloseAllUnasked() = 0;
+};
+
+}  // namespace brindle

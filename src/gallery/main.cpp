@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+// Opens every window with realistic figures and saves a picture of each:
+// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places]
+// LABEL stands behind the window's name in the names of the files. With --places there is a
+// WINDOW.places beside each picture, a line "NAME X Y" for each control: the pixel in its middle,
+// from the picture's upper left corner.
+
+#include <array>
+#include <iostream>
+#include <utility>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QPalette>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include "gallery/normalizer_pictures.h"
+#include "gallery/recording.h"
+#include "shell/all_windows.h"
+#include "shell/built_product.h"
+#include "shell/look.h"
+#include "shell/main_prog.h"
+#include "shell/splash.h"
+#include "shell/system_registry.h"
+#include "shell/window_list.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// No window beeps or asks while its picture is taken; the file that is opened is the recording.
+class Silence : public Desktop, public MessageBoxes, public FileDialogs {
+ public:
+  explicit Silence(QString recording) : recording_(std::move(recording)) {}
+  void Beep() override {}
+  void StartCalculator(QWidget*) override {}
+  void OpenHelp(QWidget*, const QString&) override {}
+  void OpenAddress(QWidget*, const QString&) override {}
+  std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override {
+    return BoxAnswer::Ok;
+  }
+  QString AskForExisting(QWidget*, const FileQuestion&) override { return recording_; }
+  QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
+
+ private:
+  QString recording_;
+};
+
+// Time passes quickly, so that a short file keeps a window busy for long.
+class QuickClock : public SystemClock {
+ public:
+  [[nodiscard]] double Now() const override { return now_ += 0.6; }
+
+ private:
+  mutable double now_ = 0;
+};
+
+QPalette DarkPalette() {
+  const QColor window(0x3a, 0x3a, 0x3a);
+  const QColor base(0x24, 0x24, 0x24);
+  const QColor text(0xee, 0xee, 0xee);
+  const QColor faint(0x80, 0x80, 0x80);
+  QPalette palette(window);
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::AlternateBase, window);
+  palette.setColor(QPalette::ToolTipBase, base);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                          QPalette::ToolTipText, QPalette::BrightText}) {
+    palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, faint);
+  }
+  palette.setColor(QPalette::PlaceholderText, faint);
+  palette.setColor(QPalette::Highlight, QColor(0x2a, 0x6f, 0xb0));
+  palette.setColor(QPalette::HighlightedText, text);
+  return palette;
+}
+
+// A film of 102 minutes and a half on two discs, with its trailer: the figures of the examples in
+// the help, which shows these pictures.
+void SetRealisticFigures(Settings& record) {
+  record.MovieLength = 102.5;
+  record.CDCount = 2;
+  record.AudioBitrate = 192;
+  record.ExtraMaterial = 45;
+  record.VideoOnlySize = 1215;
+  record.TargetAVISize = 1355;
+  record.HDVideoBitrate = 1647;
+  record.HDAudioType = 2;
+  record.SplitSegmentsMode = 1;
+  record.SplitAVISize = 1950;
+  record.SplitSize1 = 700;
+  record.SplitSize2 = 700;
+  record.QuickSizeMB = 4482;
+  record.StandardAspect = 5;  // 2.35:1
+  record.ResHorizontal = 640;
+  record.ResVertical = 272;
+}
+
+class Gallery {
+ public:
+  Gallery(const QDir& folder, QString label, bool hasPlaces)
+      : folder_(folder), label_(std::move(label)), hasPlaces_(hasPlaces) {}
+
+  bool Take(QWidget& window, const QString& state = {}) const {
+    const auto path = folder_.filePath(window.objectName() + state + label_);
+    const bool saved =
+        window.grab().save(path + u".png"_s) && (!hasPlaces_ || WritePlaces(window, path));
+    if (!saved) {
+      std::cerr << "cannot write " << path.toStdString() << '\n';
+    }
+    return saved;
+  }
+
+ private:
+  static bool WritePlaces(const QWidget& window, const QString& path) {
+    QFile file(path + u".places"_s);
+    if (!file.open(QIODevice::WriteOnly)) {
+      return false;
+    }
+    QTextStream lines(&file);
+    for (const auto* control : window.findChildren<QWidget*>()) {
+      if (control->isVisible() && !control->objectName().isEmpty()) {
+        const auto middle =
+            control->mapTo(&window, control->rect().center()) * window.devicePixelRatio();
+        lines << control->objectName() << ' ' << middle.x() << ' ' << middle.y() << '\n';
+      }
+    }
+    lines.flush();
+    return lines.status() == QTextStream::Ok;
+  }
+
+  QDir folder_;
+  QString label_;
+  bool hasPlaces_;
+};
+
+int TakeAll(const Gallery& gallery) {
+  const QTemporaryDir folder;
+  Settings record;
+  QuickClock clock;
+  const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
+  Silence silence(recording);
+  SystemRegistry registry;
+  WindowList windows(silence);
+  const Product product = BuiltProduct();
+  Services services{record, windows, clock, silence, silence, silence, registry, product};
+  AddAllWindows(windows, services, [] {});
+
+  Splash splash(services);
+  splash.show();
+  MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
+  mainProg.show();
+  SetRealisticFigures(record);
+  for (const auto id :
+       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
+        WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm, WindowId::Advanced,
+        WindowId::DefaultW, WindowId::AboutWin, WindowId::WebUpdate}) {
+    windows.Show(id);
+  }
+  QApplication::processEvents();
+  bool saved = true;
+  for (auto* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) {
+      saved &= gallery.Take(*window);
+    }
+  }
+  if (!WriteRecording(recording)) {
+    std::cerr << "cannot write " << recording.toStdString() << '\n';
+    return 1;
+  }
+  auto& normalizer = windows.Load(WindowId::WavNorm);
+  const bool seen = ShowNormalizerAtWork(
+      normalizer, [&](const QString& state) { saved &= gallery.Take(normalizer, state); });
+  return saved && seen ? 0 : 1;
+}
+
+int Run() {
+  const QCommandLineOption dark(u"dark"_s);
+  const QCommandLineOption largeFont(u"large-font"_s);
+  const QCommandLineOption label(u"label"_s, {}, u"name"_s, {});
+  QCommandLineParser arguments;
+  const QCommandLineOption places(u"places"_s);
+  arguments.addOptions({dark, largeFont, label, places});
+  arguments.addPositionalArgument(u"folder"_s, u"Where the pictures go"_s);
+  arguments.process(*QCoreApplication::instance());
+  if (arguments.positionalArguments().size() != 1) {
+    arguments.showHelp(2);
+  }
+  if (arguments.isSet(dark)) {
+    QApplication::setPalette(DarkPalette());
+  }
+  if (arguments.isSet(largeFont)) {
+    QFont font = QApplication::font();
+    font.setPointSize(14);
+    QApplication::setFont(font);
+  }
+  FollowPalette();
+  const QDir folder(arguments.positionalArguments().constFirst());
+  if (!folder.mkpath(u"."_s)) {
+    std::cerr << "cannot create " << folder.path().toStdString() << '\n';
+    return 1;
+  }
+  return TakeAll({folder, arguments.value(label), arguments.isSet(places)});
+}
+
+}  // namespace
+}  // namespace brindle
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  brindle::SetUpApplication();
+  return brindle::Run();
+}

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "gallery/recording.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include <QDataStream>
+#include <QFile>
+#include <QIODevice>
+#include <QString>
+
+namespace brindle {
+
+namespace {
+
+constexpr std::uint16_t Channels = 2;
+constexpr std::uint16_t BytesPerSample = 2;
+constexpr std::uint16_t BytesPerFrame = Channels * BytesPerSample;
+
+}  // namespace
+
+void WriteWavHeader(QDataStream& out, std::uint32_t dataLength) {
+  constexpr std::uint32_t restOfHeader = 36;
+  constexpr std::uint32_t formatLength = 16;
+  constexpr std::uint16_t pcm = 1;
+  constexpr std::uint16_t bitsPerSample = 8 * BytesPerSample;
+  out.setByteOrder(QDataStream::LittleEndian);
+  out.writeRawData("RIFF", 4);
+  out << dataLength + restOfHeader;
+  out.writeRawData("WAVEfmt ", 8);
+  out << formatLength << pcm << Channels << SamplesPerSecond << SamplesPerSecond * BytesPerFrame
+      << BytesPerFrame << bitsPerSample;
+  out.writeRawData("data", 4);
+  out << dataLength;
+}
+
+bool WriteRecording(const QString& path) {
+  constexpr std::uint32_t frames = SamplesPerSecond * 100;
+  constexpr double loudness = 21000;
+  constexpr double pitch = 0.03;
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) {
+    return false;
+  }
+  QDataStream out(&file);
+  WriteWavHeader(out, frames * BytesPerFrame);
+  for (std::uint32_t frame = 0; frame < frames; ++frame) {
+    const auto level = static_cast<std::int16_t>(loudness * std::sin(frame * pitch));
+    out << level << level;
+  }
+  return out.status() == QDataStream::Ok && file.flush();
+}
+
+}  // namespace brindle

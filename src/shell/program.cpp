@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "shell/program.h"
+
+#include <memory>
+#include <utility>
+
+#include <QApplication>
+#include <QWidget>
+
+#include "shell/all_windows.h"
+
+namespace brindle {
+
+Program::Program(Product product, ProgramFolders folders)
+    : product_(std::move(product)), folders_(std::move(folders)) {
+  AddAllWindows(windows_, services_, [this] { mainProg_->InitDat(); });
+}
+
+void Program::Start() {
+  splash_ = std::make_unique<Splash>(services_);
+  connect(splash_.get(), &Splash::Finished, this, &Program::ShowMainProg);
+  splash_->Run();
+}
+
+void Program::ShowMainProg() {
+  if (ended_) {
+    return;
+  }
+  // The splash called; it must not be deleted under its own signal.
+  splash_->hide();
+  splash_.release()->deleteLater();
+  mainProg_ = std::make_unique<MainProg>(services_, folders_);
+  connect(mainProg_.get(), &MainProg::Closed, this, &Program::HideAllAndExit);
+  if (ended_) {
+    return;
+  }
+  mainProg_->show();
+  mainProg_->raise();
+  mainProg_->activateWindow();
+}
+
+void Program::End() {
+  if (mainProg_ != nullptr) {
+    mainProg_->CloseUnasked();
+  } else {
+    HideAllAndExit();
+  }
+}
+
+void Program::HideAllAndExit() {
+  if (std::exchange(ended_, true)) {
+    return;
+  }
+  modal_.End();
+  for (auto* window : QApplication::topLevelWidgets()) {
+    window->hide();
+  }
+  QApplication::exit(0);
+}
+
+}  // namespace brindle

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+
+#include "base/input/file_dialogs.h"
+#include "base/input/message_boxes.h"
+#include "base/input/modal_dialogs.h"
+#include "base/settings/settings.h"
+#include "base/time/clock.h"
+#include "base/windows/services.h"
+#include "shell/main_prog.h"
+#include "shell/splash.h"
+#include "shell/system_desktop.h"
+#include "shell/system_registry.h"
+#include "shell/window_list.h"
+
+namespace brindle {
+
+/// The program from the splash to its end. Everything in it ends with the event loop.
+class Program : public QObject {
+  Q_OBJECT
+
+ public:
+  Program(Product product, ProgramFolders folders);
+
+  /// Shows the splash; the main window follows it.
+  void Start();
+
+  /// The system wants the end. Counts as closing the main window, but no window is asked: saves
+  /// when SaveOnExit is ticked, hides everything, ends the event loop. While the splash stands
+  /// there is nothing to save. Only the first call counts.
+  void End();
+
+ private:
+  void ShowMainProg();
+  void HideAllAndExit();
+
+  Product product_;
+  ProgramFolders folders_;
+  Settings record_;
+  SystemClock clock_;
+  ModalDialogs modal_;
+  ScreenMessageBoxes boxes_{modal_};
+  ScreenFileDialogs dialogs_{modal_};
+  SystemDesktop desktop_{boxes_, clock_, folders_.program};
+  SystemRegistry registry_;
+  WindowList windows_{desktop_};
+  Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
+  std::unique_ptr<Splash> splash_;
+  std::unique_ptr<MainProg> mainProg_;
+  bool ended_ = false;
+};
+
+}  // namespace brindle

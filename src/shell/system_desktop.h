@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include "base/input/message_boxes.h"
+#include "base/time/clock.h"
+#include "base/windows/desktop.h"
+#include "shell/desktop_commands.h"
+
+namespace brindle {
+
+/// The desktop that the program really runs on. What it starts has the program's folder as its
+/// current directory, as long as that exists, and lives on when the program ends. A window's page
+/// of the help that is asked for again within a second is not opened twice; the first page is.
+class SystemDesktop : public Desktop {
+ public:
+  SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
+
+  void Beep() override;
+  void StartCalculator(QWidget* asker) override;
+  void OpenHelp(QWidget* asker, const QString& page) override;
+  void OpenAddress(QWidget* asker, const QString& address) override;
+
+ private:
+  using Asker = QPointer<QWidget>;
+  void Start(const Asker& asker, const Command& command);
+  void TellLater(const Asker& asker, const Command& command, const QString& reason);
+
+  MessageBoxes& boxes_;
+  Clock& clock_;
+  QString programFolder_;
+  QString lastPage_;
+  double lastHelp_ = 0;  // seconds
+  QObject lifetime_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "shell/window_list.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include <QPointer>
+
+#include "base/input/form.h"
+
+namespace brindle {
+
+void WindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(factory); }
+
+Form& WindowList::Load(WindowId id) {
+  auto window = windows_.find(id);
+  if (window != windows_.end() && !window->second->isVisible()) {
+    // Loaded for once, and never shown: what it shows may be out of date.
+    Forget(id);
+    window = windows_.end();
+  }
+  if (window == windows_.end()) {
+    window = windows_.emplace(id, factories_.at(id)()).first;
+    auto* form = window->second.get();
+    connect(form, &Form::Closed, this, [this, id] { Forget(id); });
+    connect(form, &Form::HelpAsked, this,
+            [this, form] { desktop_.OpenHelp(form, form->objectName()); });
+  }
+  return *window->second;
+}
+
+void WindowList::Show(WindowId id) {
+  auto& form = Load(id);
+  form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+  form.show();
+  form.raise();
+  form.activateWindow();
+}
+
+bool WindowList::AllAgreeToClose() {
+  // A question may be asked meanwhile, and windows come and go.
+  std::vector<QPointer<Form>> open;
+  for (const auto& [id, window] : windows_) {
+    open.emplace_back(window.get());
+  }
+  const bool allAgree = std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
+    return window == nullptr || window->AgreesToClose();
+  });
+  if (allAgree) {
+    CloseAllUnasked();
+  }
+  return allAgree;
+}
+
+void WindowList::CloseAllUnasked() {
+  for (const auto& [id, window] : windows_) {
+    window->WillClose();
+  }
+}
+
+void WindowList::Forget(WindowId id) {
+  auto closed = windows_.extract(id);
+  closed.mapped().release()->DeleteWhenLeft();
+}
+
+}  // namespace brindle

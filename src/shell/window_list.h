@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include <QObject>
+
+#include "base/input/form.h"
+#include "base/windows/desktop.h"
+#include "base/windows/windows.h"
+
+namespace brindle {
+
+/// Owns the windows that other windows open or load, at most one of each kind. A window that is
+/// closed is deleted once control is back in the event loop; the next show makes a new one. F1 in a
+/// window opens the page of the help that has the window's name.
+class WindowList : public QObject, public Windows {
+  Q_OBJECT
+
+ public:
+  /// Makes a window whole, or throws.
+  using Factory = std::function<std::unique_ptr<Form>()>;
+
+  explicit WindowList(Desktop& desktop) : desktop_(desktop) {}
+
+  /// Tells how a kind of window is made.
+  void Add(WindowId id, Factory factory);
+
+  Form& Load(WindowId id) override;
+  void Show(WindowId id) override;
+  [[nodiscard]] bool AllAgreeToClose() override;
+  void CloseAllUnasked() override;
+
+ private:
+  void Forget(WindowId id);
+
+  Desktop& desktop_;
+  std::map<WindowId, Factory> factories_;
+  std::map<WindowId, std::unique_ptr<Form>> windows_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/form.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QString>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "tests/base/input/field_window.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(Form, TellsOnceThatItIsClosed) {
+  Form form(u"F"_s, u"Caption"_s);
+  int closed = 0;
+  QObject::connect(&form, &Form::Closed, [&] { ++closed; });
+  form.show();
+  form.close();
+  form.close();
+  EXPECT_EQ(closed, 1);
+}
+
+TEST(Form, CarriesItsNameAndCaption) {
+  const Form form(u"F"_s, u"Caption"_s);
+  EXPECT_EQ(form.objectName(), u"F"_s);
+  EXPECT_EQ(form.windowTitle(), u"Caption"_s);
+}
+
+TEST(Form, EscapeClosesAfterTheFieldsOwnHandler) {
+  FieldWindow window;
+  window.Start();
+  window.A->setFocus();
+  window.events.clear();
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.events.front(), "A press ");
+}
+
+TEST(Form, F1AsksForHelpAfterTheFieldsOwnHandlerAndClosesNothing) {
+  FieldWindow window;
+  int asked = 0;
+  QObject::connect(&window, &Form::HelpAsked, [&] { ++asked; });
+  window.Start();
+  window.A->setFocus();
+  Key(Qt::Key_F1);
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST(Form, HeldOrWithAModifierF1IsAskedForOnceOrNotAtAll) {
+  Form form(u"F"_s, u"Caption"_s);
+  int asked = 0;
+  QObject::connect(&form, &Form::HelpAsked, [&] { ++asked; });
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&form, &repeated);
+  QKeyEvent modified(QEvent::KeyPress, Qt::Key_F1, Qt::ShiftModifier);
+  QApplication::sendEvent(&form, &modified);
+  EXPECT_EQ(asked, 0);
+  QKeyEvent pressed(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+  QApplication::sendEvent(&form, &pressed);
+  EXPECT_EQ(asked, 1);
+}
+
+TEST(Form, EscapeCanBeIgnored) {
+  Form form(u"F"_s, u"Caption"_s, Form::Escape::IsIgnored);
+  form.show();
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form, 10000));
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(form.isVisible());
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "base/input/message_boxes.h"
+
+#include <functional>
+#include <string>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QString>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include "tests/support/user.h"
+
+namespace brindle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// Does something to the open box once it stands.
+void WhenOpen(const std::function<void(QMessageBox*)>& action) {
+  QTimer::singleShot(0, qApp, [action] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(box, 10000));
+    action(box);
+  });
+}
+
+std::function<void(QMessageBox*)> Clicking(const std::string& caption) {
+  return [caption](QMessageBox* box) {
+    for (auto* button : box->buttons()) {
+      if (button->text().remove(u'&').toStdString() == caption) {
+        Click(button);
+        return;
+      }
+    }
+    ADD_FAILURE() << "no button " << caption;
+    box->done(0);
+  };
+}
+
+struct AnswerCase {
+  std::string caption;
+  BoxButtons buttons = BoxButtons::Ok;
+  BoxAnswer answer = BoxAnswer::Ok;
+};
+
+class MessageBoxAnswers : public ::testing::TestWithParam<AnswerCase> {};
+
+TEST_P(MessageBoxAnswers, AreThoseOfTheButtons) {
+  const auto& [caption, buttons, answer] = GetParam();
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen(Clicking(caption));
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, buttons), answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, MessageBoxAnswers,
+    ::testing::Values(
+        AnswerCase{"OK", BoxButtons::Ok, BoxAnswer::Ok},
+        AnswerCase{"Yes", BoxButtons::YesNo, BoxAnswer::Yes},
+        AnswerCase{"No", BoxButtons::YesNo, BoxAnswer::No},
+        AnswerCase{"Yes", BoxButtons::YesNoDefaultNo, BoxAnswer::Yes},
+        AnswerCase{"No", BoxButtons::YesNoDefaultNo, BoxAnswer::No},
+        AnswerCase{"Cancel", BoxButtons::CancelTryAgainContinue, BoxAnswer::Cancel},
+        AnswerCase{"Try Again", BoxButtons::CancelTryAgainContinue, BoxAnswer::TryAgain},
+        AnswerCase{"Continue", BoxButtons::CancelTryAgainContinue, BoxAnswer::Continue}),
+    [](const auto& instance) {
+      auto name = instance.param.caption;
+      std::erase(name, ' ');
+      return name + (instance.param.buttons == BoxButtons::YesNoDefaultNo ? "AtRisk" : "");
+    });
+
+struct DefaultCase {
+  std::string name;
+  BoxButtons buttons = BoxButtons::Ok;
+  BoxAnswer answer = BoxAnswer::Ok;
+};
+
+class MessageBoxDefault : public ::testing::TestWithParam<DefaultCase> {};
+
+TEST_P(MessageBoxDefault, IsWhatEnterMeans) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([](QMessageBox*) { Key(Qt::Key_Return); });
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, GetParam().buttons), GetParam().answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, MessageBoxDefault,
+                         ::testing::Values(DefaultCase{"Ok", BoxButtons::Ok, BoxAnswer::Ok},
+                                           DefaultCase{"Yes", BoxButtons::YesNo, BoxAnswer::Yes},
+                                           DefaultCase{"NoWhereSomethingIsLost",
+                                                       BoxButtons::YesNoDefaultNo, BoxAnswer::No},
+                                           DefaultCase{"Cancel", BoxButtons::CancelTryAgainContinue,
+                                                       BoxAnswer::Cancel}),
+                         [](const auto& instance) { return instance.param.name; });
+
+TEST(MessageBoxes, ShowPlainTextAndStopTheProgram) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([](QMessageBox* box) {
+    EXPECT_EQ(box->objectName(), u"MessageBox"_s);
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box->text(), u"<b>bold</b>"_s);
+    EXPECT_EQ(box->windowModality(), Qt::ApplicationModal);
+    box->close();
+  });
+  EXPECT_EQ(boxes.Ask(nullptr, u"<b>bold</b>"_s, BoxButtons::Ok), BoxAnswer::Ok);
+}
+
+TEST(MessageBoxes, EscapeMeansCancelWhereThereIsOne) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::CancelTryAgainContinue), BoxAnswer::Cancel);
+}
+
+TEST(MessageBoxes, EscapeMeansNoWhereThatIsAnAnswer) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), BoxAnswer::No);
+}
+
+TEST(MessageBoxes, TheEndOfTheProgramIsNoAnswer) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  WhenOpen([&](QMessageBox*) { dialogs.End(); });
+  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), std::nullopt);
+  EXPECT_EQ(boxes.Ask(nullptr, u"Again"_s, BoxButtons::Ok), std::nullopt);
+}
+
+TEST(MessageBoxes, ABoxWhoseOwnerGoesIsNoAnswer) {
+  ModalDialogs dialogs;
+  ScreenMessageBoxes boxes(dialogs);
+  auto* owner = new QWidget;
+  owner->show();
+  WhenOpen([&](QMessageBox*) { delete owner; });
+  EXPECT_EQ(boxes.Ask(owner, u"Text"_s, BoxButtons::YesNo), std::nullopt);
+}
+
+}  // namespace
+}  // namespace brindle
