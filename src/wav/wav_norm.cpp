@@ -191,7 +191,7 @@ PeakScan WavNorm::Scan(Coverage coverage) {
   progress_.ShowProgress();
   Status->Show(Scanning);
   SetRunning(Running::Scan);
-  const auto scan = ScanPeaks(source_, services_.clock, *this, coverage);
+  auto scan = ScanPeaks(source_, services_.clock, *this, coverage);
   if (!isClosing_) {
     SetRunning(Running::Nothing);
     progress_.HideProgress();

@@ -82,15 +82,17 @@ TEST_F(RunningTimeFields, EveryWholeSecondTypedStays) {
 // One in every 1801 of a day's seconds, typed, left, clicked around, closed and opened again.
 TEST_F(RunningTimeFields, WholeSecondsOfADaySurviveEverythingButTyping) {
   for (int second = 61; second < 24 * 3600; second += 1801) {
-    const RunningTime typed{static_cast<double>(second / 3600),
-                            static_cast<double>(second / 60 % 60),
-                            static_cast<double>(second % 60)};
+    const int wholeHours = second / 3600;
+    const int wholeMinutes = second / 60 % 60;
+    const int wholeSeconds = second % 60;
+    const RunningTime typed{static_cast<double>(wholeHours), static_cast<double>(wholeMinutes),
+                            static_cast<double>(wholeSeconds)};
     TabTo(Time3);
-    TypeOver(QString::number(second % 60));
+    TypeOver(QString::number(wholeSeconds));
     TabTo(Time2);
-    TypeOver(QString::number(second / 60 % 60));
+    TypeOver(QString::number(wholeMinutes));
     TabTo(Time1);
-    TypeOver(QString::number(second / 3600));
+    TypeOver(QString::number(wholeHours));
     const double exact = InMinutes(typed);
     ASSERT_EQ(record.MovieLength, exact);
     for (auto* field : {MLength, Time1, Time2, Time3, Extra}) {

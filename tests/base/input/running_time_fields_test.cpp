@@ -86,9 +86,11 @@ TEST_F(ThreeFields, ShowNothingOfWhatIsNotFinite) {
 TEST_F(ThreeFields, EveryWholeSecondOfADayIsShownAndKept) {
   int failures = 0;
   for (int second = 0; second < 24 * 3600; ++second) {
-    const RunningTime given{static_cast<double>(second / 3600),
-                            static_cast<double>(second / 60 % 60),
-                            static_cast<double>(second % 60)};
+    const int wholeHours = second / 3600;
+    const int wholeMinutes = second / 60 % 60;
+    const int wholeSeconds = second % 60;
+    const RunningTime given{static_cast<double>(wholeHours), static_cast<double>(wholeMinutes),
+                            static_cast<double>(wholeSeconds)};
     const double exact = InMinutes(given);
     time.Show(exact);
     const bool isShown = NumberIn(&hours) == given.hours && NumberIn(&minutes) == given.minutes &&

@@ -300,7 +300,7 @@ class ExactDoubleTest : public ::testing::TestWithParam<DoubleCase> {};
 
 // The running time and the size of the converter are worked out from what was typed.
 TEST_P(ExactDoubleTest, IsWrittenInAsFewDigitsAsGiveItAgain) {
-  for (const std::size_t number : {10, 28}) {
+  for (const std::size_t number : {10U, 28U}) {
     auto stored = BuiltIn();
     Put(GetParam().value, LineAt(number).field, stored);
     ASSERT_EQ(TextOnLine(stored, number), GetParam().text) << "line " << number;
