@@ -916,7 +916,8 @@ TEST_F(UnseenLoudness, ANoteOfASecondIsNotCutOff) {
   note.channels = 1;
   note.samples.resize(44100);
   for (std::size_t i = 0; i < note.samples.size(); ++i) {
-    note.samples[i] = i < 32767 ? static_cast<std::int16_t>(i % 2 == 0 ? 12000 : -12000) : 120;
+    const int swing = i % 2 == 0 ? 12000 : -12000;
+    note.samples[i] = static_cast<std::int16_t>(i < 32767 ? swing : 120);
   }
   record.WavOverwriteSource = true;
   OpenScanned(note);
