@@ -230,8 +230,11 @@ void MainProg::CloseUnasked() {
 void MainProg::closeEvent(QCloseEvent* event) {
   // Before anything is saved.
   if (!unloaded_ && !isUnasked_ && !services_.windows.AllAgreeToClose()) {
-    event->ignore();
-    return;
+    // The system may want the end while a question stands: then no answer counts.
+    if (!isUnasked_) {
+      event->ignore();
+      return;
+    }
   }
   if (!std::exchange(unloaded_, true) && SaveOnExit->isChecked()) {
     WriteSettings();

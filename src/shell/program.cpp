@@ -43,6 +43,7 @@ void Program::ShowMainProg() {
 
 void Program::End() {
   if (mainProg_ != nullptr) {
+    modal_.Dismiss();
     mainProg_->CloseUnasked();
   } else {
     HideAllAndExit();

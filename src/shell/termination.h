@@ -16,7 +16,7 @@ class Termination : public QObject {
   Termination();
 
  Q_SIGNALS:
-  /// The program shall end now, as if its main window were closed.
+  /// The program is to end now, without asking anybody.
   void Asked();
 };
 

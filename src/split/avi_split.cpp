@@ -211,7 +211,11 @@ void AVISplit::EditSize(Editing code, TextField* field, double& stored) {
   if (IsEmpty(field)) {
     return;
   }
-  stored = megaBytes;
+  // A press on a size that was cut to fit is no wish for that size.
+  const bool isCutToFit = field->WrittenFrom() && megaBytes < stored;
+  if (!isCutToFit) {
+    stored = megaBytes;
+  }
   if (megaBytes > 0) {
     Recalculate();
   }

@@ -356,8 +356,9 @@ void BitrateCalc::TimeToLength() {
 }
 
 void BitrateCalc::LengthToTime() {
-  // A number just begun is 0 for now.
-  if (IsNumeric(MLength->text().toStdString()) && ShownNumberIn(MLength) == 0) {
+  // A number just begun, a 0 with its period included, is 0 for now.
+  const bool isBegun = MLength->IsBeingEdited() && MLength->text().contains(u'.');
+  if (ShownNumberIn(MLength) == 0 && !isBegun && !IsJustBegun(MLength->text().toStdString())) {
     PutIn(MLength, u"1"_s);
   }
   ShowTime(time_, NumberIn(MLength), EditingSeconds);

@@ -59,7 +59,7 @@ void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds) {
   if (!IsNumericIn(seconds)) {
     WriteTyped(seconds, LeadingNumberIn(seconds));
   }
-  if (editingSeconds || !IsNumericIn(seconds)) {
+  if (editingSeconds && !seconds->WrittenFrom()) {
     fields.ShowBesideSeconds(minutes);
     CarryWholeMinutes(seconds);
   } else {

@@ -261,9 +261,9 @@ bool Normalization::SyncOutput(PassTimer& timer) {
   };
   const std::unique_ptr<QThread, decltype(await)> thread(QThread::create(sync), await);
   thread->start();
-  bool isWatched = true;
   while (!thread->wait(QDeadlineTimer(betweenLooks))) {
-    isWatched = isWatched && timer.GoesOn(data_.fileLength, UpdateInterval::Half);
+    // The answer comes too late to change anything.
+    [[maybe_unused]] const bool goesOn = timer.GoesOn(data_.fileLength, UpdateInterval::Half);
   }
   // The system may have no thread to give.
   if (!isDone) {

@@ -64,8 +64,8 @@ class Normalization {
   /// before it was asked is with the system.
   ///
   /// Completed is a pass whose output is on the disk and stands at its path. While the disk takes
-  /// it in, the observer is told every half second, at 100 %, until it would end the pass; that
-  /// comes too late to change anything. Nothing is written past the end of a file that somebody
+  /// it in, the observer is told every half second, at 100 %; its answer comes too late to change
+  /// anything. Nothing is written past the end of a file that somebody
   /// else has cut short: that is an error.
   [[nodiscard]] Ended Run(const GainTable& table, Buffering buffering, const Clock& clock,
                           PassObserver& observer);

@@ -25,6 +25,10 @@ namespace {
 const auto Scanning = u"Scanning..."_s;
 const auto Normalizing = u"Normalizing..."_s;
 
+bool IsRequired(std::optional<double> gain, double tolerance) {
+  return gain && IsNormalizationRequired(100 * *gain, tolerance);
+}
+
 }  // namespace
 
 WavNorm::WavNorm(Services& services)
@@ -206,8 +210,8 @@ void WavNorm::btnNorm_Click() {
     return;
   }
   const Occupied inside(*this);
-  const auto gain = ChosenGain();
-  if (!gain) {
+  const auto options = ChosenPass();
+  if (!options) {
     return;
   }
   Status->Show(Normalizing);
@@ -218,9 +222,7 @@ void WavNorm::btnNorm_Click() {
   peaks_.HidePeaks();
   progress_.ShowProgress();
   SetRunning(Running::Normalization);
-  const auto error = Normalize({.files = {source_, output_.TargetPath(), output_.IsInPlace()},
-                                .isMultiBuffer = Mbuffer->isChecked(),
-                                .gain = *gain});
+  const auto error = Normalize(*options);
   if (isClosing_) {
     return;
   }
@@ -237,7 +239,7 @@ void WavNorm::btnNorm_Click() {
 }
 
 // Nothing where there is nothing to do, or the window goes away.
-std::optional<double> WavNorm::ChosenGain() {
+std::optional<WavNorm::PassOptions> WavNorm::ChosenPass() {
   const auto lowest = peaks_.Lowest();
   const auto highest = peaks_.Highest();
   running_ = Running::Busy;
@@ -245,9 +247,12 @@ std::optional<double> WavNorm::ChosenGain() {
   if (isClosing_) {
     return std::nullopt;
   }
+  PassOptions options{.files = {source_, output_.TargetPath(), output_.IsInPlace()},
+                      .isMultiBuffer = Mbuffer->isChecked()};
+  const double tolerance = tolerance_.Percent();
   const double percent = percent_.TargetPercent();
   auto gain = GainFor(lowest, highest, percent);
-  if (IsRequired(gain) && WantsWholeFile(*gain)) {
+  if (IsRequired(gain, tolerance) && WantsWholeFile(*gain)) {
     const auto scan = ScanWholeFile();
     if (!scan) {
       return std::nullopt;
@@ -258,23 +263,19 @@ std::optional<double> WavNorm::ChosenGain() {
     return std::nullopt;
   }
   running_ = Running::Nothing;
-  if (!IsRequired(gain)) {
+  if (!IsRequired(gain, tolerance)) {
     Ask(u"Normalization is not required"_s);
     return std::nullopt;
   }
-  return gain;
-}
-
-bool WavNorm::IsRequired(std::optional<double> gain) const {
-  return gain && IsNormalizationRequired(100 * *gain, tolerance_.Percent());
+  options.gain = *gain;
+  return options;
 }
 
 // What the scan deliberately leaves out may be louder than what it has seen.
 bool WavNorm::WantsWholeFile(double gain) {
   const auto unseen = CutOffUnseen(source_, gain);
   return unseen.cutOff > 0 &&
-         Ask(u"%1 of %2 samples would be cut off: they are louder than the peaks, for the scan "
-             "leaves out a part at the end.\r\n\r\n"
+         Ask(u"%1 of %2 samples would be cut off, at the end, which the scan leaves out.\r\n\r\n"
              "Normalize to the peaks of the whole file instead?"_s.arg(unseen.cutOff)
                  .arg(unseen.words),
              BoxButtons::YesNo) == BoxAnswer::Yes;
@@ -340,7 +341,9 @@ bool WavNorm::ReallyAbort() {
 }
 
 bool WavNorm::Update(const PassProgress& progress) {
-  progress_.Update(progress);
+  if (!isClosing_) {
+    progress_.Update(progress);
+  }
   QCoreApplication::processEvents();
   return !isClosing_ && !AbortRequested;
 }

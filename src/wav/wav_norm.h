@@ -66,8 +66,7 @@ class WavNorm : public Form, private PassObserver, private TargetQuestions {
 
   void OpenFile(const QString& path);
   [[nodiscard]] PeakScan Scan(Coverage coverage);
-  [[nodiscard]] bool IsRequired(std::optional<double> gain) const;
-  [[nodiscard]] std::optional<double> ChosenGain();
+  [[nodiscard]] std::optional<PassOptions> ChosenPass();
   [[nodiscard]] bool WantsWholeFile(double gain);
   [[nodiscard]] std::optional<PeakScan> ScanWholeFile();
   [[nodiscard]] std::optional<WavError> Normalize(const PassOptions& options);

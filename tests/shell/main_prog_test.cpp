@@ -259,8 +259,8 @@ TEST_F(MainWindow, AnEmptyFileIsAFirstStart) {
 }
 
 TEST_F(MainWindow, TemporaryFilesOfAKilledSaveAreGoneAfterTheNextStart) {
-  Put("Brindle2.ini.aBcDeF", "half a fi");
-  Put("Brindle2.ini.bak.aBcDeF", "");
+  Put("Brindle2.ini.tmp-61426344", "half a fi");
+  Put("Brindle2.ini.bak.tmp-61426344", "");
   Put("Brindle2.ini.backup", "the user's own");
   Start();
   EXPECT_EQ(Names(), (NameList{"Brindle2.ini", "Brindle2.ini.backup"}));

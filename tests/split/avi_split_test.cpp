@@ -1021,6 +1021,16 @@ TEST_F(SplitTyping, AClickOnFramesThatTheProgramCountedKeepsTheRunningTime) {
   EXPECT_DOUBLE_EQ(record.MovieLength, 135499 / 1500.0);
 }
 
+TEST_F(SplitTyping, AClickOnASizeThatWasCutToFitStoresNothing) {
+  OpenCalculator();
+  Enter(AVIsize, u"500"_s);
+  EXPECT_EQ(Sizes(), "500 500 0");
+  Click(Size1);
+  EXPECT_EQ(record.SplitSize1, 700);
+  Enter(AVIsize, u"1400"_s);
+  EXPECT_EQ(Sizes(), "1400 700 700");
+}
+
 TEST_F(SplitTyping, BothSizesOfThreeComeBackWhileTheFileIsTyped) {
   OpenThree(2100, 1300, 700);
   Enter(AVIsize, u"1400"_s);

@@ -116,6 +116,61 @@ TEST_F(RunningTimeFields, PlusStepsWhatTheMinutesShow) {
   EXPECT_EQ(record.MovieLength, 91.333);
 }
 
+// 12947 frames of film: 539.998 s, shown as 9 minutes.
+TEST_F(RunningTimeFields, AKeyInSecondsThatNobodyChangedChangesNothing) {
+  const double exact = 12947 / 23.976 / 60;
+  OpenWith(exact);
+  ASSERT_EQ(Time(), "0:9:00.00");
+  TabTo(Time3);
+  for (const auto key : {Qt::Key_Home, Qt::Key_End, Qt::Key_Left}) {
+    Key(key);
+    EXPECT_EQ(Time(), "0:9:00.00");
+    EXPECT_EQ(record.MovieLength, exact);
+  }
+  Key(Qt::Key_C, Qt::ControlModifier);
+  TabTo(MLength);
+  EXPECT_EQ(Time(), "0:9:00.00");
+  EXPECT_EQ(record.MovieLength, exact);
+}
+
+TEST_F(RunningTimeFields, AlmostSixtySecondsTypedStay) {
+  OpenWith(1);
+  TabTo(Time3);
+  TypeOver(u"59.997"_s);
+  const double exact = record.MovieLength;
+  EXPECT_DOUBLE_EQ(exact, 1 + 59.997 / 60);
+  TabTo(MLength);
+  EXPECT_EQ(Time(), "0:2:00.00");
+  TabTo(Time3);
+  Key(Qt::Key_Home);
+  Key(Qt::Key_End);
+  TabTo(MLength);
+  EXPECT_EQ(Time(), "0:2:00.00");
+  EXPECT_EQ(record.MovieLength, exact);
+}
+
+TEST_F(RunningTimeFields, AFewHundredthsOfAMinuteCanBeTyped) {
+  TabTo(MLength);
+  Key(Qt::Key_Delete);
+  Type(u"0"_s);
+  Type(u".05"_s);
+  EXPECT_EQ(Text("MLength"), ".05");
+  EXPECT_EQ(record.MovieLength, 0.05);
+  EXPECT_EQ(Time(), "0:0:03.00");
+}
+
+TEST_F(RunningTimeFields, AZeroWithAPeriodIsOneMinuteOnceItIsLeft) {
+  TabTo(MLength);
+  Key(Qt::Key_Delete);
+  KeyDown(Qt::Key_0, u"0"_s);  // the period comes before the 0 is let go
+  Type(u"."_s);
+  KeyLetGo(Qt::Key_0);
+  EXPECT_EQ(Text("MLength"), "0.");
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Text("MLength"), "1");
+  EXPECT_EQ(record.MovieLength, 1);
+}
+
 TEST_F(RunningTimeFields, LessThanTheMinutesCanShowIsOneMinute) {
   OpenWith(0.0004);
   EXPECT_EQ(Text("MLength"), "1");

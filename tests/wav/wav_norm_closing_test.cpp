@@ -295,6 +295,15 @@ TEST_F(ClosedBySystem, AnAbortThatIsAskedAboutIsNotAnswered) {
   EXPECT_EQ(Boxes(), Texts{ReallyAbort});
 }
 
+TEST_F(ClosedBySystem, TheMainWindowsOwnQuestionIsNotAnswered) {
+  OpenScannedLong();
+  questions.Answer(std::nullopt, [&] { main->CloseUnasked(); });
+  During("Normalizing...", [&] { main->close(); });
+  ClickOn("btnNorm");
+  ExpectClosed(Way::MainWindow);
+  EXPECT_EQ(Boxes(), Texts{ReallyAbort});
+}
+
 TEST_F(ClosedBySystem, AQuestionAboutTheTargetOverwritesNothing) {
   Put("out.wav", QByteArray("precious"));
   OpenScanned(Quiet());

@@ -832,9 +832,8 @@ TEST_F(AbortedNormalization, OfAScanIsTakenByTheAutomaticPass) {
 class UnseenLoudness : public NormalizingWindow {
  protected:
   static constexpr const char* CutsOff =
-      "1 of 65536 samples would be cut off: they are louder than the peaks, for the scan leaves "
-      "out "
-      "a part at the end.\r\n\r\nNormalize to the peaks of the whole file instead?";
+      "1 of 65536 samples would be cut off, at the end, which the scan leaves out.\r\n\r\n"
+      "Normalize to the peaks of the whole file instead?";
 
   // Two blocks, of which a scan leaves out the second but for its last word.
   static SmallWav LoudAtTheEnd() {
@@ -942,6 +941,25 @@ TEST_F(UnseenLoudness, TheScanOfTheWholeFileCanBeAborted) {
   EXPECT_EQ(Boxes(), Texts{CutsOff});
   EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
   EXPECT_EQ(Shown(), Scanned);
+}
+
+TEST_F(UnseenLoudness, WhatIsChosenDuringTheScanOfTheWholeFileIsForTheNextPass) {
+  OpenLoudAtTheEnd();
+  LetUpdatesCome();
+  questions.Answer(BoxAnswer::Yes);
+  questions.Answer(BoxAnswer::Ok);
+  During("Scanning...", [&] {
+    ClickOn("Output(1)");
+    ClickOn("Mbuffer");
+    PercNorm->setText(u"50"_s);
+    Toler->setValue(30);
+  });
+  ClickOn("btnNorm");
+  const auto asked = Boxes();
+  EXPECT_TRUE(Matches(asked.back(), u"102.4%[^%]*single buffer"_s)) << asked.back();
+  const auto expected = Amplified(LoudAtTheEnd().samples, 32767 / 32000.0);
+  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), "(none)");
 }
 
 TEST_F(UnseenLoudness, AFileThatIsGoneMeanwhileIsAnError) {

@@ -35,11 +35,15 @@ void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* contro
   }
 }
 
-// A number only begun stood for 0 while it was being typed, and nobody goes on with it.
-void EndBegunNumber(QWidget* control) {
+// The field, or text part, of a control; null where it has none.
+TextField* FieldOf(QWidget* control) {
   auto* list = qobject_cast<EditableList*>(control);
-  auto* field = list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
-  if (field != nullptr && !field->KeepsBegunNumber() && IsJustBegun(field->text().toStdString())) {
+  return list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
+}
+
+// A number only begun stood for 0 while it was being typed, and the user did not finish it.
+void EndBegunNumber(TextField* field) {
+  if (!field->KeepsBegunNumber() && IsJustBegun(field->text().toStdString())) {
     const QSignalBlocker quiet(field);
     field->Write(u"0"_s);
   }
@@ -80,7 +84,10 @@ void FocusTracker::FocusChanged(QWidget* now) {
     return;
   }
   auto* left = std::exchange(current_, control);
-  EndBegunNumber(left);
+  if (auto* field = FieldOf(left)) {
+    field->TellUntoldKey();
+    EndBegunNumber(field);
+  }
   Run(lostFocus_, left);
   Run(gotFocus_, control);
 }

@@ -19,20 +19,24 @@ std::optional<int> ModalDialogs::Run(QDialog* opened) {
   dialog->setWindowModality(Qt::ApplicationModal);
   open_.append(dialog);
   const int result = dialog->exec();
-  open_.removeAll(dialog);
-  if (ended_ || dialog == nullptr) {
+  const bool isDismissed = open_.removeAll(dialog) == 0;
+  if (isDismissed || dialog == nullptr) {
     return std::nullopt;
   }
   return result;
 }
 
-void ModalDialogs::End() {
-  ended_ = true;
-  for (const auto& dialog : std::as_const(open_)) {
+void ModalDialogs::Dismiss() {
+  for (const auto& dialog : std::exchange(open_, {})) {
     if (dialog != nullptr) {
       dialog->done(QDialog::Rejected);
     }
   }
+}
+
+void ModalDialogs::End() {
+  ended_ = true;
+  Dismiss();
 }
 
 }  // namespace brindle

@@ -18,7 +18,10 @@ class ModalDialogs {
   /// the dialog was destroyed, with its owner, meanwhile.
   std::optional<int> Run(QDialog* opened);
 
-  /// Takes every open dialog away; none counts as answered, and none opens any more.
+  /// Takes every open dialog away; none counts as answered.
+  void Dismiss();
+
+  /// The same, and none opens any more.
   void End();
 
  private:

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -75,9 +76,16 @@ TextField::TextField(const QString& name, const QString& tooltip) {
   setObjectName(name);
   setToolTip(tooltip);
   setMaxLength(LongestText);
-  connect(this, &QLineEdit::textChanged, this, &TextField::HearOfChange);
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!isWriting_ && !std::exchange(isEditHeard_, false)) {
+      HearOfChange();
+    }
+  });
+  // Of an edit this comes first, then the signal of the change.
   connect(this, &QLineEdit::textEdited, this, [this] {
-    HearOfChange();  // the signal of the change comes only after this one
+    HearOfChange();
+    isEditHeard_ = true;
+    isUntold_ = inKey_;
     if (!inKey_) {
       Tell(&TextField::KeyUp);
     }
@@ -98,15 +106,22 @@ void TextField::Set(const QString& text, std::optional<double> number) {
 }
 
 void TextField::HearOfChange() {
-  if (!isWriting_) {
-    writtenFrom_.reset();
-    ++changes_;
+  writtenFrom_.reset();
+  ++changes_;
+}
+
+void TextField::TellUntoldKey() {
+  if (isUntold_) {
+    Tell(&TextField::KeyUp);
   }
 }
 
 // A handler that ends with the text it began with leaves the cursor and the selection where they
 // were, whatever it wrote in between.
 void TextField::Tell(void (TextField::*what)()) {
+  if (what == &TextField::KeyUp) {
+    isUntold_ = false;
+  }
   const QString before = text();
   const int cursor = cursorPosition();
   const int start = selectionStart();

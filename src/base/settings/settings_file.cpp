@@ -5,15 +5,17 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <variant>
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QString>
 #include <QTemporaryFile>
@@ -29,6 +31,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 LargestFile = 1'048'576;  // bytes
+// What the temporary files of this program are called after the file they are for: nobody else's
+// are, so that those a killed program left can be told from a person's own copies.
+constexpr QLatin1StringView TemporaryMark(".tmp-");
 constexpr QLatin1StringView ProbeName("Brindle2");
 
 bool IsWherePackagesGo(const QString& folder) {
@@ -48,12 +53,12 @@ bool IsWherePackagesGo(const QString& folder) {
 }
 
 bool CanCreateFileIn(const QString& folder) {
-  QTemporaryFile file(folder + u'/' + ProbeName + u".XXXXXX"_s);
+  QTemporaryFile file(folder + u'/' + ProbeName + TemporaryMark + u"XXXXXX"_s);
   return file.open();
 }
 
 // A disk that fills up takes a part first and tells its reason only when asked to take the rest.
-bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
+bool WriteAll(QFile& file, const QByteArray& bytes) {
   qint64 written = 0;
   while (written < bytes.size()) {
     const qint64 more = file.write(bytes.constData() + written, bytes.size() - written);
@@ -65,35 +70,58 @@ bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
   return true;
 }
 
-// Why it cannot be opened for replacing `path`. The toolkit's own words for a file that may not be
-// written name the path once more: the system is asked for its reason.
-FileError ErrorOfOpening(const QSaveFile& file, const QString& path) {
-  QFile old(path);
-  if (old.exists() && !old.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
-    return ErrorOf(path, old);
+// The file that a save of `path` replaces: links are written through.
+QFileInfo WhereLinksLead(const QString& path) {
+  constexpr int mostLinks = 128;  // some lead in a circle
+  QFileInfo file(path);
+  for (int links = 0; links < mostLinks && file.isSymLink(); ++links) {
+    file.setFile(file.symLinkTarget());
   }
-  return ErrorOf(path, file);
+  return file;
 }
 
-// Whatever fails here leaves the old file: what is not committed is discarded.
+// The system's reason why the bytes are not on the disk yet.
+std::optional<QString> WhyNotWritten(QFile& file, const QByteArray& bytes) {
+  return WriteAll(file, bytes) ? SyncFile(file.handle()) : std::optional(file.errorString());
+}
+
+std::optional<QString> WhyNotRenamed(const QString& from, const QString& to) {
+  std::error_code code;
+  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
+  return code ? std::optional(qt_error_string(code.value())) : std::nullopt;
+}
+
+// Written beside it, on the disk before it is renamed over it: whatever fails leaves the old file.
 std::optional<FileError> Replace(const QString& path, const QByteArray& bytes) {
   if (auto error = WhatIsAt(path).error) {
     return error;
   }
-  QSaveFile file(path);
-  // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-    return ErrorOfOpening(file, path);
+  const QString target = WhereLinksLead(path).filePath();
+  QFile old(target);
+  if (old.exists() && !old.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+    return ErrorOf(path, old);
   }
-  const BeingWritten mark(file.handle());
-  if (!WriteAll(file, bytes)) {
+  const auto number = QRandomGenerator::system()->generate();
+  QFile file(target + TemporaryMark + u"%1"_s.arg(number, 8, 16, QChar(u'0')));
+  // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
     return ErrorOf(path, file);
   }
-  // Committing does not look at what these say.
-  if (const auto reason = SyncFile(file.handle())) {
+  const BeingWritten mark(file.handle());
+  if (old.isOpen()) {
+    file.setPermissions(old.permissions());
+    old.close();
+  }
+  auto reason = WhyNotWritten(file, bytes);
+  file.close();
+  if (!reason) {
+    reason = WhyNotRenamed(file.fileName(), target);
+  }
+  if (reason) {
+    file.remove();
     return ErrorOf(path, *reason);
   }
-  return file.commit() ? std::nullopt : std::optional(ErrorOf(path, file));
+  return std::nullopt;
 }
 
 // What is there, up to the largest file.
@@ -111,24 +139,13 @@ std::variant<QByteArray, FileError> ReadExisting(const QString& path) {
   return ErrorOf(path, file);
 }
 
-// The file that a save of `path` replaces: links are written through.
-QFileInfo WhereLinksLead(const QString& path) {
-  constexpr int mostLinks = 128;  // some lead in a circle
-  QFileInfo file(path);
-  for (int links = 0; links < mostLinks && file.isSymLink(); ++links) {
-    file.setFile(file.symLinkTarget());
-  }
-  return file;
-}
-
-// What the toolkit made in the folder by this name and six letters at random. Letters that look
-// like a word ("Brindle2.ini.backup") are somebody's own: few random ones do.
+// The temporary files in the folder that were made for a file of this name.
 QFileInfoList TemporaryFiles(const QDir& folder, const QString& name) {
-  const QRegularExpression mixedLetters(QRegularExpression::anchoredPattern(
-      QRegularExpression::escape(name) + u"\\.(?=.*[a-z])[A-Za-z](?=.*[A-Z])[A-Za-z]{5}"_s));
+  const QRegularExpression ours(QRegularExpression::anchoredPattern(
+      QRegularExpression::escape(name + TemporaryMark) + u"([0-9a-f]{8}|[A-Za-z]{6})"_s));
   QFileInfoList found;
   for (const auto& file : folder.entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
-    if (mixedLetters.match(file.fileName()).hasMatch()) {
+    if (ours.match(file.fileName()).hasMatch()) {
       found.append(file);
     }
   }
@@ -179,9 +196,7 @@ void SettingsFile::SweepLeftovers() const {
     }
   }
   for (const auto& probe : TemporaryFiles(QFileInfo(path_).dir(), ProbeName)) {
-    if (probe.size() == 0) {
-      RemoveLeftover(probe.filePath());
-    }
+    RemoveLeftover(probe.filePath());
   }
 }
 

@@ -178,15 +178,15 @@ TEST(LeftoversTest, GoUnlessSomebodyHasThemOpen) {
   for (const auto& name : others) {
     folder.Put(name.c_str(), OldBytes);
   }
-  for (const char* name : {"Brindle2.ini.aBcDeF", "Brindle2.ini.bak.aBcDeF"}) {
+  for (const char* name : {"Brindle2.ini.tmp-61426344", "Brindle2.ini.bak.tmp-61426344"}) {
     folder.Put(name, OldBytes);
   }
   folder.Put("Brindle2.aBcDeF", "");
   {
-    const HeldFile held(folder.PathOf("Brindle2.ini.aBcDeF"), NotShared);
+    const HeldFile held(folder.PathOf("Brindle2.ini.tmp-61426344"), NotShared);
     SettingsFile(folder.Path()).SweepLeftovers();
     EXPECT_EQ(folder.Names().size(), others.size() + 1);
-    EXPECT_TRUE(QFileInfo::exists(folder.PathOf("Brindle2.ini.aBcDeF")));
+    EXPECT_TRUE(QFileInfo::exists(folder.PathOf("Brindle2.ini.tmp-61426344")));
   }
   SettingsFile(folder.Path()).SweepLeftovers();
   EXPECT_EQ(folder.Names().size(), others.size());

@@ -16,12 +16,14 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 #include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
 
 #include "base/settings/settings.h"
+#include "base/settings/settings_file.h"
 #include "base/settings/settings_lines.h"
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/base/settings/writer_contents.h"
@@ -109,16 +111,12 @@ microseconds TimeOfOneWrite() {
   return std::clamp(time, microseconds(100), microseconds(20'000));
 }
 
-// Removes everything but the settings file; how many files that were.
-int RemoveLeftovers(const TemporaryFolder& folder) {
-  int removed = 0;
-  for (const auto& name : folder.Names()) {
-    if (name != FileName) {
-      EXPECT_TRUE(QFile::remove(folder.PathOf(name.c_str())));
-      ++removed;
-    }
-  }
-  return removed;
+// Starts anew in the folder; how many files that removed.
+int SweepLeftovers(const TemporaryFolder& folder) {
+  const auto before = folder.Names().size();
+  SettingsFile(folder.Path()).SweepLeftovers();
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{FileName});
+  return static_cast<int>(before - folder.Names().size());
 }
 
 TEST(KilledWriterTest, LeavesTheOldFileOrTheNewOneAndNeverAMixture) {
@@ -154,7 +152,7 @@ TEST(KilledWriterTest, LeavesTheOldFileOrTheNewOneAndNeverAMixture) {
     ASSERT_EQ(foundOld + foundLong + foundShort, round + 1)
         << "after " << writes << " writes, " << found.size() << " bytes: " << found.substr(0, 400);
     ASSERT_TRUE(writes == 0 || found != oldContent) << "a finished write is undone";
-    leftovers += RemoveLeftovers(folder);
+    leftovers += SweepLeftovers(folder);
   }
   RecordProperty("kills", rounds);
   RecordProperty("oldFileFound", foundOld);
