@@ -85,7 +85,6 @@ void FocusTracker::FocusChanged(QWidget* now) {
   }
   auto* left = std::exchange(current_, control);
   if (auto* field = FieldOf(left)) {
-    field->TellUntoldKey();
     EndBegunNumber(field);
   }
   Run(lostFocus_, left);

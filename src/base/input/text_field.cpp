@@ -85,7 +85,6 @@ TextField::TextField(const QString& name, const QString& tooltip) {
   connect(this, &QLineEdit::textEdited, this, [this] {
     HearOfChange();
     isEditHeard_ = true;
-    isUntold_ = inKey_;
     if (!inKey_) {
       Tell(&TextField::KeyUp);
     }
@@ -110,18 +109,9 @@ void TextField::HearOfChange() {
   ++changes_;
 }
 
-void TextField::TellUntoldKey() {
-  if (isUntold_) {
-    Tell(&TextField::KeyUp);
-  }
-}
-
 // A handler that ends with the text it began with leaves the cursor and the selection where they
 // were, whatever it wrote in between.
 void TextField::Tell(void (TextField::*what)()) {
-  if (what == &TextField::KeyUp) {
-    isUntold_ = false;
-  }
   const QString before = text();
   const int cursor = cursorPosition();
   const int start = selectionStart();

@@ -38,10 +38,6 @@ class TextField : public QLineEdit {
 
   /// The number that the text was written from; nothing where it stands for what it reads as.
   [[nodiscard]] std::optional<double> WrittenFrom() const { return writtenFrom_; }
-  /// Tells KeyUp for a key that has changed the text and is still down: whoever types fast has the
-  /// next key down, and may have left the field with it, before he lets go of the last one.
-  void TellUntoldKey();
-
   /// How often somebody else than Write() has changed the text.
   [[nodiscard]] int Changes() const { return changes_; }
 
@@ -92,7 +88,6 @@ class TextField : public QLineEdit {
   int changes_ = 0;
   bool isWriting_ = false;
   bool isEditHeard_ = false;
-  bool isUntold_ = false;
   int visibleDigits_ = 7;
   bool keepsBegunNumber_ = false;
   bool inKey_ = false;

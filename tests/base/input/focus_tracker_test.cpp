@@ -111,18 +111,5 @@ TEST(FocusTracker, BeginRunsTheFirstHandlerBeforeTheWindowIsShown) {
   EXPECT_TRUE(window.A->hasFocus());
 }
 
-// Whoever types fast has left the field before he lets go of its last key.
-TEST_F(FocusTrackerTest, AKeyStillDownIsToldBeforeTheFieldIsLeft) {
-  window.A->setFocus();
-  window.events.clear();
-  KeyDown(Qt::Key_5, u"5"_s);
-  Key(Qt::Key_Tab);
-  EXPECT_EQ(window.events, (Events{"A press ", "A up 5", "A lost", "B got"}));
-  window.A->setFocus();
-  window.events.clear();
-  window.B->setFocus();
-  EXPECT_EQ(window.events, (Events{"A lost", "B got"})) << "told only once";
-}
-
 }  // namespace
 }  // namespace brindle
