@@ -14,7 +14,6 @@
 #include "base/input/layout.h"
 #include "base/input/wiring.h"
 #include "wav/gain.h"
-#include "wav/peak_scan.h"
 
 namespace brindle {
 
