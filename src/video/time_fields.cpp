@@ -25,7 +25,7 @@ void TakeWholePart(TextField* field, double limit) {
   WriteTyped(field, ShrinkByTens(ShownNumberIn(field), limit));
 }
 
-// What the minutes beside them already hold.
+// Takes out of the seconds the whole minutes that the field of the minutes has taken in.
 void CarryWholeMinutes(TextField* seconds) {
   constexpr int decimals = 9;  // no residue of the subtraction
   const double value = NumberIn(seconds);

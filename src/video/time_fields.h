@@ -9,7 +9,8 @@
 namespace brindle {
 
 // What is typed into the fields of a running time is repaired instead of rejected. Too large an
-// entry loses digits until it fits, deliberately: 5000 hours become 500.
+// entry loses digits until it fits, deliberately: of 5000 hours the digit too many goes, and 500
+// stay.
 
 /// What hours undergo at every key: a text that is no number becomes its leading number, tens drop.
 void RepairHours(TextField* field);

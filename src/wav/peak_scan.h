@@ -25,15 +25,16 @@ struct PeakScan {
 
 /// Which words of the samples a scan looks at.
 ///
-/// Usual: deliberately not every one. The words after the blocks are read from the last 64 KB
-/// block's end on, so that the last whole block is left out but for its last word where the samples
-/// run to the end of the file; below 64 KB of samples the upper half of the length field counts as
-/// a word.
+/// Usual: not every one. That is kept so that the peaks shown stay those the program has always
+/// shown; CutOffUnseen() finds what it costs. The words after the blocks are read from the last 64
+/// KB block's end on, so that the last whole block is left out but for its last word where the
+/// samples run to the end of the file; below 64 KB of samples the upper half of the length field
+/// counts as a word.
 enum class Coverage { Usual, EveryWord };
 
 /// Finds the lowest and highest sample level of a file. The observer is told at most every half
 /// second, after a block. The throughput is that of the end's position *plus* the samples' start,
-/// deliberately.
+/// deliberately: figures of older versions stay comparable.
 [[nodiscard]] PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer,
                                  Coverage coverage = Coverage::Usual);
 

@@ -18,8 +18,8 @@ class RunningTimeFields {
   /// Shows a running time of `minutes`, rounded to hundredths of a second, so that no 60.00 seconds
   /// come of it; nothing where it is not finite.
   void Show(double minutes);
-  /// Shows only its hours and minutes, beside seconds that are being typed: not rounded, for the
-  /// seconds are not.
+  /// Shows only its hours and minutes and leaves the seconds, which are being typed. Nothing is
+  /// rounded: the typed seconds are not either, and would be counted twice.
   void ShowBesideSeconds(double minutes);
 
   /// The running time in minutes; empty fields count as 0.

@@ -91,7 +91,7 @@ std::optional<QString> WhyNotRenamed(const QString& from, const QString& to) {
   return code ? std::optional(qt_error_string(code.value())) : std::nullopt;
 }
 
-// Written beside it, on the disk before it is renamed over it: whatever fails leaves the old file.
+// The new file is on the disk before it is renamed over the old one: whatever fails leaves the old.
 std::optional<FileError> Replace(const QString& path, const QByteArray& bytes) {
   if (auto error = WhatIsAt(path).error) {
     return error;
