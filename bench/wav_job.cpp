@@ -22,10 +22,10 @@
 #include <QString>
 
 #include "gallery/recording.h"
-#include "shell/all_windows.h"
+#include "shell/owning_window_list.h"
 #include "shell/system_desktop.h"
 #include "shell/system_registry.h"
-#include "shell/window_list.h"
+#include "shell/window_catalogue.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/peak_scan.h"
@@ -208,14 +208,14 @@ void Window(const Arguments& arguments) {
   Answers answers(arguments.empty() ? QString() : arguments[0]);
   SystemDesktop desktop(answers, clock, {});
   SystemRegistry registry;
-  WindowList windows(desktop);
+  OwningWindowList windows(desktop);
   const Product product;
   Services services{record, windows, clock, answers, answers, desktop, registry, product};
   if (arguments.size() > 1) {
     record.WavTargetFile = arguments[1];
   }
   AddAllWindows(windows, services, [] {});
-  windows.Show(WindowId::WavNorm);
+  windows.Open(WindowId::WavNorm);
   QApplication::processEvents();
   if (!arguments.empty()) {
     for (const auto* button : {"btnOpen", "btnScan", "btnNorm"}) {

@@ -27,9 +27,9 @@
 #include "base/time/clock.h"
 #include "base/windows/services.h"
 #include "shell/built_product.h"
+#include "shell/owning_window_list.h"
 #include "shell/system_desktop.h"
 #include "shell/system_registry.h"
-#include "shell/window_list.h"
 #include "video/bitrate_calc.h"
 
 namespace brindle {
@@ -68,7 +68,7 @@ struct Calculator {
   ScreenFileDialogs dialogs{modal};
   SystemDesktop desktop{boxes, clock, {}};
   SystemRegistry registry;
-  WindowList windows{desktop};
+  OwningWindowList windows{desktop};
   Product product = BuiltProduct();
   Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
   BitrateCalc window{services};

@@ -8,9 +8,9 @@
 #include <QString>
 
 #include "aspect/resolution.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/numeric_text.h"
 
@@ -75,8 +75,8 @@ void AspectRa::MakeLayout() {
   MODUL->setCurrentIndex(-1);
   NameByTooltip(u"Horizontal Resolution:"_s, {HRES});
   NameByTooltip(u"Vertical Resolution:"_s, {VRES});
-  PixelCount->Show(u"414720"_s);
-  AspectRatio->Show(u"1.778"_s);
+  PixelCount->Write(u"414720"_s);
+  AspectRatio->Write(u"1.778"_s);
 
   // clang-format off
   LayOut(this,
@@ -116,8 +116,8 @@ void AspectRa::Form_Load() {
   VRES->SetStep(FirstModulus);
   HRES->Write(record_.ResHorizontal);
   VRES->Write(record_.ResVertical);
-  HRESL->Show(QString::number(HRES->value()));
-  VRESL->Show(QString::number(VRES->value()));
+  HRESL->Write(QString::number(HRES->value()));
+  VRESL->Write(QString::number(VRES->value()));
   MODUL->setCurrentIndex(MODUL->findData(FirstModulus));
   AR1->setCurrentIndex(record_.StandardAspect < AR1->count() ? record_.StandardAspect : -1);
   AR2->Write(ToQString(TextOfSingle(record_.CustomAspect)));
@@ -165,7 +165,7 @@ void AspectRa::HRES_Change() {
   if (ratio_ != 0 && !HRES->IsBeingWritten()) {
     VRES->Write(HeightFor(HRES->value(), ratio_, Modulus()));
   }
-  HRESL->Show(QString::number(HRES->value()));
+  HRESL->Write(QString::number(HRES->value()));
   StoreResolution();
   UpdateStats();
 }
@@ -175,7 +175,7 @@ void AspectRa::VRES_Change() {
   if (ratio_ != 0 && !VRES->IsBeingWritten()) {
     HRES->Write(WidthFor(VRES->value(), ratio_, Modulus()));
   }
-  VRESL->Show(QString::number(VRES->value()));
+  VRESL->Write(QString::number(VRES->value()));
   StoreResolution();
   UpdateStats();
 }
@@ -189,18 +189,18 @@ void AspectRa::RecalcFromAspect() {
                                           : 0;
   if (ratio_ != 0) {
     VRES->Write(HeightFor(HRES->value(), ratio_, Modulus()));
-    VRESL->Show(QString::number(VRES->value()));
+    VRESL->Write(QString::number(VRES->value()));
   }
   UpdateStats();
 }
 
 void AspectRa::UpdateStats() {
   const auto statistics = StatisticsOf(HRES->value(), VRES->value(), ratio_);
-  PixelCount->Show(QString::number(statistics.pixels));
-  Macroblocks->Show(QString::number(statistics.macroblocks));
-  AspectRatio->Show(ToQString(TextOf(statistics.ratio)));
-  AspectError->Show(statistics.errorPercent ? ToQString(TextOf(*statistics.errorPercent)) + u'%'
-                                            : u"N/A"_s);
+  PixelCount->Write(QString::number(statistics.pixels));
+  Macroblocks->Write(QString::number(statistics.macroblocks));
+  AspectRatio->Write(ToQString(TextOf(statistics.ratio)));
+  AspectError->Write(statistics.errorPercent ? ToQString(TextOf(*statistics.errorPercent)) + u'%'
+                                             : u"N/A"_s);
 }
 
 // What is off the grid goes to its nearest line, but not out of the slider's range.

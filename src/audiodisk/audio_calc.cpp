@@ -9,13 +9,13 @@
 #include <QString>
 
 #include "audiodisk/audio_bitrate.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 
 namespace brindle {
 
@@ -52,7 +52,7 @@ void AudioCalc::MakeLayout() {
   MLength->setText(u"100"_s);
   Source->setText(u"550"_s);
   Target->setText(u"650"_s);
-  Qual->Show(u"128kbps (Good)"_s);
+  Qual->Write(u"128kbps (Good)"_s);
 
   // clang-format off
   LayOut(this,
@@ -149,7 +149,7 @@ void AudioCalc::TargetM_MouseUp() { spin_.Release(Target); }
 
 void AudioCalc::Command1_Click() {
   record_.AdvancedCaller = OpenedByAudio;
-  services_.windows.Show(WindowId::Advanced);
+  services_.windows.Open(WindowId::Advanced);
 }
 
 void AudioCalc::Recompute() { CalcAudioBitrate(); }
@@ -157,9 +157,9 @@ void AudioCalc::Recompute() { CalcAudioBitrate(); }
 void AudioCalc::ShowInterleaving() { Interl->Refresh(); }
 
 void AudioCalc::CalcAudioBitrate() {
-  record_.MovieLength = RepairedNumber(MLength);
-  record_.VideoOnlySize = RepairedNumber(Source);
-  record_.TargetAVISize = RepairedNumber(Target);
+  record_.MovieLength = RepairAndRead(MLength);
+  record_.VideoOnlySize = RepairAndRead(Source);
+  record_.TargetAVISize = RepairAndRead(Target);
   const double bitrate = ComputeAudioBitrate({
       .targetMegaBytes = record_.TargetAVISize,
       .videoMegaBytes = record_.VideoOnlySize,
@@ -172,7 +172,7 @@ void AudioCalc::CalcAudioBitrate() {
 
 void AudioCalc::ShowAudioQuality(double bitrate) {
   const auto suggestion = SuggestedBitrate(bitrate);
-  Qual->Show(QString::fromLatin1(suggestion.data(), static_cast<qsizetype>(suggestion.size())));
+  Qual->Write(QString::fromLatin1(suggestion.data(), static_cast<qsizetype>(suggestion.size())));
 }
 
 // Deliberately fills the one that is being edited, too.

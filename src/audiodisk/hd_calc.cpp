@@ -12,9 +12,9 @@
 
 #include "audiodisk/disk_space.h"
 #include "base/input/common_choices.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
@@ -153,7 +153,7 @@ void HDCalc::Video_Click(int index) {
 
 void HDCalc::Video1_GotFocus() { SelectFirstTen(Video1); }
 void HDCalc::Video1_KeyUp() {
-  record_.HDVideoBitrate = RepairedNumber(Video1);
+  record_.HDVideoBitrate = RepairAndRead(Video1);
   CalcVideoByBitrate();
   CalcAndShowTotal();
 }
@@ -174,7 +174,7 @@ void HDCalc::Video1M_MouseUp() { spin_.Release(Video1); }
 
 void HDCalc::Video2_GotFocus() { SelectFirstTen(Video2); }
 void HDCalc::Video2_KeyUp() {
-  record_.VideoOnlySize = RepairedNumber(Video2);
+  record_.VideoOnlySize = RepairAndRead(Video2);
   if (Video.Selected() == BySize) {
     VideoMB = record_.VideoOnlySize;
   }
@@ -214,7 +214,7 @@ void HDCalc::Audio_Click(int index) {
 
 void HDCalc::MP2_Click() { MP2_KeyUp(); }
 void HDCalc::MP2_KeyUp() {
-  const double kiloBits = RepairedNumber(MP2->Field());
+  const double kiloBits = RepairAndRead(MP2->Field());
   if (!IsEmpty(MP2->Field())) {
     record_.HDAudioBitrate = kiloBits;
   }
@@ -238,7 +238,7 @@ void HDCalc::MLength_GotFocus() {
   FillBlank(Video2, u"1"_s);
 }
 void HDCalc::MLength_KeyUp() {
-  const double minutes = RepairedNumber(MLength);
+  const double minutes = RepairAndRead(MLength);
   CalcVideoByBitrate();
   CalcTotal();
   if (!IsEmpty(MLength)) {
@@ -296,7 +296,7 @@ void HDCalc::CalcTotal() { TotalMB = TotalMegaBytes(NumberIn(MLength), AudioRate
 
 void HDCalc::ShowTotal(bool hasRunningTime) {
   const bool isShown = hasRunningTime && TotalMB > 0;
-  Result->Show(isShown ? ToQString(Formatted(TotalMB, "#")) : QString());
+  Result->Write(isShown ? ToQString(Formatted(TotalMB, "#")) : QString());
 }
 
 void HDCalc::CalcAndShowTotal() {

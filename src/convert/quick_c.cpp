@@ -9,8 +9,8 @@
 #include <QString>
 
 #include "base/input/common_choices.h"
-#include "base/input/field_text.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/numeric_text.h"
@@ -265,10 +265,10 @@ void QuickC::FramesChanged() {
 void QuickC::TimeFromFrames() {
   const auto minutes = frames_.Minutes(FrameRate);
   record_.MovieLength = minutes.value_or(record_.MovieLength);
-  time_.Show(minutes.value_or(std::numeric_limits<double>::infinity()));
+  time_.Write(minutes.value_or(std::numeric_limits<double>::infinity()));
 }
 
-void QuickC::TimeFromMinutes() { time_.Show(NumberIn(Min)); }
+void QuickC::TimeFromMinutes() { time_.Write(NumberIn(Min)); }
 
 void QuickC::FramesFromMinutes() { frames_.Write(record_.MovieLength, FrameRate); }
 

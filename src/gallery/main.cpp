@@ -21,13 +21,13 @@
 
 #include "gallery/normalizer_pictures.h"
 #include "gallery/recording.h"
-#include "shell/all_windows.h"
 #include "shell/built_product.h"
 #include "shell/look.h"
 #include "shell/main_prog.h"
+#include "shell/owning_window_list.h"
 #include "shell/splash.h"
 #include "shell/system_registry.h"
-#include "shell/window_list.h"
+#include "shell/window_catalogue.h"
 
 namespace brindle {
 namespace {
@@ -147,7 +147,7 @@ int TakeAll(const Gallery& gallery) {
   const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
   Silence silence(recording);
   SystemRegistry registry;
-  WindowList windows(silence);
+  OwningWindowList windows(silence);
   const Product product = BuiltProduct();
   Services services{record, windows, clock, silence, silence, silence, registry, product};
   AddAllWindows(windows, services, [] {});
@@ -161,7 +161,7 @@ int TakeAll(const Gallery& gallery) {
        {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
         WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm, WindowId::Advanced,
         WindowId::DefaultW, WindowId::AboutWin, WindowId::WebUpdate}) {
-    windows.Show(id);
+    windows.Open(id);
   }
   QApplication::processEvents();
   bool saved = true;

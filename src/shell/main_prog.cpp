@@ -242,26 +242,26 @@ void MainProg::closeEvent(QCloseEvent* event) {
   Form::closeEvent(event);
 }
 
-void MainProg::VideoBC_Click() { services_.windows.Show(WindowId::BitrateCalc); }
-void MainProg::AudioBC_Click() { services_.windows.Show(WindowId::AudioCalc); }
-void MainProg::HDC_Click() { services_.windows.Show(WindowId::HDCalc); }
-void MainProg::AVISplitC_Click() { services_.windows.Show(WindowId::AVISplit); }
+void MainProg::VideoBC_Click() { services_.windows.Open(WindowId::BitrateCalc); }
+void MainProg::AudioBC_Click() { services_.windows.Open(WindowId::AudioCalc); }
+void MainProg::HDC_Click() { services_.windows.Open(WindowId::HDCalc); }
+void MainProg::AVISplitC_Click() { services_.windows.Open(WindowId::AVISplit); }
 void MainProg::RAR_Click() { GuardedShow(WindowId::AspectRa); }
-void MainProg::QuickCon_Click() { services_.windows.Show(WindowId::QuickC); }
+void MainProg::QuickCon_Click() { services_.windows.Open(WindowId::QuickC); }
 void MainProg::WinCalc_Click() { services_.desktop.StartCalculator(this); }
 void MainProg::Normalize_Click() { GuardedShow(WindowId::WavNorm); }
 void MainProg::Adremove_Click() { RemoveStartUpEntry(this, services_.boxes, services_.registry); }
 void MainProg::HelpWin_Click() { services_.desktop.OpenHelp(this, FirstHelpPage.toString()); }
-void MainProg::Update_Click() { services_.windows.Show(WindowId::WebUpdate); }
-void MainProg::Defaults_Click() { services_.windows.Show(WindowId::DefaultW); }
+void MainProg::Update_Click() { services_.windows.Open(WindowId::WebUpdate); }
+void MainProg::Defaults_Click() { services_.windows.Open(WindowId::DefaultW); }
 void MainProg::SaveSettings_Click() { WriteSettings(); }
-void MainProg::About_Click() { services_.windows.Show(WindowId::AboutWin); }
+void MainProg::About_Click() { services_.windows.Open(WindowId::AboutWin); }
 void MainProg::Webs_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
 // For the two windows that may lack a shared library on the user's system.
 void MainProg::GuardedShow(WindowId id) {
   try {
-    services_.windows.Show(id);
+    services_.windows.Open(id);
   } catch (const std::exception& error) {
     const QString text =
         u"You are missing a shared library file ("_s + QuotedPart(QString::fromUtf8(error.what())) +

@@ -9,7 +9,7 @@
 #include <QApplication>
 #include <QWidget>
 
-#include "shell/all_windows.h"
+#include "shell/window_catalogue.h"
 
 namespace brindle {
 

@@ -14,10 +14,10 @@
 #include "base/time/clock.h"
 #include "base/windows/services.h"
 #include "shell/main_prog.h"
+#include "shell/owning_window_list.h"
 #include "shell/splash.h"
 #include "shell/system_desktop.h"
 #include "shell/system_registry.h"
-#include "shell/window_list.h"
 
 namespace brindle {
 
@@ -49,7 +49,7 @@ class Program : public QObject {
   ScreenFileDialogs dialogs_{modal_};
   SystemDesktop desktop_{boxes_, clock_, folders_.program};
   SystemRegistry registry_;
-  WindowList windows_{desktop_};
+  OwningWindowList windows_{desktop_};
   Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;

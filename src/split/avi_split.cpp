@@ -12,9 +12,9 @@
 #include <QString>
 
 #include "base/input/common_choices.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/numeric_text.h"
@@ -83,8 +83,8 @@ void AVISplit::MakeLayout() {
   Size3->ShowAsResult(true);
   Size1->setText(u"650"_s);
   Size2->setText(u"650"_s);
-  KeyFr->Show(u"600"_s);
-  Time3->Show(u"00.00"_s);
+  KeyFr->Write(u"600"_s);
+  Time3->Write(u"00.00"_s);
   KeepRoom({SegNo3Lab, Size3});
 
   // clang-format off
@@ -207,7 +207,7 @@ void AVISplit::KeyFs_MouseDown() { EditKeyFs(); }
 
 void AVISplit::EditSize(Editing code, TextField* field, double& stored) {
   FillBlankFields(code);
-  const double megaBytes = RepairedNumber(field);
+  const double megaBytes = RepairAndRead(field);
   if (IsEmpty(field)) {
     return;
   }
@@ -315,16 +315,16 @@ void AVISplit::UpdateKeyframeCount() {
     KeyFs->Write(u"1"_s);
   }
   const auto keyFrames = KeyFrames(CountedFrames(), IntervalInFrames());
-  KeyFr->Show(keyFrames ? QString::number(*keyFrames) : QString());
+  KeyFr->Write(keyFrames ? QString::number(*keyFrames) : QString());
 }
 
 void AVISplit::UpdateFramesAndDuration() {
   frames_.Write(record_.MovieLength, FrameRate);
   const auto minutes = frames_.Minutes(FrameRate);
   const auto time = TakeApart(SecondsToHundredths(minutes.value_or(0)));
-  Time1->Show(minutes ? ToQString(TextOf(time.hours)) : QString());
-  Time2->Show(minutes ? ToQString(TextOf(time.minutes)) : QString());
-  Time3->Show(minutes ? ToQString(Formatted(time.seconds, "00.00")) : QString());
+  Time1->Write(minutes ? ToQString(TextOf(time.hours)) : QString());
+  Time2->Write(minutes ? ToQString(TextOf(time.minutes)) : QString());
+  Time3->Write(minutes ? ToQString(Formatted(time.seconds, "00.00")) : QString());
 }
 
 // Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows

@@ -11,9 +11,9 @@
 #include <QString>
 #include <QWidget>
 
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/numbers/numeric_text.h"
 #include "split/split_plan.h"
 
@@ -65,9 +65,9 @@ QLayout* RangeTable::Layout() const {
   // clang-format on
 }
 
-void RangeTable::ShowTwo(const SplitPlan& plan) { Show(plan, RangesOfTwo); }
+void RangeTable::ShowTwo(const SplitPlan& plan) { Write(plan, RangesOfTwo); }
 
-void RangeTable::ShowThree(const SplitPlan& plan) { Show(plan, RangesOfThree); }
+void RangeTable::ShowThree(const SplitPlan& plan) { Write(plan, RangesOfThree); }
 
 void RangeTable::ShowThirdSegment(bool isShown) {
   for (auto* widget : ThirdSegment()) {
@@ -80,7 +80,7 @@ std::array<QWidget*, 5> RangeTable::ThirdSegment() const {
   return {SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]};
 }
 
-void RangeTable::Show(const SplitPlan& plan, std::size_t ranges) {
+void RangeTable::Write(const SplitPlan& plan, std::size_t ranges) {
   for (std::size_t i = 0; i < ranges; ++i) {
     ShowFrame(SetF.at(2 * i), plan.at(i).start);
     ShowFrame(SetF.at(2 * i + 1), plan.at(i).end);

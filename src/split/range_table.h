@@ -31,7 +31,7 @@ class RangeTable {
   void ShowThirdSegment(bool isShown);
 
  private:
-  void Show(const SplitPlan& plan, std::size_t ranges);
+  void Write(const SplitPlan& plan, std::size_t ranges);
   [[nodiscard]] std::array<QWidget*, 5> ThirdSegment() const;
 
   std::array<TextField*, 8> SetF{};

@@ -9,14 +9,14 @@
 #include <QPushButton>
 #include <QString>
 
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/rounding.h"
 #include "base/windows/overhead_opener.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 #include "video/overhead.h"
 
 namespace brindle {

@@ -12,14 +12,14 @@
 #include <QStringList>
 
 #include "base/input/common_choices.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
 #include "base/numbers/stepping.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 #include "video/time_fields.h"
 #include "video/video_bitrate.h"
 
@@ -86,7 +86,7 @@ void BitrateCalc::MakeLayout() {
     part->SetVisibleDigits(5);
   }
   Time3->setText(u"00.00"_s);
-  Qual->Show(u"Medium"_s);
+  Qual->Write(u"Medium"_s);
 
   // clang-format off
   LayOut(this,
@@ -279,7 +279,7 @@ void BitrateCalc::DivX_Click(int index) {
 
 void BitrateCalc::Advance_Click() {
   record_.AdvancedCaller = OpenedByVideo;
-  services_.windows.Show(WindowId::Advanced);
+  services_.windows.Open(WindowId::Advanced);
 }
 
 void BitrateCalc::Recompute() { CalcVideoBitrate(); }
@@ -287,10 +287,10 @@ void BitrateCalc::Recompute() { CalcVideoBitrate(); }
 void BitrateCalc::ShowInterleaving() { Interl->Refresh(); }
 
 void BitrateCalc::CalcVideoBitrate() {
-  record_.AudioBitrate = RepairedNumber(Audio->Field());
-  record_.CDCapacity = RepairedNumber(Capacity->Field());
-  record_.CDCount = ToInteger16(RepairedNumber(CDs->Field()));
-  record_.ExtraMaterial = RepairedNumber(Extra);
+  record_.AudioBitrate = RepairAndRead(Audio->Field());
+  record_.CDCapacity = RepairAndRead(Capacity->Field());
+  record_.CDCount = ToInteger16(RepairAndRead(CDs->Field()));
+  record_.ExtraMaterial = RepairAndRead(Extra);
   RepairText(MLength);
   if (!IsEmpty(MLength)) {
     // Deliberately before the sign is repaired and the running time stored.
@@ -309,15 +309,15 @@ void BitrateCalc::CalcVideoBitrate() {
       .divXFactor = DivXFactor,
   });
   Result->Write(result.kiloBits > 0 ? ToQString(Formatted(result.kiloBits, "#")) : QString());
-  Stat[0]->Show(SizeText(result.videoMegaBytes));
-  Stat[1]->Show(SizeText(result.audioMegaBytes));
-  Stat[2]->Show(SizeText(result.overheadMegaBytes));
+  Stat[0]->Write(SizeText(result.videoMegaBytes));
+  Stat[1]->Write(SizeText(result.audioMegaBytes));
+  Stat[2]->Write(SizeText(result.overheadMegaBytes));
   RateQuality(result.kiloBits);
 }
 
 void BitrateCalc::RateQuality(double bitrate) {
   if (const auto rating = QualityRating(bitrate, record_.DivXOption)) {
-    Qual->Show(QString::fromLatin1(rating->data(), static_cast<qsizetype>(rating->size())));
+    Qual->Write(QString::fromLatin1(rating->data(), static_cast<qsizetype>(rating->size())));
   }
 }
 

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/rounding.h"
 #include "base/numbers/running_time.h"
@@ -63,7 +63,7 @@ void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds) {
     fields.ShowBesideSeconds(minutes);
     CarryWholeMinutes(seconds);
   } else {
-    fields.Show(minutes);
+    fields.Write(minutes);
   }
 }
 

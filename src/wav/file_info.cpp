@@ -8,9 +8,9 @@
 #include <QString>
 
 #include "base/input/elided_label.h"
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "wav/wav_header.h"
 #include "wav/wav_text.h"
 
@@ -24,9 +24,9 @@ FileInfo::FileInfo()
       WavInfo3(new ValueLabel(u"WavInfo3"_s, {}, {u"-88888bit"_s, u"Sample"_s})),
       WavInfo4(new ValueLabel(u"WavInfo4"_s, {}, {u"88888Ch"_s, u"Stereo"_s})),
       WavInfo5(new ElidedLabel(u"WavInfo5"_s, u"Duration"_s)) {
-  WavInfo2->Show(u"Samplerate"_s);
-  WavInfo3->Show(u"Sample"_s);
-  WavInfo4->Show(u"Mode"_s);
+  WavInfo2->Write(u"Samplerate"_s);
+  WavInfo3->Write(u"Sample"_s);
+  WavInfo4->Write(u"Mode"_s);
   KeepRoom({WavInfo2, WavInfo3, WavInfo4, WavInfo5});
 }
 
@@ -41,16 +41,16 @@ QGroupBox* FileInfo::InFrame() {
 
 void FileInfo::Write(const QString& path, const WavHeader& header) {
   const auto title = QFileInfo(path).fileName();
-  WavInfo1->Show(title.isEmpty() ? path : title);
+  WavInfo1->Write(title.isEmpty() ? path : title);
   if (header.sampleRate) {
-    WavInfo2->Show(QString::number(*header.sampleRate) + u"Hz"_s);
+    WavInfo2->Write(QString::number(*header.sampleRate) + u"Hz"_s);
   }
-  WavInfo3->Show(QString::number(header.bitsPerSample) + u"bit"_s);
+  WavInfo3->Write(QString::number(header.bitsPerSample) + u"bit"_s);
   if (const auto channels = ChannelsText(header.channels)) {
-    WavInfo4->Show(ToQString(*channels));
+    WavInfo4->Write(ToQString(*channels));
   }
   if (auto seconds = header.Duration()) {
-    WavInfo5->Show(ToQString(FormatDuration(*seconds)));
+    WavInfo5->Write(ToQString(FormatDuration(*seconds)));
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include "base/interface.h"
 #include "base/time/clock.h"
 #include "wav/gain.h"
 #include "wav/pass_progress.h"
@@ -29,15 +30,8 @@ struct PassFiles {
 };
 
 /// Who is asked while the files of a pass are opened.
-class TargetQuestions {
+class TargetQuestions : public Interface {
  public:
-  TargetQuestions() = default;
-  TargetQuestions(const TargetQuestions&) = delete;
-  TargetQuestions& operator=(const TargetQuestions&) = delete;
-  TargetQuestions(TargetQuestions&&) = delete;
-  TargetQuestions& operator=(TargetQuestions&&) = delete;
-  virtual ~TargetQuestions() = default;
-
   /// Whether the target, which is not empty, may be deleted.
   [[nodiscard]] virtual bool MayOverwrite() = 0;
   /// The target turned out to be the source: the pass works in place.

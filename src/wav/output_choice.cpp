@@ -65,7 +65,7 @@ void OutputChoice::WriteTarget(const QString& path) {
 
 void OutputChoice::ShowTarget(const QString& path) {
   target_ = path;
-  TargetFile->Show(path);
+  TargetFile->Write(path);
   TargetFile->setToolTip(path);
 }
 

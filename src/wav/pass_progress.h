@@ -5,6 +5,7 @@
 
 #include <QtGlobal>
 
+#include "base/interface.h"
 #include "base/time/clock.h"
 
 namespace brindle {
@@ -17,15 +18,8 @@ struct PassProgress {
 };
 
 /// Who watches a pass. A pass runs on the caller's thread and calls back on it.
-class PassObserver {
+class PassObserver : public Interface {
  public:
-  PassObserver() = default;
-  PassObserver(const PassObserver&) = delete;
-  PassObserver& operator=(const PassObserver&) = delete;
-  PassObserver(PassObserver&&) = delete;
-  PassObserver& operator=(PassObserver&&) = delete;
-  virtual ~PassObserver() = default;
-
   /// Told now and then while the pass runs; with false as its answer the pass ends here.
   [[nodiscard]] virtual bool Update(const PassProgress& progress) = 0;
 };

@@ -36,8 +36,8 @@ PeakLabels::PeakLabels()
 QBoxLayout* PeakLabels::Line() { return Across({Label1, MinV, MaxV}, Spacing); }
 
 void PeakLabels::Write(std::int16_t lowest, std::int16_t highest) {
-  MinV->Show(QString::number(lowest));
-  MaxV->Show(QString::number(highest));
+  MinV->Write(QString::number(lowest));
+  MaxV->Write(QString::number(highest));
 }
 
 std::int16_t PeakLabels::Lowest() const { return LevelIn(MinV); }

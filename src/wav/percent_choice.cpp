@@ -5,9 +5,9 @@
 
 #include <QString>
 
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"

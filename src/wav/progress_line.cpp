@@ -8,9 +8,9 @@
 #include <QProgressBar>
 #include <QString>
 
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/numbers/rounding.h"
 #include "wav/wav_text.h"
 
@@ -36,26 +36,26 @@ QBoxLayout* ProgressLine::Line(QLabel* status) {
 }
 
 void ProgressLine::ShowProgress() {
-  ETA2->Show({});
+  ETA2->Write({});
   SetVisible(true);
 }
 
 void ProgressLine::HideProgress() {
-  Perc->Show(u"0"_s);
+  Perc->Write(u"0"_s);
   ProgBar->setValue(0);
-  ETA2->Show({});
+  ETA2->Write({});
   SetVisible(false);
 }
 
 void ProgressLine::Update(const PassProgress& progress) {
   ProgBar->setValue(ToInteger32(progress.percent));
-  Perc->Show(QString::number(progress.wholePercent) + u'%');
+  Perc->Write(QString::number(progress.wholePercent) + u'%');
   ShowETA(progress.elapsed, progress.wholePercent);
 }
 
 void ProgressLine::ShowETA(double elapsed, int wholePercent) {
   if (const auto remaining = RemainingTime(elapsed, wholePercent)) {
-    ETA2->Show(ToQString(*remaining));
+    ETA2->Write(ToQString(*remaining));
   }
 }
 

@@ -5,9 +5,9 @@
 
 #include <QString>
 
-#include "base/input/field_text.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/slider.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
@@ -39,19 +39,19 @@ ToleranceChoice::ToleranceChoice(Settings& record)
 
 void ToleranceChoice::Form_Load() {
   Toler->Write(ToInteger32(record_.WavTolerance));
-  Show(record_.WavTolerance);
+  Write(record_.WavTolerance);
 }
 
 void ToleranceChoice::Toler_Change() {
   if (!Toler->IsBeingWritten()) {
     record_.WavTolerance = static_cast<float>(Toler->value());
-    Show(record_.WavTolerance);
+    Write(record_.WavTolerance);
   }
 }
 
-void ToleranceChoice::Show(float percent) {
+void ToleranceChoice::Write(float percent) {
   percent_ = percent;
-  TolerTxt->Show(ToleranceText(percent));
+  TolerTxt->Write(ToleranceText(percent));
 }
 
 }  // namespace brindle

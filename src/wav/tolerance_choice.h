@@ -34,7 +34,7 @@ class ToleranceChoice : public QObject {
 
  private:
   void Toler_Change();
-  void Show(float percent);
+  void Write(float percent);
 
   Settings& record_;
   float percent_ = 0;

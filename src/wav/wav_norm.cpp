@@ -9,9 +9,9 @@
 #include <QCoreApplication>
 #include <QString>
 
-#include "base/input/field_text.h"
 #include "base/input/file_dialogs.h"
 #include "base/input/layout.h"
+#include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "wav/gain.h"
 
@@ -179,7 +179,7 @@ void WavNorm::btnScan_Click() {
   ShowFileInfo();
   HideCancel();
   peaks_.ShowPeaks();
-  Status->Show({});
+  Status->Write({});
   if (scan.error) {
     Ask(MessageOf(*scan.error));
   } else if (goesOn) {
@@ -192,7 +192,7 @@ PeakScan WavNorm::Scan(Coverage coverage) {
   Cancel->setFocus();
   HideFileInfo();
   progress_.ShowProgress();
-  Status->Show(Scanning);
+  Status->Write(Scanning);
   SetRunning(Running::Scan);
   auto scan = ScanPeaks(source_, services_.clock, *this, coverage);
   if (!isClosing_) {
@@ -213,7 +213,7 @@ void WavNorm::btnNorm_Click() {
   if (!options) {
     return;
   }
-  Status->Show(Normalizing);
+  Status->Write(Normalizing);
   Cancel->show();
   Cancel->setFocus();
   HideNormalize();
@@ -230,7 +230,7 @@ void WavNorm::btnNorm_Click() {
   Mbuffer->setEnabled(true);
   HideCancel();
   percent_.Field()->setEnabled(true);
-  Status->Show({});
+  Status->Write({});
   HideNormalize();
   if (error) {
     Ask(MessageOf(*error));
@@ -288,7 +288,7 @@ std::optional<PeakScan> WavNorm::ScanWholeFile() {
   }
   ShowFileInfo();
   HideCancel();
-  Status->Show({});
+  Status->Write({});
   if (scan.error) {
     Ask(MessageOf(*scan.error));
   }

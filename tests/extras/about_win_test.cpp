@@ -80,7 +80,7 @@ TEST_F(AboutWinTest, NothingElseIsClickable) {
 TEST_F(AboutWinTest, ShownAgainItIsTheSameWindow) {
   OpenAbout();
   const auto before = QApplication::topLevelWidgets().size();
-  windows.Show(WindowId::AboutWin);
+  windows.Open(WindowId::AboutWin);
   EXPECT_EQ(QApplication::topLevelWidgets().size(), before);
 }
 

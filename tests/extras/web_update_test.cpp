@@ -36,7 +36,7 @@ TEST_F(WebUpdateTest, LoadedWithoutBeingShownItOpensThePageAsWell) {
 
 TEST_F(WebUpdateTest, ShownAgainItOpensNothing) {
   Open(WindowId::WebUpdate);
-  windows.Show(WindowId::WebUpdate);
+  windows.Open(WindowId::WebUpdate);
   EXPECT_EQ(desktop.addresses, Addresses{Page});
 }
 

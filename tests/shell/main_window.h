@@ -15,8 +15,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "shell/all_windows.h"
 #include "shell/main_prog.h"
+#include "shell/window_catalogue.h"
 #include "tests/base/settings/known_lines.h"
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/support/window_test.h"

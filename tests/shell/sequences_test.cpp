@@ -19,7 +19,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 #include "tests/support/named_case.h"
 #include "tests/support/user.h"
 #include "tests/support/window_test.h"
@@ -77,7 +77,7 @@ class Sequences : public WindowTest {
 
   /// Opens the window or brings it to the front, as its button in the main window does.
   QWidget* Use(WindowId id) {
-    windows.Show(id);
+    windows.Open(id);
     auto* window = Existing(id);
     WaitForActive(window);
     return window;

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "base/settings/settings.h"
-#include "shell/all_windows.h"
+#include "shell/window_catalogue.h"
 
 namespace brindle {
 
@@ -21,7 +21,7 @@ WindowTest::WindowTest() : record(BuiltInSettings()) {
 
 QWidget* WindowTest::Open(WindowId id) {
   const auto before = QApplication::topLevelWidgets();
-  windows.Show(id);
+  windows.Open(id);
   for (auto* window : QApplication::topLevelWidgets()) {
     if (!before.contains(window) && window->isVisible()) {
       WaitForActive(window);

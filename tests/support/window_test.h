@@ -10,7 +10,7 @@
 
 #include "base/settings/settings.h"
 #include "base/windows/services.h"
-#include "shell/window_list.h"
+#include "shell/owning_window_list.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fakes.h"
 #include "tests/support/user.h"
@@ -50,7 +50,7 @@ class WindowTest : public ::testing::Test {
                   .mail = QStringLiteral("velbrin@example.org"),
                   .author = QStringLiteral("Velbrin 2026")};
   FakeRegistry registry;
-  WindowList windows{desktop};
+  OwningWindowList windows{desktop};
   Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
   int defaultsLoaded = 0;  ///< how often the defaults window asked for the defaults
 };

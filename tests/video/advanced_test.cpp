@@ -30,7 +30,7 @@
 #include "base/input/text_field.h"
 #include "base/numbers/numeric_text.h"
 #include "base/settings/settings.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/handler_event.h"
 #include "tests/support/named_case.h"

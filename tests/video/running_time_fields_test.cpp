@@ -8,7 +8,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 #include "base/numbers/running_time.h"
 #include "tests/video/bitrate_window.h"
 

@@ -30,7 +30,7 @@
 #include "base/input/slider.h"
 #include "base/input/text_field.h"
 #include "base/windows/services.h"
-#include "shell/all_windows.h"
+#include "shell/window_catalogue.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/user.h"
 

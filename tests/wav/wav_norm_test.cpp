@@ -217,7 +217,7 @@ TEST_F(Loading, StoresNothingElse) {
 
 TEST_F(Loading, IsOfOneWindowOnly) {
   OpenNormalizer();
-  windows.Show(WindowId::WavNorm);
+  windows.Open(WindowId::WavNorm);
   int count = 0;
   for (const auto* widget : QApplication::topLevelWidgets()) {
     count += widget->objectName() == u"WavNorm"_s ? 1 : 0;

@@ -22,10 +22,10 @@ ElidedLabel::ElidedLabel(const QString& name, const QString& text, const QString
   setTextFormat(Qt::PlainText);
   setToolTip(tooltip);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  Show(text);
+  Write(text);
 }
 
-void ElidedLabel::Show(const QString& text) {
+void ElidedLabel::Write(const QString& text) {
   if (text != this->text()) {
     setText(text);
     setAccessibleDescription(text);

@@ -18,7 +18,7 @@ class ElidedLabel : public QLabel {
   explicit ElidedLabel(const QString& name, const QString& text, const QString& tooltip = {});
 
   /// Shows a text; a screen reader says it behind the label's name.
-  void Show(const QString& text);
+  void Write(const QString& text);
 
   [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "base/input/modal_dialogs.h"
+#include "base/interface.h"
 
 namespace brindle {
 
@@ -20,15 +21,8 @@ struct FileQuestion {
 };
 
 /// The desktop's dialogs in which a user chooses a file. The whole program stops while one is open.
-class FileDialogs {
+class FileDialogs : public Interface {
  public:
-  FileDialogs() = default;
-  FileDialogs(const FileDialogs&) = delete;
-  FileDialogs& operator=(const FileDialogs&) = delete;
-  FileDialogs(FileDialogs&&) = delete;
-  FileDialogs& operator=(FileDialogs&&) = delete;
-  virtual ~FileDialogs() = default;
-
   /// The path of an existing file, in the platform's own separators. Empty when the user cancelled,
   /// and when the program ended: nothing is to be done then. The owner may have been closed
   /// meanwhile, which it knows itself.

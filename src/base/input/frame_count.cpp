@@ -6,7 +6,7 @@
 #include <cmath>
 #include <optional>
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/frame_rate.h"
 

@@ -54,7 +54,7 @@ QSize ValueLabel::sizeHint() const {
   return size.grownBy(contentsMargins());
 }
 
-void ValueLabel::Show(const QString& text) {
+void ValueLabel::Write(const QString& text) {
   if (text != this->text()) {
     setText(text);
     setAccessibleDescription(text);

@@ -33,7 +33,7 @@ class ValueLabel : public QLabel {
  public:
   ValueLabel(const QString& name, const QString& tooltip, QStringList widest);
   /// Shows a text; a screen reader says it behind the label's name.
-  void Show(const QString& text);
+  void Write(const QString& text);
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:

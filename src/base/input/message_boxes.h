@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "base/input/modal_dialogs.h"
+#include "base/interface.h"
 
 namespace brindle {
 
@@ -18,15 +19,8 @@ enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
 
 /// Message boxes as the windows ask for them: plain text, the whole program stops while one is
 /// open.
-class MessageBoxes {
+class MessageBoxes : public Interface {
  public:
-  MessageBoxes() = default;
-  MessageBoxes(const MessageBoxes&) = delete;
-  MessageBoxes& operator=(const MessageBoxes&) = delete;
-  MessageBoxes(MessageBoxes&&) = delete;
-  MessageBoxes& operator=(MessageBoxes&&) = delete;
-  virtual ~MessageBoxes() = default;
-
   /// Returns when the user has answered, or with nothing when `owner` or the program goes away
   /// under the open box; then the caller must not touch its window any more.
   virtual std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) = 0;

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/running_time.h"
@@ -15,7 +15,7 @@ namespace brindle {
 RunningTimeFields::RunningTimeFields(TextField* hours, TextField* minutes, TextField* seconds)
     : hours_(hours), minutes_(minutes), seconds_(seconds) {}
 
-void RunningTimeFields::Show(double minutes) {
+void RunningTimeFields::Write(double minutes) {
   const auto time = TakeApart(SecondsToHundredths(minutes));
   ShowHoursAndMinutes(time);
   // A little below 0 where the rounding made another minute full.

@@ -17,7 +17,7 @@ class RunningTimeFields {
 
   /// Shows a running time of `minutes`, rounded to hundredths of a second, so that no 60.00 seconds
   /// come of it; nothing where it is not finite.
-  void Show(double minutes);
+  void Write(double minutes);
   /// Shows only its hours and minutes and leaves the seconds, which are being typed. Nothing is
   /// rounded: the typed seconds are not either, and would be counted twice.
   void ShowBesideSeconds(double minutes);

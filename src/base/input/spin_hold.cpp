@@ -9,8 +9,8 @@
 
 #include <QObject>
 
-#include "base/input/field_text.h"
 #include "base/input/form.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/stepping.h"
 #include "base/settings/settings.h"

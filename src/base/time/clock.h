@@ -7,18 +7,13 @@
 
 #include <QObject>
 
+#include "base/interface.h"
+
 namespace brindle {
 
 /// Where time comes in, so that a test can be its master.
-class Clock {
+class Clock : public Interface {
  public:
-  Clock() = default;
-  Clock(const Clock&) = delete;
-  Clock& operator=(const Clock&) = delete;
-  Clock(Clock&&) = delete;
-  Clock& operator=(Clock&&) = delete;
-  virtual ~Clock() = default;
-
   /// Seconds since an arbitrary moment; never goes back.
   [[nodiscard]] virtual double Now() const = 0;
 

@@ -7,6 +7,8 @@
 #include <QStringView>
 #include <QWidget>
 
+#include "base/interface.h"
+
 namespace brindle {
 
 /// The page of the help that it is opened with; every window has a page of its own name besides.
@@ -15,15 +17,8 @@ inline constexpr QStringView FirstHelpPage(u"index");
 /// What the desktop around the program does for it. Nothing here waits; what cannot be started is
 /// told in one message box over the window that asked, "Cannot start NAME: REASON", once that has
 /// returned to the event loop.
-class Desktop {
+class Desktop : public Interface {
  public:
-  Desktop() = default;
-  Desktop(const Desktop&) = delete;
-  Desktop& operator=(const Desktop&) = delete;
-  Desktop(Desktop&&) = delete;
-  Desktop& operator=(Desktop&&) = delete;
-  virtual ~Desktop() = default;
-
   /// The system's beep.
   virtual void Beep() = 0;
 

@@ -19,7 +19,7 @@ InterleavingLabel::InterleavingLabel(const Settings& record)
 
 void InterleavingLabel::Refresh() {
   const bool isOn = record_.VideoFrameOverhead + record_.AudioInterleaveOverhead > 0;
-  Show(isOn ? u"ON"_s : u"OFF"_s);
+  Write(isOn ? u"ON"_s : u"OFF"_s);
 }
 
 }  // namespace brindle

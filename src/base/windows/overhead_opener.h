@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "base/interface.h"
+
 namespace brindle {
 
 /// Who opened the overhead window, as the settings record has it.
@@ -12,15 +14,8 @@ inline constexpr std::int16_t OpenedByVideo = 1;
 inline constexpr std::int16_t OpenedByAudio = 2;
 
 /// A window that the overhead window was opened from, as that window sees it.
-class OverheadOpener {
+class OverheadOpener : public Interface {
  public:
-  OverheadOpener() = default;
-  OverheadOpener(const OverheadOpener&) = delete;
-  OverheadOpener& operator=(const OverheadOpener&) = delete;
-  OverheadOpener(OverheadOpener&&) = delete;
-  OverheadOpener& operator=(OverheadOpener&&) = delete;
-  virtual ~OverheadOpener() = default;
-
   /// Works out its bitrate anew, with the overheads of the settings record.
   virtual void Recompute() = 0;
 

@@ -7,25 +7,20 @@
 
 #include <QString>
 
+#include "base/interface.h"
+
 namespace brindle {
 
 /// The keys that the registry's tree begins with.
 enum class RegistryRoot { LocalMachine };
 
 /// The system's registry. A desktop without one answers as one in which nothing can be found.
-class Registry {
+class Registry : public Interface {
  public:
   /// An opened key; 0 is none.
   using Key = std::uintptr_t;
   /// The system's error code; 0 is success.
   using Result = std::int32_t;
-
-  Registry() = default;
-  Registry(const Registry&) = delete;
-  Registry& operator=(const Registry&) = delete;
-  Registry(Registry&&) = delete;
-  Registry& operator=(Registry&&) = delete;
-  virtual ~Registry() = default;
 
   /// Opens the key `subKey` (names between backslashes) under the root; `key` is 0 when it cannot.
   [[nodiscard]] virtual Result OpenKey(RegistryRoot root, const QString& subKey, Key& key) = 0;

@@ -11,7 +11,7 @@
 #include "base/time/clock.h"
 #include "base/windows/desktop.h"
 #include "base/windows/registry.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 
 namespace brindle {
 
@@ -26,7 +26,7 @@ struct Product {
 /// All that a window may ask of the program. It outlives every window.
 struct Services {
   Settings& record;
-  Windows& windows;
+  WindowList& windows;
   Clock& clock;
   MessageBoxes& boxes;
   FileDialogs& dialogs;

@@ -28,11 +28,11 @@ TEST(ElidedLabel, KeepsItsTextWhole) {
   EXPECT_EQ(label.objectName(), u"L"_s);
   EXPECT_EQ(label.text(), u"first"_s);
   EXPECT_EQ(label.toolTip(), u"tip"_s);
-  label.Show(text);
+  label.Write(text);
   label.resize(100, 30);
   EXPECT_EQ(label.text(), text);
   EXPECT_EQ(label.accessibleDescription(), text);
-  label.Show({});
+  label.Write({});
   EXPECT_EQ(label.text(), QString());
   EXPECT_EQ(label.accessibleDescription(), QString());
 }
@@ -43,7 +43,7 @@ TEST(ElidedLabel, NeverMakesItsWindowWider) {
   auto* label = new ElidedLabel(u"L"_s, u"short"_s);
   line.addWidget(label);
   const auto before = window.minimumSizeHint();
-  label->Show(QString(1000, u'm'));
+  label->Write(QString(1000, u'm'));
   EXPECT_EQ(window.minimumSizeHint(), before);
   EXPECT_GT(before.width(), 0);
   EXPECT_GE(label->minimumSizeHint().height(), label->fontMetrics().height());
@@ -64,7 +64,7 @@ TEST(ElidedLabel, ShowsTheEndsOfALongTextAndDotsBetween) {
   ElidedLabel other(u"L"_s, head + QString(400, u'm') + tail);
   other.resize(300, 30);
   EXPECT_EQ(PictureOf(label), PictureOf(other));
-  other.Show(head + QString(300, u'm') + u"/the/end.mp3"_s);
+  other.Write(head + QString(300, u'm') + u"/the/end.mp3"_s);
   EXPECT_NE(PictureOf(label), PictureOf(other));
 }
 

@@ -33,7 +33,7 @@ TEST(ValueLabel, KeepsRoomForItsWidestText) {
 
 TEST(ValueLabel, TellsAScreenReaderWhatItShows) {
   ValueLabel label(u"V"_s, {}, {u"888"_s});
-  label.Show(u"7"_s);
+  label.Write(u"7"_s);
   EXPECT_EQ(label.text(), u"7"_s);
   EXPECT_EQ(label.accessibleDescription(), u"7"_s);
 }

@@ -61,7 +61,7 @@ class ResultLabelTest : public ::testing::Test {
     auto* column = new QVBoxLayout(&window);
     column->addWidget(before);
     column->addWidget(label);
-    label->Show(u"1371"_s);
+    label->Write(u"1371"_s);
     window.show();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 10000));

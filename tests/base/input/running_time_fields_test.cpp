@@ -11,7 +11,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 #include "base/input/text_field.h"
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/running_time.h"
@@ -36,26 +36,26 @@ class ThreeFields : public ::testing::Test {
 TEST_F(ThreeFields, BeginWithoutARunningTime) { EXPECT_EQ(time.Minutes(), 0); }
 
 TEST_F(ThreeFields, ShowARunningTimeInParts) {
-  time.Show(125.5);
+  time.Write(125.5);
   EXPECT_EQ(Shown(), "2:5:30.00");
 }
 
 TEST_F(ThreeFields, StandForExactlyWhatTheyShow) {
-  time.Show(150000 / 29.97 / 60);
+  time.Write(150000 / 29.97 / 60);
   EXPECT_EQ(Shown(), "1:23:25.01");
   EXPECT_EQ(time.Minutes(), 150000 / 29.97 / 60);
 }
 
 TEST_F(ThreeFields, NeverShowSixtySeconds) {
   const double minutesOfFrames = 1.99999;
-  time.Show(minutesOfFrames);
+  time.Write(minutesOfFrames);
   EXPECT_EQ(Shown(), "0:2:00.00");
   EXPECT_EQ(time.Minutes(), minutesOfFrames);
 }
 
 TEST_F(ThreeFields, AfterOneIsChangedTheOthersStandForWhatTheyWereWrittenFrom) {
   const double exact = 150000 / 29.97 / 60;
-  time.Show(exact);
+  time.Write(exact);
   hours.setText(u"2"_s);
   EXPECT_DOUBLE_EQ(time.Minutes(), exact + 60);
   seconds.setText(u"25.0"_s);
@@ -65,7 +65,7 @@ TEST_F(ThreeFields, AfterOneIsChangedTheOthersStandForWhatTheyWereWrittenFrom) {
 
 TEST_F(ThreeFields, RewrittenByAStepStandForWhatTheyStoodFor) {
   const double exact = 150000 / 29.97 / 60;
-  time.Show(exact);
+  time.Write(exact);
   RewriteNumber(&seconds);
   WriteNumber(&hours, 1);
   EXPECT_EQ(time.Minutes(), exact);
@@ -78,7 +78,7 @@ TEST_F(ThreeFields, BesideSecondsBeingTypedOnlyTheOthersAreShown) {
 }
 
 TEST_F(ThreeFields, ShowNothingOfWhatIsNotFinite) {
-  time.Show(std::numeric_limits<double>::infinity());
+  time.Write(std::numeric_limits<double>::infinity());
   EXPECT_EQ(Shown(), "::");
   EXPECT_EQ(time.Minutes(), 0);
 }
@@ -92,7 +92,7 @@ TEST_F(ThreeFields, EveryWholeSecondOfADayIsShownAndKept) {
     const RunningTime given{static_cast<double>(wholeHours), static_cast<double>(wholeMinutes),
                             static_cast<double>(wholeSeconds)};
     const double exact = InMinutes(given);
-    time.Show(exact);
+    time.Write(exact);
     const bool isShown = NumberIn(&hours) == given.hours && NumberIn(&minutes) == given.minutes &&
                          ShownNumberIn(&seconds) == given.seconds;
     failures += isShown && time.Minutes() == exact ? 0 : 1;
@@ -108,7 +108,7 @@ TEST_F(ThreeFields, EveryFrameCountSurvivesItsOwnRunningTime) {
     const double rate = FramesPerSecond(system);
     for (int frames = 1; frames <= 200000; ++frames) {
       const double exact = MinutesOfFrames(frames, rate).value_or(0);
-      time.Show(exact);
+      time.Write(exact);
       failures += time.Minutes() == exact && WholeFrames(time.Minutes(), rate) == frames ? 0 : 1;
     }
   }

@@ -11,27 +11,27 @@
 
 #include "base/input/form.h"
 #include "base/windows/desktop.h"
-#include "base/windows/windows.h"
+#include "base/windows/window_list.h"
 
 namespace brindle {
 
 /// Owns the windows that other windows open or load, at most one of each kind. A window that is
 /// closed is deleted once control is back in the event loop; the next show makes a new one. F1 in a
 /// window opens the page of the help that has the window's name.
-class WindowList : public QObject, public Windows {
+class OwningWindowList : public QObject, public WindowList {
   Q_OBJECT
 
  public:
   /// Makes a window whole, or throws.
   using Factory = std::function<std::unique_ptr<Form>()>;
 
-  explicit WindowList(Desktop& desktop) : desktop_(desktop) {}
+  explicit OwningWindowList(Desktop& desktop) : desktop_(desktop) {}
 
   /// Tells how a kind of window is made.
   void Add(WindowId id, Factory factory);
 
   Form& Load(WindowId id) override;
-  void Show(WindowId id) override;
+  void Open(WindowId id) override;
   [[nodiscard]] bool AllAgreeToClose() override;
   void CloseAllUnasked() override;
 

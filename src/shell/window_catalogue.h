@@ -6,11 +6,12 @@
 #include <functional>
 
 #include "base/windows/services.h"
-#include "shell/window_list.h"
+#include "shell/owning_window_list.h"
 
 namespace brindle {
 
 /// Tells the list how every window that exists is made. `initDat` loads the default settings.
-void AddAllWindows(WindowList& windows, Services& services, const std::function<void()>& initDat);
+void AddAllWindows(OwningWindowList& windows, Services& services,
+                   const std::function<void()>& initDat);
 
 }  // namespace brindle

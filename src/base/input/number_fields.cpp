@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 
 #include <cmath>
 #include <string>
@@ -89,7 +89,7 @@ void RepairSign(TextField* field) {
   }
 }
 
-double RepairedNumber(TextField* field) {
+double RepairAndRead(TextField* field) {
   RepairText(field);
   RepairSign(field);
   return NumberIn(field);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "base/input/field_text.h"
+#include "base/input/number_fields.h"
 
 #include <limits>
 #include <optional>
@@ -18,7 +18,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class FieldTextTest : public ::testing::Test {
+class NumberFieldsTest : public ::testing::Test {
  protected:
   void SetUp() override { window.Start(); }  // the focus is in B
 
@@ -32,22 +32,22 @@ class FieldTextTest : public ::testing::Test {
   FieldWindow window;
 };
 
-TEST_F(FieldTextTest, RepairKeepsNumbersAndEmptyTexts) {
+TEST_F(NumberFieldsTest, RepairKeepsNumbersAndEmptyTexts) {
   EXPECT_EQ(Repaired(u"12.50"_s), "12.50");
   EXPECT_EQ(Repaired(u" 7 "_s), " 7 ");
   EXPECT_EQ(Repaired(u""_s), "");
 }
 
-TEST_F(FieldTextTest, RepairTakesTheAbsoluteLeadingNumber) {
+TEST_F(NumberFieldsTest, RepairTakesTheAbsoluteLeadingNumber) {
   EXPECT_EQ(Repaired(u"-3.5kg"_s), "3.5");
   EXPECT_EQ(Repaired(u"abc"_s), "0");
   EXPECT_EQ(Repaired(u"1e999"_s), "0");
   EXPECT_EQ(Repaired(u" "_s), "0");
 }
 
-TEST_F(FieldTextTest, RepairDropsTheSign) { EXPECT_EQ(Repaired(u"-650"_s), "650"); }
+TEST_F(NumberFieldsTest, RepairDropsTheSign) { EXPECT_EQ(Repaired(u"-650"_s), "650"); }
 
-TEST_F(FieldTextTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
+TEST_F(NumberFieldsTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
   for (const auto& text : {u"-"_s, u"+"_s, u"."_s, u"-."_s, u"+."_s}) {
     window.A->setText(text);
     window.B->setText(text);
@@ -61,7 +61,7 @@ TEST_F(FieldTextTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
   }
 }
 
-TEST_F(FieldTextTest, ANumberRewrittenKeepsTheTypedTailOnlyWhileItIsEdited) {
+TEST_F(NumberFieldsTest, ANumberRewrittenKeepsTheTypedTailOnlyWhileItIsEdited) {
   window.A->setText(u"10.0"_s);
   window.B->setText(u"10.0"_s);
   RewriteWhileTyping(window.A);
@@ -72,7 +72,7 @@ TEST_F(FieldTextTest, ANumberRewrittenKeepsTheTypedTailOnlyWhileItIsEdited) {
   EXPECT_EQ(window.B->text(), u"10"_s);
 }
 
-TEST_F(FieldTextTest, BlanksAreFilledOnlyWhereNothingStands) {
+TEST_F(NumberFieldsTest, BlanksAreFilledOnlyWhereNothingStands) {
   window.A->setText(u"5"_s);
   FillBlank(window.A, u"1"_s);
   FillBlank(window.B, u"1"_s);
@@ -80,13 +80,13 @@ TEST_F(FieldTextTest, BlanksAreFilledOnlyWhereNothingStands) {
   EXPECT_EQ(window.B->text(), u"1"_s);
 }
 
-TEST_F(FieldTextTest, SelectsTenCharactersAndNoMore) {
+TEST_F(NumberFieldsTest, SelectsTenCharactersAndNoMore) {
   window.A->setText(u"123456789012"_s);
   SelectFirstTen(window.A);
   EXPECT_EQ(window.A->selectedText(), u"1234567890"_s);
 }
 
-TEST_F(FieldTextTest, ADigitOfAnotherScriptIsNoNumber) {
+TEST_F(NumberFieldsTest, ADigitOfAnotherScriptIsNoNumber) {
   window.A->setText(u"\u0663"_s);
   EXPECT_EQ(NumberIn(window.A), 0);
   EXPECT_EQ(LeadingNumberIn(window.A), 0);
@@ -142,7 +142,7 @@ INSTANTIATE_TEST_SUITE_P(
         WithinCase{"Huge", u"3e300"_s, 999, u"300"_s, u"300"_s}),
     NameOf);
 
-TEST_F(FieldTextTest, RewritingWithinALimitKeepsTheTailThatIsBeingTyped) {
+TEST_F(NumberFieldsTest, RewritingWithinALimitKeepsTheTailThatIsBeingTyped) {
   for (const auto& text : {u"10."_s, u"10.0"_s, u"10.50"_s, u"0.00"_s}) {
     window.B->setText(text);
     RewriteWithin(window.B, 999);
@@ -156,7 +156,7 @@ TEST_F(FieldTextTest, RewritingWithinALimitKeepsTheTailThatIsBeingTyped) {
   EXPECT_EQ(window.B->text(), u"0"_s);
 }
 
-TEST_F(FieldTextTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
+TEST_F(NumberFieldsTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
   for (const auto& text : {u"-"_s, u"."_s, u"+."_s, u"10."_s, u"10.0"_s, u" 7 "_s, u"-5"_s}) {
     window.B->setText(text);
     RepairWithin(window.B, 999);
@@ -164,7 +164,7 @@ TEST_F(FieldTextTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
   }
 }
 
-TEST_F(FieldTextTest, StayingWithinALimitLeavesTheCursor) {
+TEST_F(NumberFieldsTest, StayingWithinALimitLeavesTheCursor) {
   window.B->setText(u"123.5"_s);
   window.B->setCursorPosition(2);
   RewriteWithin(window.B, 999);
@@ -193,7 +193,7 @@ class FieldTextRepaired : public ::testing::TestWithParam<RepairedCase> {
 TEST_P(FieldTextRepaired, GivesTheNumberOfTheRepairedText) {
   const auto& [name, text, repaired, number] = GetParam();
   window.A->setText(text);
-  EXPECT_EQ(RepairedNumber(window.A), number);
+  EXPECT_EQ(RepairAndRead(window.A), number);
   EXPECT_EQ(window.A->text(), repaired);
 }
 
@@ -211,15 +211,15 @@ INSTANTIATE_TEST_SUITE_P(Cases, FieldTextRepaired,
                                            RepairedCase{"JustBegun", u"-."_s, u"0"_s, 0}),
                          NameOf);
 
-TEST_F(FieldTextTest, TheRepairedNumberOfANumberJustBegunIsZeroAndKeepsItsText) {
+TEST_F(NumberFieldsTest, TheRepairedNumberOfANumberJustBegunIsZeroAndKeepsItsText) {
   for (const auto& text : {u"-"_s, u"+"_s, u"."_s, u"-."_s, u"+."_s}) {
     window.B->setText(text);
-    EXPECT_EQ(RepairedNumber(window.B), 0);
+    EXPECT_EQ(RepairAndRead(window.B), 0);
     EXPECT_EQ(window.B->text(), text);
   }
 }
 
-TEST_F(FieldTextTest, SelectsTheWholeTextHoweverLong) {
+TEST_F(NumberFieldsTest, SelectsTheWholeTextHoweverLong) {
   window.A->setText(u"123456789012"_s);
   SelectWholeText(window.A);
   EXPECT_EQ(window.A->selectedText(), u"123456789012"_s);
@@ -228,7 +228,7 @@ TEST_F(FieldTextTest, SelectsTheWholeTextHoweverLong) {
   EXPECT_FALSE(window.A->hasSelectedText());
 }
 
-TEST_F(FieldTextTest, WhatIsWrittenStandsForItsNumberUntilSomebodyChangesIt) {
+TEST_F(NumberFieldsTest, WhatIsWrittenStandsForItsNumberUntilSomebodyChangesIt) {
   window.B->Write(u"0.333"_s, 1.0 / 3);
   EXPECT_EQ(NumberIn(window.B), 1.0 / 3);
   EXPECT_EQ(LeadingNumberIn(window.B), 1.0 / 3);
@@ -241,7 +241,7 @@ TEST_F(FieldTextTest, WhatIsWrittenStandsForItsNumberUntilSomebodyChangesIt) {
   EXPECT_EQ(LeadingNumberIn(window.B), 0.333);
 }
 
-TEST_F(FieldTextTest, AnotherTextOfTheProgramStandsForItself) {
+TEST_F(NumberFieldsTest, AnotherTextOfTheProgramStandsForItself) {
   window.A->Write(u"0.333"_s, 1.0 / 3);
   window.A->Write(u"0.333"_s);
   EXPECT_EQ(NumberIn(window.A), 0.333);
@@ -250,7 +250,7 @@ TEST_F(FieldTextTest, AnotherTextOfTheProgramStandsForItself) {
   EXPECT_EQ(NumberIn(window.A), 0.334);
 }
 
-TEST_F(FieldTextTest, TheSameTextOfAnotherNumberStandsForThatOne) {
+TEST_F(NumberFieldsTest, TheSameTextOfAnotherNumberStandsForThatOne) {
   Type(u"1.112"_s);
   window.B->Write(u"1.112"_s, 1.11222);
   EXPECT_EQ(NumberIn(window.B), 1.11222);
@@ -258,7 +258,7 @@ TEST_F(FieldTextTest, TheSameTextOfAnotherNumberStandsForThatOne) {
   EXPECT_EQ(NumberIn(window.B), 1.11189);
 }
 
-TEST_F(FieldTextTest, WhatStandsNowhereStandsForNothing) {
+TEST_F(NumberFieldsTest, WhatStandsNowhereStandsForNothing) {
   window.A->Write(u""_s, 0.3);
   EXPECT_EQ(window.A->WrittenFrom(), std::nullopt);
   EXPECT_EQ(NumberIn(window.A), 0);
@@ -267,7 +267,7 @@ TEST_F(FieldTextTest, WhatStandsNowhereStandsForNothing) {
   EXPECT_EQ(NumberIn(window.A), 0);
 }
 
-TEST_F(FieldTextTest, ARewrittenNumberGoesOnStandingForWhatItWasWrittenFrom) {
+TEST_F(NumberFieldsTest, ARewrittenNumberGoesOnStandingForWhatItWasWrittenFrom) {
   window.A->Write(u"25.01"_s, 25.0083);
   RewriteNumber(window.A);
   EXPECT_EQ(window.A->text(), u"25.01"_s);
@@ -281,14 +281,14 @@ TEST_F(FieldTextTest, ARewrittenNumberGoesOnStandingForWhatItWasWrittenFrom) {
   EXPECT_EQ(NumberIn(window.A), 5.004);
 }
 
-TEST_F(FieldTextTest, ANumberFormattedAsItIsLeftStandsForWhatWasTyped) {
+TEST_F(NumberFieldsTest, ANumberFormattedAsItIsLeftStandsForWhatWasTyped) {
   window.A->setText(u"20.005"_s);
   RewriteFormatted(window.A, "00.00");
   EXPECT_EQ(window.A->text(), u"20.01"_s);
   EXPECT_EQ(NumberIn(window.A), 20.005);
 }
 
-TEST_F(FieldTextTest, WhatTheProgramWroteHasNoLimit) {
+TEST_F(NumberFieldsTest, WhatTheProgramWroteHasNoLimit) {
   WriteNumber(window.A, 10000);
   RepairWithin(window.A, 999);
   EXPECT_EQ(window.A->text(), u"10000"_s);
@@ -299,14 +299,14 @@ TEST_F(FieldTextTest, WhatTheProgramWroteHasNoLimit) {
   EXPECT_EQ(window.A->text(), u"100"_s);
 }
 
-TEST_F(FieldTextTest, TheSignOfWhatTheProgramWroteIsRepairedExactly) {
+TEST_F(NumberFieldsTest, TheSignOfWhatTheProgramWroteIsRepairedExactly) {
   window.A->Write(u"-0.333"_s, -1.0 / 3);
   RepairSign(window.A);
   EXPECT_EQ(window.A->text(), u"0.333333333333333"_s);
   EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
 }
 
-TEST_F(FieldTextTest, MinutesThatShowNoneAreNone) {
+TEST_F(NumberFieldsTest, MinutesThatShowNoneAreNone) {
   WriteMinutes(window.A, 1.0 / 3);
   EXPECT_EQ(window.A->text(), u"0.333"_s);
   EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
@@ -315,7 +315,7 @@ TEST_F(FieldTextTest, MinutesThatShowNoneAreNone) {
   EXPECT_EQ(NumberIn(window.A), 0);
 }
 
-TEST_F(FieldTextTest, WhatIsPutIntoTheFieldBeingEditedStandsSelected) {
+TEST_F(NumberFieldsTest, WhatIsPutIntoTheFieldBeingEditedStandsSelected) {
   FillBlank(window.A, u"1"_s);
   EXPECT_FALSE(window.A->hasSelectedText());
   FillBlank(window.B, u"1"_s);

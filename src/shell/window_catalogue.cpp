@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "shell/all_windows.h"
+#include "shell/window_catalogue.h"
 
 #include <functional>
 #include <memory>
@@ -20,7 +20,8 @@
 
 namespace brindle {
 
-void AddAllWindows(WindowList& windows, Services& services, const std::function<void()>& initDat) {
+void AddAllWindows(OwningWindowList& windows, Services& services,
+                   const std::function<void()>& initDat) {
   windows.Add(WindowId::BitrateCalc, [&] { return std::make_unique<BitrateCalc>(services); });
   windows.Add(WindowId::AudioCalc, [&] { return std::make_unique<AudioCalc>(services); });
   windows.Add(WindowId::HDCalc, [&] { return std::make_unique<HDCalc>(services); });

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/input/form.h"
+#include "base/interface.h"
 
 namespace brindle {
 
@@ -23,15 +24,8 @@ enum class WindowId {
 };
 
 /// The list of windows as a window sees it.
-class Windows {
+class WindowList : public Interface {
  public:
-  Windows() = default;
-  Windows(const Windows&) = delete;
-  Windows& operator=(const Windows&) = delete;
-  Windows(Windows&&) = delete;
-  Windows& operator=(Windows&&) = delete;
-  virtual ~Windows() = default;
-
   /// The one window of this kind. Creates it when it is not shown, without showing it: its next
   /// show creates it afresh, as after closing it.
   virtual Form& Load(WindowId id) = 0;
@@ -39,7 +33,7 @@ class Windows {
   /// Shows the one window of this kind, without making the others wait: creates it when it is not
   /// shown, else brings it to the front. What its creation throws comes out; no window is left
   /// then.
-  virtual void Show(WindowId id) = 0;
+  virtual void Open(WindowId id) = 0;
 
   /// Asks every window whether it may be closed, until one is against it; when none is, all are
   /// told that they will be.

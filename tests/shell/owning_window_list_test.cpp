@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "shell/window_list.h"
+#include "shell/owning_window_list.h"
 
 #include <memory>
 #include <stdexcept>
@@ -45,7 +45,7 @@ class WindowListTest : public ::testing::Test {
   }
 
   FakeDesktop desktop;
-  WindowList list{desktop};
+  OwningWindowList list{desktop};
   int made = 0;
   QPointer<Form> first;
   QPointer<Form> second;
@@ -53,27 +53,27 @@ class WindowListTest : public ::testing::Test {
 
 TEST_F(WindowListTest, AWindowIsMadeAtItsFirstShow) {
   EXPECT_EQ(made, 0);
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(made, 1);
   EXPECT_TRUE(first->isVisible());
   EXPECT_EQ(second, nullptr);
 }
 
 TEST_F(WindowListTest, AWindowHasNoOwnerAndHoldsUpNoOther) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(first->parent(), nullptr);
   EXPECT_FALSE(first->isModal());
 }
 
 TEST_F(WindowListTest, ShownAgainTheSameOneComesToTheFront) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
   const auto before = first;
-  list.Show(WindowId::HDCalc);
+  list.Open(WindowId::HDCalc);
   ASSERT_TRUE(QTest::qWaitForWindowActive(second, 10000));
   EXPECT_FALSE(first->isActiveWindow());
 
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_TRUE(QTest::qWaitForWindowActive(before, 10000));
   EXPECT_EQ(first, before);
   EXPECT_EQ(made, 1);
@@ -81,18 +81,18 @@ TEST_F(WindowListTest, ShownAgainTheSameOneComesToTheFront) {
 }
 
 TEST_F(WindowListTest, ShownAgainAMinimizedOneIsRestored) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   first->showMinimized();
   ASSERT_TRUE(first->isMinimized());
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_FALSE(first->isMinimized());
   EXPECT_TRUE(first->isVisible());
   EXPECT_EQ(made, 1);
 }
 
 TEST_F(WindowListTest, AClosedOneIsDestroyedFromTheEventLoop) {
-  list.Show(WindowId::QuickC);
-  list.Show(WindowId::HDCalc);
+  list.Open(WindowId::QuickC);
+  list.Open(WindowId::HDCalc);
   first->close();
   ASSERT_NE(first, nullptr) << "destroyed under its own event";
   EXPECT_FALSE(first->isVisible());
@@ -103,20 +103,20 @@ TEST_F(WindowListTest, AClosedOneIsDestroyedFromTheEventLoop) {
 }
 
 TEST_F(WindowListTest, AfterAClosedOneComesANewOne) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   first->close();
   RunEventLoop();
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(made, 2);
   ASSERT_NE(first, nullptr);
   EXPECT_TRUE(first->isVisible());
 }
 
 TEST_F(WindowListTest, ClosedAndShownBeforeTheEventLoopRunsTheNewOneStays) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   const auto old = first;
   old->close();
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(made, 2);
   ASSERT_NE(first, old);
   RunEventLoop();
@@ -124,7 +124,7 @@ TEST_F(WindowListTest, ClosedAndShownBeforeTheEventLoopRunsTheNewOneStays) {
   ASSERT_NE(first, nullptr);
   EXPECT_TRUE(first->isVisible());
 
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(made, 2) << "the new one is forgotten";
 }
 
@@ -137,7 +137,7 @@ TEST_F(WindowListTest, ALoadedWindowIsMadeButNotShown) {
 }
 
 TEST_F(WindowListTest, AShownOneIsLoadedAsOftenAsOneLikes) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   auto& loaded = list.Load(WindowId::QuickC);
   EXPECT_EQ(&list.Load(WindowId::QuickC), &loaded);
   EXPECT_NE(&list.Load(WindowId::HDCalc), &loaded);
@@ -147,7 +147,7 @@ TEST_F(WindowListTest, AShownOneIsLoadedAsOftenAsOneLikes) {
 TEST_F(WindowListTest, TheNextShowMakesALoadedOneAfresh) {
   list.Load(WindowId::QuickC);
   const QPointer<Form> loaded = first;
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   EXPECT_EQ(made, 2);
   RunEventLoop();
   EXPECT_EQ(loaded, nullptr);
@@ -164,9 +164,9 @@ TEST_F(WindowListTest, LoadedAgainBeforeItWasShownItIsMadeAfresh) {
 }
 
 TEST_F(WindowListTest, LoadingAShownOneGivesThatAndLeavesItWhereItIs) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
-  list.Show(WindowId::HDCalc);
+  list.Open(WindowId::HDCalc);
   ASSERT_TRUE(QTest::qWaitForWindowActive(second, 10000));
 
   EXPECT_EQ(&list.Load(WindowId::QuickC), first);
@@ -177,14 +177,14 @@ TEST_F(WindowListTest, LoadingAShownOneGivesThatAndLeavesItWhereItIs) {
 }
 
 TEST_F(WindowListTest, AMinimizedOneStaysMinimizedWhenLoaded) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   first->showMinimized();
   EXPECT_EQ(&list.Load(WindowId::QuickC), first);
   EXPECT_TRUE(first->isMinimized());
 }
 
 TEST_F(WindowListTest, AfterAClosedOneANewOneIsLoaded) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   const auto old = first;
   old->close();
   const auto* loaded = &list.Load(WindowId::QuickC);
@@ -198,7 +198,7 @@ TEST_F(WindowListTest, AfterAClosedOneANewOneIsLoaded) {
 
 TEST_F(WindowListTest, ALoadedOneThatWasShownAndClosedIsForgotten) {
   list.Load(WindowId::QuickC);
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   first->close();
   RunEventLoop();
   EXPECT_EQ(first, nullptr);
@@ -230,13 +230,13 @@ TEST_F(WindowListTest, AWindowThatCannotBeMadeLeavesNothingAndCanBeTriedAgain) {
     }
     return form;
   });
-  EXPECT_THROW(list.Show(WindowId::AspectRa), std::runtime_error);
+  EXPECT_THROW(list.Open(WindowId::AspectRa), std::runtime_error);
   EXPECT_EQ(third, nullptr);
-  EXPECT_THROW(list.Show(WindowId::AspectRa), std::runtime_error);
+  EXPECT_THROW(list.Open(WindowId::AspectRa), std::runtime_error);
   EXPECT_EQ(third, nullptr);
 
   fails = false;
-  list.Show(WindowId::AspectRa);
+  list.Open(WindowId::AspectRa);
   ASSERT_NE(third, nullptr);
   EXPECT_TRUE(third->isVisible());
 }
@@ -245,7 +245,7 @@ TEST_F(WindowListTest, WhatTheFactoryThrowsComesOut) {
   list.Add(WindowId::AspectRa,
            []() -> std::unique_ptr<Form> { throw std::runtime_error("it's 'slide.ocx'"); });
   try {
-    list.Show(WindowId::AspectRa);
+    list.Open(WindowId::AspectRa);
     ADD_FAILURE() << "nothing came out";
   } catch (const std::runtime_error& error) {
     EXPECT_STREQ(error.what(), "it's 'slide.ocx'");
@@ -256,7 +256,7 @@ TEST(WindowListEnd, TakesTheLoadedWindowsWithIt) {
   QPointer<Form> form;
   {
     FakeDesktop desktop;
-    WindowList list(desktop);
+    OwningWindowList list(desktop);
     list.Add(WindowId::QuickC, [] { return std::make_unique<Form>(u"First"_s, u"First"_s); });
     form = &list.Load(WindowId::QuickC);
     ASSERT_NE(form, nullptr);
@@ -268,20 +268,20 @@ TEST(WindowListEnd, TakesTheOpenWindowsWithIt) {
   QPointer<Form> form;
   {
     FakeDesktop desktop;
-    WindowList list(desktop);
+    OwningWindowList list(desktop);
     list.Add(WindowId::QuickC, [&] {
       auto made = std::make_unique<Form>(u"First"_s, u"First"_s);
       form = made.get();
       return made;
     });
-    list.Show(WindowId::QuickC);
+    list.Open(WindowId::QuickC);
     ASSERT_NE(form, nullptr);
   }
   EXPECT_EQ(form, nullptr);
 }
 
 TEST_F(WindowListTest, F1InAWindowOpensThePageOfItsName) {
-  list.Show(WindowId::QuickC);
+  list.Open(WindowId::QuickC);
   ASSERT_TRUE(QTest::qWaitForWindowActive(first, 10000));
   Key(Qt::Key_F1);
   EXPECT_EQ(desktop.pages, std::vector<std::string>{first->objectName().toStdString()});
@@ -312,7 +312,7 @@ TEST_F(RealWindows, ALoadedOneIsLoadedAfreshWhenItIsShown) {
 TEST_F(RealWindows, TheOldOneIsNotLoadedAgain) {
   auto* window = Open(WindowId::BitrateCalc);
   record.MovieLength = 90.5;
-  windows.Show(WindowId::BitrateCalc);
+  windows.Open(WindowId::BitrateCalc);
   EXPECT_EQ(Find<QLineEdit>(window, u"MLength"_s)->text(), u"100"_s);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "shell/window_list.h"
+#include "shell/owning_window_list.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,9 +13,9 @@
 
 namespace brindle {
 
-void WindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(factory); }
+void OwningWindowList::Add(WindowId id, Factory factory) { factories_[id] = std::move(factory); }
 
-Form& WindowList::Load(WindowId id) {
+Form& OwningWindowList::Load(WindowId id) {
   auto window = windows_.find(id);
   if (window != windows_.end() && !window->second->isVisible()) {
     // Loaded for once, and never shown: what it shows may be out of date.
@@ -32,7 +32,7 @@ Form& WindowList::Load(WindowId id) {
   return *window->second;
 }
 
-void WindowList::Show(WindowId id) {
+void OwningWindowList::Open(WindowId id) {
   auto& form = Load(id);
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   form.show();
@@ -40,7 +40,7 @@ void WindowList::Show(WindowId id) {
   form.activateWindow();
 }
 
-bool WindowList::AllAgreeToClose() {
+bool OwningWindowList::AllAgreeToClose() {
   // A question may be asked meanwhile, and windows come and go.
   std::vector<QPointer<Form>> open;
   for (const auto& [id, window] : windows_) {
@@ -55,13 +55,13 @@ bool WindowList::AllAgreeToClose() {
   return allAgree;
 }
 
-void WindowList::CloseAllUnasked() {
+void OwningWindowList::CloseAllUnasked() {
   for (const auto& [id, window] : windows_) {
     window->WillClose();
   }
 }
 
-void WindowList::Forget(WindowId id) {
+void OwningWindowList::Forget(WindowId id) {
   auto closed = windows_.extract(id);
   closed.mapped().release()->DeleteWhenLeft();
 }

@@ -64,7 +64,7 @@ void RepairText(TextField* field);
 void RepairSign(TextField* field);
 
 /// Repairs the text, then the sign, and gives the value; 0 for an empty field, which stays empty.
-double RepairedNumber(TextField* field);
+double RepairAndRead(TextField* field);
 
 /// Repairs the text, and shrinks a value above `limit` by tens; any other text stays as typed. What
 /// the program wrote has no limit: a press on it is to change nothing.
