@@ -13,6 +13,7 @@
 #include <random>
 #include <string>
 #include <unistd.h>
+#include <variant>
 #include <vector>
 
 #include <QApplication>
@@ -28,6 +29,7 @@
 #include "shell/window_catalogue.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
+#include "wav/pass.h"
 #include "wav/peak_scan.h"
 #include "wav/samples.h"
 
@@ -45,12 +47,10 @@ void Require(bool holds, const char* what) {
   }
 }
 
-class Undisturbed : public PassObserver, public TargetQuestions {
- public:
-  [[nodiscard]] bool Update(const PassProgress&) override { return true; }
-  [[nodiscard]] bool MayOverwrite() override { return true; }
-  void WorksInPlace() override {}
-};
+bool IsCompleted(Pass& pass) {
+  const auto end = RunToEnd(pass, [](const PassProgress&) { return true; });
+  return std::holds_alternative<PassCompleted>(end);
+}
 
 // Chords that swell and fade under some noise, 16-bit stereo at 44100 Hz, of this many megabytes.
 void Make(const Arguments& arguments) {
@@ -156,19 +156,20 @@ void FloorInPlace(const Arguments& arguments) {
 
 void Scan(const Arguments& arguments) {
   const SystemClock clock;
-  Undisturbed undisturbed;
-  const auto scan = ScanPeaks(arguments[0], clock, undisturbed);
-  Require(!scan.error && scan.lowest < -1000 && scan.highest > 1000, "the scan failed");
+  PeakScan scan(arguments[0], clock);
+  Require(IsCompleted(scan), "the scan failed");
+  const auto found = scan.Found();
+  Require(found.lowest < -1000 && found.highest > 1000, "there is no music in the file");
 }
 
 void Normalize(const PassFiles& files, Buffering buffering) {
   const SystemClock clock;
-  Undisturbed undisturbed;
-  Normalization pass;
-  Require(pass.Open(files, undisturbed) == Normalization::Opened::Yes, "the files do not open");
-  Require(
-      pass.Run(GainTable(Gain), buffering, clock, undisturbed) == Normalization::Ended::Completed,
-      "the pass failed");
+  Normalization pass(files);
+  const auto opened = pass.Open();
+  Require(opened.has_value(), "the files do not open");
+  Require(*opened == Normalization::Opened::Ready || pass.Overwrite(), "the target stays");
+  pass.Start(GainTable(Gain), buffering, clock);
+  Require(IsCompleted(pass), "the pass failed");
 }
 
 void PassMulti(const Arguments& arguments) {
@@ -181,18 +182,22 @@ void PassInPlace(const Arguments& arguments) {
   Normalize({arguments[0], {}, true}, Buffering::Multi);
 }
 
-// What the window asks for, answered at once.
+// What the window asks for, answered at once. The end of the pass is that of the program.
 class Answers : public MessageBoxes, public FileDialogs {
  public:
   explicit Answers(QString file) : file_(std::move(file)) {}
-  std::optional<BoxAnswer> Ask(QWidget*, const QString& text, BoxButtons buttons) override {
-    completed |= text.startsWith(QStringLiteral("WAV file was successfully normalized"));
-    return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+  void Ask(QWidget*, const QString& text, BoxButtons buttons,
+           const WhenAnswered& answered) override {
+    if (buttons == BoxButtons::Ok) {
+      QApplication::exit(
+          text.startsWith(QStringLiteral("WAV file was successfully normalized")) ? 0 : 1);
+    }
+    answered(buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::Yes);
   }
-  QString AskForExisting(QWidget*, const FileQuestion&) override { return file_; }
-  QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
-
-  bool completed = false;
+  void AskForExisting(QWidget*, const FileQuestion&, const WhenChosen& chosen) override {
+    chosen(file_);
+  }
+  void AskForTarget(QWidget*, const FileQuestion&, const QString&, const WhenChosen&) override {}
 
  private:
   QString file_;
@@ -203,6 +208,7 @@ void Window(const Arguments& arguments) {
   Settings record;
   record.WavRememberFolders = true;
   record.WavMultiBuffer = true;
+  record.WavAutoNormalize = true;
   record.WavNormalizePercent = 100;
   SystemClock clock;
   Answers answers(arguments.empty() ? QString() : arguments[0]);
@@ -216,13 +222,14 @@ void Window(const Arguments& arguments) {
   }
   AddAllWindows(windows, services, [] {});
   windows.Open(WindowId::WavNorm);
-  QApplication::processEvents();
-  if (!arguments.empty()) {
-    for (const auto* button : {"btnOpen", "btnScan", "btnNorm"}) {
-      windows.Load(WindowId::WavNorm).findChild<QPushButton*>(QString::fromLatin1(button))->click();
-    }
-    Require(answers.completed, "the window did not normalize the file");
+  if (arguments.empty()) {
+    QApplication::processEvents();
+    return;
   }
+  for (const auto* button : {"btnOpen", "btnScan"}) {
+    windows.Load(WindowId::WavNorm).findChild<QPushButton*>(QString::fromLatin1(button))->click();
+  }
+  Require(QApplication::exec() == 0, "the window did not normalize the file");
 }
 
 double ProcessorSeconds() {

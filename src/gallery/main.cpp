@@ -18,6 +18,7 @@
 #include <QPalette>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
 
 #include "gallery/normalizer_pictures.h"
 #include "gallery/recording.h"
@@ -42,11 +43,13 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
   void StartCalculator(QWidget*) override {}
   void OpenHelp(QWidget*, const QString&) override {}
   void OpenAddress(QWidget*, const QString&) override {}
-  std::optional<BoxAnswer> Ask(QWidget*, const QString&, BoxButtons) override {
-    return BoxAnswer::Ok;
+  void Ask(QWidget*, const QString&, BoxButtons, const WhenAnswered& answered) override {
+    answered(BoxAnswer::Ok);
   }
-  QString AskForExisting(QWidget*, const FileQuestion&) override { return recording_; }
-  QString AskForTarget(QWidget*, const FileQuestion&, const QString&) override { return {}; }
+  void AskForExisting(QWidget*, const FileQuestion&, const WhenChosen& chosen) override {
+    chosen(recording_);
+  }
+  void AskForTarget(QWidget*, const FileQuestion&, const QString&, const WhenChosen&) override {}
 
  private:
   QString recording_;
@@ -163,21 +166,26 @@ int TakeAll(const Gallery& gallery) {
         WindowId::DefaultW, WindowId::AboutWin, WindowId::WebUpdate}) {
     windows.Open(id);
   }
-  QApplication::processEvents();
-  bool saved = true;
-  for (auto* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible()) {
-      saved &= gallery.Take(*window);
-    }
-  }
   if (!WriteRecording(recording)) {
     std::cerr << "cannot write " << recording.toStdString() << '\n';
     return 1;
   }
+  bool isSaved = true;
   auto& normalizer = windows.Load(WindowId::WavNorm);
-  const bool seen = ShowNormalizerAtWork(
-      normalizer, [&](const QString& state) { saved &= gallery.Take(normalizer, state); });
-  return saved && seen ? 0 : 1;
+  NormalizerTour tour(normalizer,
+                      [&](const QString& state) { isSaved &= gallery.Take(normalizer, state); });
+  QObject::connect(&tour, &NormalizerTour::Ended, &tour,
+                   [&](bool isWhole) { QApplication::exit(isWhole && isSaved ? 0 : 1); });
+  // The windows have been laid out by then.
+  QTimer::singleShot(0, &tour, [&] {
+    for (auto* window : QApplication::topLevelWidgets()) {
+      if (window->isVisible()) {
+        isSaved &= gallery.Take(*window);
+      }
+    }
+    tour.Start();
+  });
+  return QApplication::exec();
 }
 
 int Run() {

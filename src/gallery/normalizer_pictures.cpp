@@ -3,9 +3,8 @@
 
 #include "gallery/normalizer_pictures.h"
 
-#include <functional>
+#include <utility>
 
-#include <QProgressBar>
 #include <QPushButton>
 #include <QString>
 #include <QTimer>
@@ -15,38 +14,51 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void Click(const QWidget& window, const QString& button) {
-  window.findChild<QPushButton*>(button)->click();
+NormalizerTour::NormalizerTour(QWidget& window, Take take)
+    : window_(window),
+      take_(std::move(take)),
+      status_(window.findChild<QLabel*>(u"Status"_s)),
+      progress_(window.findChild<QProgressBar*>(u"ProgBar"_s)) {
+  connect(&watch_, &QTimer::timeout, this, &NormalizerTour::Look);
 }
 
-// Clicks, and calls `take` when what the click began is well under way; false where it never was.
-bool ClickAndWatch(const QWidget& window, const QString& button,
-                   const std::function<void()>& take) {
+void NormalizerTour::Start() {
+  Click(u"btnOpen"_s);
+  take_(u"Open"_s);
+  Begin(u"btnScan"_s, u"Scanning"_s);
+  watch_.start(0);
+}
+
+void NormalizerTour::Click(const QString& button) {
+  window_.findChild<QPushButton*>(button)->click();
+}
+
+void NormalizerTour::Begin(const QString& button, const QString& state) {
+  state_ = state;
+  hasBegun_ = false;
+  isTaken_ = false;
+  Click(button);
+}
+
+void NormalizerTour::Look() {
   constexpr int wellUnderWay = 30;  // percent
-  const auto* progress = window.findChild<QProgressBar*>(u"ProgBar"_s);
-  QTimer watch;
-  bool taken = false;
-  QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-    if (!taken && progress->value() >= wellUnderWay) {
-      taken = true;
-      take();
-    }
-  });
-  watch.start(0);
-  Click(window, button);
-  return taken;
-}
-
-}  // namespace
-
-bool ShowNormalizerAtWork(QWidget& window, const std::function<void(const QString& state)>& take) {
-  Click(window, u"btnOpen"_s);
-  take(u"Open"_s);
-  const bool scanned = ClickAndWatch(window, u"btnScan"_s, [&] { take(u"Scanning"_s); });
-  take(u"Scanned"_s);
-  return ClickAndWatch(window, u"btnNorm"_s, [&] { take(u"Normalizing"_s); }) && scanned;
+  const bool isAtWork = !status_->text().isEmpty();
+  hasBegun_ |= isAtWork;
+  if (!isTaken_ && progress_->value() >= wellUnderWay) {
+    isTaken_ = true;
+    take_(state_);
+  }
+  if (isAtWork || !hasBegun_) {
+    return;
+  }
+  isWhole_ &= isTaken_;
+  if (state_ == u"Scanning"_s) {
+    take_(u"Scanned"_s);
+    Begin(u"btnNorm"_s, u"Normalizing"_s);
+  } else {
+    watch_.stop();
+    Q_EMIT Ended(isWhole_);
+  }
 }
 
 }  // namespace brindle

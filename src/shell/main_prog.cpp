@@ -5,12 +5,11 @@
 
 #include <array>
 #include <exception>
+#include <functional>
 #include <utility>
-#include <variant>
 
 #include <QByteArray>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QIcon>
@@ -175,19 +174,16 @@ void MainProg::Form_Load() {
 
   const SettingsFile file(record.AppFolder);
   file.SweepLeftovers();
-  const auto content = file.Read();
-  if (const auto* error = std::get_if<FileError>(&content)) {
-    UseDefaultsUnsaved(CannotRead(*error));
-    return;
-  }
-  const auto& bytes = std::get<QByteArray>(content);
-  if (bytes.isEmpty()) {
+  const auto bytes = file.Read();
+  if (!bytes) {
+    UseDefaultsUnsaved(CannotRead(bytes.error()));
+  } else if (bytes->isEmpty()) {
     InitDat();
-  } else if (!ReadSettings(bytes)) {
-    if (const auto error = file.KeepUnusable()) {
-      UseDefaultsUnsaved(CannotWrite(*error));
-    } else {
+  } else if (!ReadSettings(*bytes)) {
+    if (const auto kept = file.KeepUnusable()) {
       InitDat();
+    } else {
+      UseDefaultsUnsaved(CannotWrite(kept.error()));
     }
   }
 }
@@ -205,19 +201,23 @@ bool MainProg::ReadSettings(const QByteArray& bytes) {
 void MainProg::UseDefaultsUnsaved(const QString& reason) {
   ResetToBuiltIn(services_.record);
   SaveOnExit->setChecked(false);
-  services_.boxes.Ask(this, reason, BoxButtons::Ok);
+  services_.boxes.Tell(this, reason);
 }
 
 void MainProg::InitDat() {
   ResetToBuiltIn(services_.record);
   SaveOnExit->setChecked(true);
-  WriteSettings();
+  WriteSettings([] {});
 }
 
-void MainProg::WriteSettings() {
+void MainProg::WriteSettings(const std::function<void()>& then) {
   const SettingsFile file(services_.record.AppFolder);
-  if (const auto error = file.Write(WriteLines(services_.record, SaveOnExit->isChecked()))) {
-    services_.boxes.Ask(this, CannotWrite(*error), BoxButtons::Ok);
+  const auto written = file.Write(WriteLines(services_.record, SaveOnExit->isChecked()));
+  if (written) {
+    then();
+  } else {
+    services_.boxes.Ask(this, CannotWrite(written.error()), BoxButtons::Ok,
+                        [then](BoxAnswer) { then(); });
   }
 }
 
@@ -227,19 +227,21 @@ void MainProg::CloseUnasked() {
   close();
 }
 
-void MainProg::closeEvent(QCloseEvent* event) {
-  // Before anything is saved.
-  if (!unloaded_ && !isUnasked_ && !services_.windows.AllAgreeToClose()) {
-    // The system may want the end while a question stands: then no answer counts.
-    if (!isUnasked_) {
-      event->ignore();
-      return;
-    }
+// The windows may be against it; they are asked before anything is saved.
+void MainProg::AskToClose(const std::function<void()>& agreed) {
+  if (isUnasked_) {
+    Unload(agreed);
+  } else {
+    services_.windows.AskAllToClose([this, agreed] { Unload(agreed); });
   }
-  if (!std::exchange(unloaded_, true) && SaveOnExit->isChecked()) {
-    WriteSettings();
+}
+
+void MainProg::Unload(const std::function<void()>& then) {
+  if (std::exchange(unloaded_, true) || !SaveOnExit->isChecked()) {
+    then();
+  } else {
+    WriteSettings(then);
   }
-  Form::closeEvent(event);
 }
 
 void MainProg::VideoBC_Click() { services_.windows.Open(WindowId::BitrateCalc); }
@@ -254,7 +256,9 @@ void MainProg::Adremove_Click() { RemoveStartUpEntry(this, services_.boxes, serv
 void MainProg::HelpWin_Click() { services_.desktop.OpenHelp(this, FirstHelpPage.toString()); }
 void MainProg::Update_Click() { services_.windows.Open(WindowId::WebUpdate); }
 void MainProg::Defaults_Click() { services_.windows.Open(WindowId::DefaultW); }
-void MainProg::SaveSettings_Click() { WriteSettings(); }
+void MainProg::SaveSettings_Click() {
+  WriteSettings([] {});
+}
 void MainProg::About_Click() { services_.windows.Open(WindowId::AboutWin); }
 void MainProg::Webs_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
@@ -267,7 +271,7 @@ void MainProg::GuardedShow(WindowId id) {
         u"You are missing a shared library file ("_s + QuotedPart(QString::fromUtf8(error.what())) +
         u"). Please visit the program homepage\r\nat : "_s + services_.product.website +
         u" and download the FULL installation package."_s;
-    services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue);
+    services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue, [](BoxAnswer) {});
   }
 }
 

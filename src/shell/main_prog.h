@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QByteArray>
 #include <QCheckBox>
 #include <QPushButton>
@@ -31,19 +33,21 @@ class MainProg : public Form {
   /// SaveOnExit and writes the file.
   void InitDat();
 
-  /// Writes the record and the box to the file; a failure is told in one box.
-  void WriteSettings();
+  /// Writes the record and the box to the file; a failure is told in one box. `then` runs when all
+  /// that is over.
+  void WriteSettings(const std::function<void()>& then);
 
   /// Closes the window, and the program with it, because the system wants it: no window is asked.
   void CloseUnasked();
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
+  void AskToClose(const std::function<void()>& agreed) override;
 
  private:
   void MakeLayout();
   void WireEvents();
   void Form_Load();
+  void Unload(const std::function<void()>& then);
   bool ReadSettings(const QByteArray& bytes);
   void UseDefaultsUnsaved(const QString& reason);
 

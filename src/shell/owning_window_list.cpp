@@ -4,10 +4,8 @@
 #include "shell/owning_window_list.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
-#include <vector>
-
-#include <QPointer>
 
 #include "base/input/form.h"
 
@@ -40,19 +38,14 @@ void OwningWindowList::Open(WindowId id) {
   form.activateWindow();
 }
 
-bool OwningWindowList::AllAgreeToClose() {
-  // A question may be asked meanwhile, and windows come and go.
-  std::vector<QPointer<Form>> open;
-  for (const auto& [id, window] : windows_) {
-    open.emplace_back(window.get());
-  }
-  const bool allAgree = std::all_of(open.begin(), open.end(), [](const QPointer<Form>& window) {
-    return window == nullptr || window->AgreesToClose();
+void OwningWindowList::AskAllToClose(const std::function<void()>& agreed) {
+  const bool allAgree = std::all_of(windows_.begin(), windows_.end(), [&](const auto& window) {
+    return window.second->MayClose([this, agreed] { AskAllToClose(agreed); });
   });
   if (allAgree) {
     CloseAllUnasked();
+    agreed();
   }
-  return allAgree;
 }
 
 void OwningWindowList::CloseAllUnasked() {
@@ -63,7 +56,7 @@ void OwningWindowList::CloseAllUnasked() {
 
 void OwningWindowList::Forget(WindowId id) {
   auto closed = windows_.extract(id);
-  closed.mapped().release()->DeleteWhenLeft();
+  closed.mapped().release()->deleteLater();
 }
 
 }  // namespace brindle

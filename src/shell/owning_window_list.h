@@ -32,7 +32,7 @@ class OwningWindowList : public QObject, public WindowList {
 
   Form& Load(WindowId id) override;
   void Open(WindowId id) override;
-  [[nodiscard]] bool AllAgreeToClose() override;
+  void AskAllToClose(const std::function<void()>& agreed) override;
   void CloseAllUnasked() override;
 
  private:

@@ -33,12 +33,12 @@ void Program::ShowMainProg() {
   splash_.release()->deleteLater();
   mainProg_ = std::make_unique<MainProg>(services_, folders_);
   connect(mainProg_.get(), &MainProg::Closed, this, &Program::HideAllAndExit);
-  if (ended_) {
-    return;
-  }
-  mainProg_->show();
-  mainProg_->raise();
-  mainProg_->activateWindow();
+  // Something may have to be said about the settings first.
+  modal_.WhenNoneIsOpen([this] {
+    mainProg_->show();
+    mainProg_->raise();
+    mainProg_->activateWindow();
+  });
 }
 
 void Program::End() {

@@ -101,7 +101,7 @@ void SystemDesktop::TellLater(const Asker& asker, const Command& command, const 
   const QString text = u"Cannot start "_s + command.name + u": "_s + reason;
   clock_.After(0, &lifetime_, [this, asker, text] {
     const bool stands = asker != nullptr && asker->isVisible();
-    boxes_.Ask(stands ? asker.data() : QApplication::activeWindow(), text, BoxButtons::Ok);
+    boxes_.Tell(stands ? asker.data() : QApplication::activeWindow(), text);
   });
 }
 

@@ -28,7 +28,7 @@ void AddAllWindows(OwningWindowList& windows, Services& services,
   windows.Add(WindowId::AVISplit, [&] { return std::make_unique<AVISplit>(services); });
   windows.Add(WindowId::QuickC, [&] { return std::make_unique<QuickC>(services); });
   windows.Add(WindowId::AspectRa, [&] { return std::make_unique<AspectRa>(services); });
-  windows.Add(WindowId::WavNorm, [&] { return std::make_unique<WavNorm>(services); });
+  windows.Add(WindowId::WavNorm, [&] { return MakeWavNorm(services); });
   windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
   windows.Add(WindowId::AboutWin, [&] { return std::make_unique<AboutWin>(services); });
   windows.Add(WindowId::WebUpdate, [&] { return std::make_unique<WebUpdate>(services); });

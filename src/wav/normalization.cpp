@@ -6,22 +6,19 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
-#include <variant>
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QString>
-#include <QThread>
 
 #include "base/files/at_path.h"
 #include "wav/gain.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 #include "wav/samples.h"
 #include "wav/system_files.h"
+#include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
 
@@ -43,238 +40,267 @@ bool TargetIsSource(const PassFiles& files) {
   return files.target == files.source || LeadToSameFile(files.source, files.target);
 }
 
+tl::unexpected<WavError> CannotWriteTarget(const FileError& error) {
+  return tl::unexpected(WavError{WavError::Failed::Writing, error});
+}
+
 }  // namespace
 
-Normalization::Opened Normalization::Open(const PassFiles& files, TargetQuestions& questions) {
-  if (!Succeeded(input_.OpenForReading(files.source))) {
-    return Opened::Failed;
+WavResult<Normalization::Opened> Normalization::Open() {
+  const auto data =
+      input_.OpenForReading(files_.source).and_then([this] { return LocateData(input_); });
+  if (!data) {
+    return tl::unexpected(data.error());
   }
-  const auto located = LocateData(input_);
-  if (const auto* error = std::get_if<WavError>(&located)) {
-    error_ = *error;
-    return Opened::Failed;
+  data_ = *data;
+  files_.isInPlace = files_.isInPlace || TargetIsSource(files_);
+  if (files_.isInPlace) {
+    return input_.OpenForChanging(files_.source).map([] { return Opened::Ready; });
   }
-  data_ = std::get<SampleData>(located);
-  buffer_.resize(BlockWords);
-
-  isInPlace_ = files.isInPlace;
-  if (!isInPlace_ && TargetIsSource(files)) {
-    isInPlace_ = true;
-    questions.WorksInPlace();
-  }
-  if (isInPlace_) {
-    return Succeeded(input_.OpenForChanging(files.source)) ? Opened::Yes : Opened::Failed;
-  }
-  if (!OpenTarget(files, questions)) {
-    return error_ ? Opened::Failed : Opened::Refused;
-  }
-  return Copy(1, std::min(data_.start - 1, data_.fileLength)) ? Opened::Yes : Opened::Failed;
+  return OpenTarget();
 }
 
 // A target that cannot be written shows here, before it is deleted and before a byte is written.
-bool Normalization::OpenTarget(const PassFiles& files, TargetQuestions& questions) {
-  const auto& target = files.target;
+WavResult<Normalization::Opened> Normalization::OpenTarget() {
+  const auto& target = files_.target;
   if (!IsAbsolute(target)) {
-    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"not an absolute path"_s)};
-    return false;
+    return CannotWriteTarget(ErrorOf(target, u"not an absolute path"_s));
   }
-  if (!Succeeded(output_.OpenOrCreate(target))) {
-    return false;
+  const auto length = output_.OpenOrCreate(target).and_then(
+      [this] { return output_.Length(WavError::Failed::Writing); });
+  if (!length) {
+    return tl::unexpected(length.error());
   }
-  const auto length = output_.Length(WavError::Failed::Writing);
-  if (const auto* error = std::get_if<WavError>(&length)) {
-    error_ = *error;
-    return false;
-  }
-  if (std::get<qint64>(length) == 0) {
-    return true;
+  if (*length == 0) {
+    return CopyHead().map([] { return Opened::Ready; });
   }
   output_.Close();
-  if (!questions.MayOverwrite()) {
-    return false;
-  }
+  return Opened::AsksToOverwrite;
+}
+
+WavResult<void> Normalization::Overwrite() {
+  const auto& target = files_.target;
   // The question may have stood for long.
-  if (TargetIsSource(files)) {
-    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, u"it became the source"_s)};
-    return false;
+  if (TargetIsSource(files_)) {
+    return CannotWriteTarget(ErrorOf(target, u"it became the source"_s));
   }
   QFile old(target);
   if (!old.remove()) {
-    error_ = WavError{WavError::Failed::Writing, ErrorOf(target, old)};
-    return false;
+    return CannotWriteTarget(ErrorOf(target, old));
   }
-  return Succeeded(output_.OpenOrCreate(target));
+  return output_.OpenOrCreate(target).and_then([this] { return CopyHead(); });
 }
 
-Normalization::Ended Normalization::Run(const GainTable& table, Buffering buffering,
-                                        const Clock& clock, PassObserver& observer) {
-  PassTimer timer(clock, observer, data_.fileLength);
+void Normalization::Start(GainTable table, Buffering buffering, const Clock& clock) {
+  table_ = std::move(table);
+  timer_.emplace(clock, data_.fileLength);
+  phase_ = buffering == Buffering::Multi ? Phase::ManyBlocks : Phase::SingleBlocks;
   position_ = data_.start;
-  if (!(buffering == Buffering::Multi ? MapMulti(table, timer) : MapSingle(table, timer))) {
-    return error_ ? Ended::Failed : Ended::Aborted;
+}
+
+PassState Normalization::Advance() {
+  while (phase_ != Phase::Done) {
+    const auto step = Work();
+    if (!step) {
+      return step.error();
+    }
+    if (*step) {
+      return PassGoesOn{**step};
+    }
   }
-  if (!isInPlace_ && !Copy(position_, data_.fileLength)) {
-    return Ended::Failed;
+  return PassCompleted{};
+}
+
+PassState Normalization::Abort() {
+  return phase_ == Phase::Sync ? Advance() : PassState(PassAborted{});
+}
+
+Normalization::Step Normalization::Work() {
+  switch (phase_) {
+    case Phase::ManyBlocks:
+      return MapManyBlocks();
+    case Phase::TailBlocks:
+      return MapTailBlock();
+    case Phase::TailWords:
+      return MapTailWords();
+    case Phase::SingleBlocks:
+      return MapSingleBlock();
+    case Phase::SingleWords:
+      return MapSingleWords();
+    case Phase::Rest:
+      return CopyRest();
+    case Phase::Sync:
+      return AwaitDisk();
+    case Phase::Done:
+      break;
+  }
+  return std::nullopt;
+}
+
+// All blocks are read before any is written. Each is mapped while the processor has it at hand.
+Normalization::Step Normalization::MapManyBlocks() {
+  if (position_ > data_.BlockEnd(MultiSize)) {
+    return GoOnTo(Phase::TailBlocks);
+  }
+  buffer_.resize(MultiBlocks * BlockWords);
+  for (qint64 block = 0; block < MultiBlocks; ++block) {
+    if (auto read = ReadMapped(position_ + block * BlockSize, BlockOf(buffer_, block)); !read) {
+      return tl::unexpected(read.error());
+    }
+  }
+  // One write of all of them takes the system nearly twice as long.
+  for (qint64 block = 0; block < MultiBlocks; ++block) {
+    const auto samples = BlockOf(buffer_, block);
+    if (auto written = Write(position_ + block * BlockSize, BytesOf(samples)); !written) {
+      return tl::unexpected(written.error());
+    }
+  }
+  return GoOnBy(MultiSize, UpdateInterval::Half);
+}
+
+Normalization::Step Normalization::MapTailBlock() {
+  if (data_.fileLength - position_ <= BlockSize) {
+    return GoOnTo(Phase::TailWords);
+  }
+  return MapBlock(BlockWords).map([this]() -> std::optional<PassProgress> {
+    position_ += BlockSize;
+    return std::nullopt;
+  });
+}
+
+// Words are read at once, and written when progress, which is due after any word, is shown.
+Normalization::Step Normalization::MapTailWords() {
+  if (auto read = ReadTail(); !read) {
+    return tl::unexpected(read.error());
+  }
+  while (tail_->mapped < tail_->words) {
+    auto& sample = buffer_[tail_->mapped];
+    sample = (*table_)(sample);
+    ++tail_->mapped;
+    const auto step = GoOnBy(WordSize, UpdateInterval::Quarter);
+    if (*step) {
+      return WriteTail().map([&] { return *step; });
+    }
+  }
+  return WriteTail().and_then([this] { return GoOnTo(Phase::Rest); });
+}
+
+Normalization::Step Normalization::MapSingleBlock() {
+  if (position_ > data_.BlockEnd(BlockSize)) {
+    return GoOnTo(Phase::SingleWords);
+  }
+  return MapBlock(BlockWords).and_then([this] {
+    return GoOnBy(BlockSize, UpdateInterval::Quarter);
+  });
+}
+
+// The words behind the blocks, a block of them at a time, unwatched.
+Normalization::Step Normalization::MapSingleWords() {
+  const auto words = std::min<qint64>(WordsUpTo(position_, data_.LastWord()), BlockWords);
+  if (words == 0) {
+    return GoOnTo(Phase::Rest);
+  }
+  return MapBlock(static_cast<std::size_t>(words)).map([&]() -> std::optional<PassProgress> {
+    position_ += words * WordSize;
+    return std::nullopt;
+  });
+}
+
+Normalization::Step Normalization::CopyRest() {
+  const auto copied = files_.isInPlace ? WavResult<void>() : Copy(position_, data_.fileLength);
+  return copied.and_then([this] { return GoOnTo(Phase::Sync); });
+}
+
+// All is written, so that nothing ends the pass any more.
+Normalization::Step Normalization::AwaitDisk() {
+  constexpr std::chrono::milliseconds betweenLooks(50);
+  if (!sync_) {
+    sync_.emplace(Output());
+  }
+  auto synced = sync_->Await(betweenLooks);
+  for (; !synced; synced = sync_->Await(betweenLooks)) {
+    if (timer_->IsDue(UpdateInterval::Half)) {
+      return timer_->ProgressAt(data_.fileLength);
+    }
   }
   // In place nothing after the last word is the pass's own.
-  const auto length = isInPlace_ ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
-  if (!SyncOutput(timer) || !Succeeded(Output().CheckStands(length))) {
-    return Ended::Failed;
-  }
-  throughput_ = timer.Throughput(data_.fileLength);
-  return Ended::Completed;
+  const auto length =
+      files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
+  return synced->and_then([&] { return Output().CheckStands(length); }).and_then([this] {
+    throughput_ = timer_->Throughput(data_.fileLength);
+    return GoOnTo(Phase::Done);
+  });
 }
 
-bool Normalization::MapMulti(const GainTable& table, PassTimer& timer) {
-  const qint64 blockEnd = data_.BlockEnd(MultiSize);
-  if (position_ <= blockEnd) {
-    buffer_.resize(MultiBlocks * BlockWords);
-  }
-  for (; position_ <= blockEnd; position_ += MultiSize) {
-    // All blocks are read before any is written. Each is mapped while the processor has it at hand.
-    for (qint64 block = 0; block < MultiBlocks; ++block) {
-      if (!ReadMapped(table, position_ + block * BlockSize, BlockOf(buffer_, block))) {
-        return false;
-      }
-    }
-    // One write of all of them takes the system nearly twice as long.
-    for (qint64 block = 0; block < MultiBlocks; ++block) {
-      const auto samples = BlockOf(buffer_, block);
-      if (!Write(position_ + block * BlockSize, BytesOf(samples))) {
-        return false;
-      }
-    }
-    if (!timer.GoesOn(position_, UpdateInterval::Half)) {
-      return false;
-    }
-  }
-  for (; data_.fileLength - position_ > BlockSize; position_ += BlockSize) {
-    if (!MapBlock(table, BlockWords)) {
-      return false;
-    }
-  }
-  return MapWordsWatched(table, timer);
+Normalization::Step Normalization::GoOnTo(Phase phase) {
+  phase_ = phase;
+  return std::nullopt;
 }
 
-bool Normalization::MapSingle(const GainTable& table, PassTimer& timer) {
-  const qint64 blockEnd = data_.BlockEnd(BlockSize);
-  for (; position_ <= blockEnd; position_ += BlockSize) {
-    if (!MapBlock(table, BlockWords) || !timer.GoesOn(position_, UpdateInterval::Quarter)) {
-      return false;
-    }
-  }
-  // The words behind the blocks, a block of them at a time, unwatched.
-  for (qint64 words = WordsUpTo(position_, data_.LastWord()); words > 0;) {
-    const qint64 piece = std::min<qint64>(words, BlockWords);
-    if (!MapBlock(table, static_cast<std::size_t>(piece))) {
-      return false;
-    }
-    position_ += piece * WordSize;
-    words -= piece;
-  }
-  return true;
+// Progress is that of the beginning of what was done.
+Normalization::Step Normalization::GoOnBy(qint64 bytes, UpdateInterval interval) {
+  const qint64 begun = std::exchange(position_, position_ + bytes);
+  return timer_->IsDue(interval) ? std::optional(timer_->ProgressAt(begun)) : std::nullopt;
 }
 
-bool Normalization::MapBlock(const GainTable& table, std::size_t words) {
+WavResult<void> Normalization::MapBlock(std::size_t words) {
   const auto samples = Samples(buffer_).first(words);
-  return ReadMapped(table, position_, samples) && Write(position_, BytesOf(samples));
+  return ReadMapped(position_, samples).and_then([&] {
+    return Write(position_, BytesOf(samples));
+  });
 }
 
-// Words are read at once, and written when the observer, whom any word can be told to, is told. No
-// more than one block of them is left behind the blocks.
-bool Normalization::MapWordsWatched(const GainTable& table, PassTimer& timer) {
-  const qint64 first = position_;
-  const auto words = static_cast<std::size_t>(WordsUpTo(first, data_.LastWord()));
-  const qint64 end = first - 1 + static_cast<qint64>(words) * WordSize;
-  const auto samples = Samples(buffer_).first(words);
-  if (!Succeeded(input_.Read(first, BytesOf(samples)))) {
-    return false;
-  }
-  std::size_t written = 0;
-  const auto writeUpTo = [&](std::size_t word) {
-    const auto mapped = samples.subspan(written, word - written);
-    const qint64 at = first + static_cast<qint64>(written) * WordSize;
-    written = word;
-    return Write(at, BytesOf(mapped));
-  };
-  for (std::size_t word = 0; word < words; ++word) {
-    samples[word] = table(samples[word]);
-    if (timer.IsDue(UpdateInterval::Quarter)) {
-      if (!writeUpTo(word + 1) || !timer.Update(position_)) {
-        return false;
-      }
-      // The words were read before the observer was told: no read finds out that they are gone.
-      if (!Succeeded(input_.CheckReaches(end, WavError::Failed::Reading))) {
-        return false;
-      }
-    }
-    position_ += WordSize;
-  }
-  return writeUpTo(words);
+WavResult<void> Normalization::ReadMapped(qint64 position, Samples samples) {
+  return input_.Read(position, BytesOf(samples)).map([&] { table_->Map(samples); });
 }
 
-bool Normalization::ReadMapped(const GainTable& table, qint64 position, Samples samples) {
-  if (!Succeeded(input_.Read(position, BytesOf(samples)))) {
-    return false;
+// No more than one block of words is left after the blocks. They were read before progress was
+// shown: no read finds out that they are gone since.
+WavResult<void> Normalization::ReadTail() {
+  if (tail_) {
+    const qint64 end = tail_->first - 1 + static_cast<qint64>(tail_->words) * WordSize;
+    return input_.CheckReaches(end, WavError::Failed::Reading);
   }
-  table.Map(samples);
-  return true;
+  const auto words = static_cast<std::size_t>(WordsUpTo(position_, data_.LastWord()));
+  tail_ = {.first = position_, .words = words};
+  return input_.Read(position_, BytesOf(Samples(buffer_).first(words)));
 }
 
-bool Normalization::Copy(qint64 position, qint64 end) {
+WavResult<void> Normalization::WriteTail() {
+  const auto written = std::exchange(tail_->written, tail_->mapped);
+  const auto mapped = Samples(buffer_).subspan(written, tail_->mapped - written);
+  return Write(tail_->first + static_cast<qint64>(written) * WordSize, BytesOf(mapped));
+}
+
+WavResult<void> Normalization::CopyHead() {
+  return Copy(1, std::min(data_.start - 1, data_.fileLength));
+}
+
+WavResult<void> Normalization::Copy(qint64 position, qint64 end) {
   const auto buffer = BytesOf(buffer_);
   while (position <= end) {
     const auto size = std::min<qint64>(end - position + 1, static_cast<qint64>(buffer.size()));
     const auto piece = buffer.first(static_cast<std::size_t>(size));
-    if (!Succeeded(input_.Read(position, piece)) || !Write(position, piece)) {
-      return false;
+    const auto copied =
+        input_.Read(position, piece).and_then([&] { return Write(position, piece); });
+    if (!copied) {
+      return copied;
     }
     position += size;
   }
-  return true;
+  return {};
 }
 
 // Written past the end of a file that was cut short meanwhile, the bytes would leave a hole.
-bool Normalization::Write(qint64 position, std::span<const std::byte> bytes) {
+WavResult<void> Normalization::Write(qint64 position, std::span<const std::byte> bytes) {
   if (bytes.empty()) {
-    return true;
+    return {};
   }
   const qint64 end = position - 1 + static_cast<qint64>(bytes.size());
-  return Succeeded(isInPlace_ ? input_.CheckReaches(end, WavError::Failed::Reading)
-                              : output_.CheckReaches(position - 1, WavError::Failed::Writing)) &&
-         Succeeded(Output().Write(position, bytes));
-}
-
-// All is written, so that no answer of the observer ends the pass any more. But the disk may take
-// long, and the window must live meanwhile.
-bool Normalization::SyncOutput(PassTimer& timer) {
-  constexpr std::chrono::milliseconds betweenLooks(50);
-  std::optional<WavError> error;
-  bool isDone = false;
-  const auto sync = [&] {
-    error = Output().Sync();
-    isDone = true;
-  };
-  const auto await = [](QThread* thread) {
-    thread->wait();
-    delete thread;
-  };
-  const std::unique_ptr<QThread, decltype(await)> thread(QThread::create(sync), await);
-  thread->start();
-  while (!thread->wait(QDeadlineTimer(betweenLooks))) {
-    // The answer comes too late to change anything.
-    [[maybe_unused]] const bool goesOn = timer.GoesOn(data_.fileLength, UpdateInterval::Half);
-  }
-  // The system may have no thread to give.
-  if (!isDone) {
-    sync();
-  }
-  return Succeeded(error);
-}
-
-bool Normalization::Succeeded(std::optional<WavError> error) {
-  error_ = std::move(error);
-  return !error_;
+  const auto reaches = files_.isInPlace
+                           ? input_.CheckReaches(end, WavError::Failed::Reading)
+                           : output_.CheckReaches(position - 1, WavError::Failed::Writing);
+  return reaches.and_then([&] { return Output().Write(position, bytes); });
 }
 
 }  // namespace brindle

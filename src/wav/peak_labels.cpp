@@ -3,27 +3,15 @@
 
 #include "wav/peak_labels.h"
 
-#include <cstdint>
-
 #include <QLabel>
 #include <QString>
 
 #include "base/input/labels.h"
 #include "base/input/layout.h"
-#include "base/numbers/numeric_text.h"
-#include "base/numbers/rounding.h"
 
 namespace brindle {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::int16_t LevelIn(const QLabel* label) {
-  return ToInteger16(NumberOf(label->text().toStdString()));
-}
-
-}  // namespace
 
 PeakLabels::PeakLabels()
     : Label1(MakeLabel(u"Label1"_s, u"Peaks:"_s, u"Detected peaks"_s)),
@@ -35,13 +23,10 @@ PeakLabels::PeakLabels()
 
 QBoxLayout* PeakLabels::Line() { return Across({Label1, MinV, MaxV}, Spacing); }
 
-void PeakLabels::Write(std::int16_t lowest, std::int16_t highest) {
-  MinV->Write(QString::number(lowest));
-  MaxV->Write(QString::number(highest));
+void PeakLabels::Write(Peaks peaks) {
+  MinV->Write(QString::number(peaks.lowest));
+  MaxV->Write(QString::number(peaks.highest));
 }
-
-std::int16_t PeakLabels::Lowest() const { return LevelIn(MinV); }
-std::int16_t PeakLabels::Highest() const { return LevelIn(MaxV); }
 
 void PeakLabels::SetVisible(bool visible) {
   Label1->setVisible(visible);

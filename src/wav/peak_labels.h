@@ -3,25 +3,21 @@
 
 #pragma once
 
-#include <cstdint>
-
 #include <QLabel>
 
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "wav/peak_scan.h"
 
 namespace brindle {
 
-/// The labels of the normalizer that show the peaks of the last scan, and keep them for the
-/// normalization, whichever file is open by then.
+/// The labels of the normalizer that show the peaks of the last scan.
 class PeakLabels {
  public:
   PeakLabels();
   [[nodiscard]] QBoxLayout* Line();
 
-  void Write(std::int16_t lowest, std::int16_t highest);
-  [[nodiscard]] std::int16_t Lowest() const;
-  [[nodiscard]] std::int16_t Highest() const;
+  void Write(Peaks peaks);
 
   void ShowPeaks() { SetVisible(true); }
   void HidePeaks() { SetVisible(false); }

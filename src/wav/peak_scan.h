@@ -3,24 +3,26 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include <QString>
 
 #include "base/time/clock.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
+#include "wav/samples.h"
+#include "wav/wav_error.h"
 #include "wav/wav_file.h"
+#include "wav/wav_header.h"
 
 namespace brindle {
 
-/// What a scan found.
-struct PeakScan {
-  std::int16_t lowest = 0;        ///< the lowest level seen, never above 0
-  std::int16_t highest = 0;       ///< the highest level seen, never below 0
-  float throughput = 0;           ///< MB/s (1024 * 1024 bytes); 0 where no time has passed
-  bool isAborted = false;         ///< the observer ended it; the levels are those seen until then
-  std::optional<WavError> error;  ///< ended it as well
+/// The lowest and the highest of some sample levels.
+struct Peaks {
+  std::int16_t lowest = 0;   ///< never above 0
+  std::int16_t highest = 0;  ///< never below 0
 };
 
 /// Which words of the samples a scan looks at.
@@ -32,11 +34,60 @@ struct PeakScan {
 /// counts as a word.
 enum class Coverage { Usual, EveryWord };
 
-/// Finds the lowest and highest sample level of a file. The observer is told at most every half
-/// second, after a block. The throughput is that of the end's position *plus* the samples' start,
-/// deliberately: figures of older versions stay comparable.
-[[nodiscard]] PeakScan ScanPeaks(const QString& source, const Clock& clock, PassObserver& observer,
-                                 Coverage coverage = Coverage::Usual);
+/// The levels that were seen: one store a sample; lowest and highest are looked up once, at the
+/// end.
+class SeenLevels {
+ public:
+  void Add(Samples samples);
+  [[nodiscard]] Peaks Ends() const;
+
+ private:
+  // Flags of a whole byte: a single bit would have to be read first.
+  std::vector<std::uint8_t> flags_ = std::vector<std::uint8_t>(LevelCount);
+};
+
+/// What a scan of some samples reads: whole blocks from their start on, then single words.
+struct ScanLoops {
+  qint64 blockEnd = 0;   ///< the last position at which a block is read
+  qint64 words = 0;      ///< the first position of a single word
+  qint64 unblocked = 0;  ///< the first position after the blocks
+};
+
+/// Finds the lowest and highest sample level of a file. Its progress is due at most every half
+/// second, after a block.
+class PeakScan : public Pass {
+ public:
+  PeakScan(const QString& source, const Clock& clock, Coverage coverage = Coverage::Usual);
+
+  [[nodiscard]] PassState Advance() override;
+  [[nodiscard]] PassState Abort() override;
+
+  /// Of what was seen until the scan ended, in whatever way.
+  [[nodiscard]] Peaks Found() const { return seen_.Ends(); }
+
+  /// MB/s (1024 * 1024 bytes) of the ended scan; 0 where no time has passed. That of the end's
+  /// position *plus* the samples' start, deliberately: figures of older versions stay comparable.
+  [[nodiscard]] float Throughput() const { return throughput_; }
+
+ private:
+  [[nodiscard]] WavResult<void> Open();
+  [[nodiscard]] WavResult<void> Look(qint64 position, std::size_t words);
+  [[nodiscard]] WavResult<void> LookAtWords();
+  [[nodiscard]] PassState EndedWith(const PassState& state);
+
+  QString source_;
+  const Clock& clock_;
+  Coverage coverage_;
+  WavFile file_;
+  SampleData data_;
+  ScanLoops loops_;
+  SampleBuffer buffer_;
+  SeenLevels seen_;
+  std::optional<PassTimer> timer_;  // from the moment in which the samples are found
+  qint64 next_ = 0;                 // the block to be read next
+  qint64 reached_ = 0;              // the position of what was read last
+  float throughput_ = 0;
+};
 
 /// Words that a gain cuts off.
 struct CutOffWords {

@@ -8,7 +8,7 @@
 #include <QProgressBar>
 
 #include "base/input/labels.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 
 namespace brindle {
 

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include <optional>
-#include <variant>
+#include <tl/expected.hpp>
 
 #include <QFile>
 #include <QString>
@@ -17,13 +16,13 @@ namespace brindle {
 /// opened. False where the system cannot tell.
 [[nodiscard]] bool IsLocked(const QFile& file);
 
-/// Bytes of an open file, asked of the system now; its reason where it refuses. The toolkit takes a
-/// file whose length it cannot tell for an empty one.
-[[nodiscard]] std::variant<qint64, QString> LengthOf(const QFile& file);
+/// Bytes of an open file, asked of the system now; the error is its reason for refusing. The
+/// toolkit takes a file whose length it cannot tell for an empty one.
+[[nodiscard]] tl::expected<qint64, QString> LengthOf(const QFile& file);
 
-/// Why an open file is no longer what stands at its path: "the file is gone", "the file was
-/// replaced", or the system's reason where it cannot be told; nothing where it still stands there.
-[[nodiscard]] std::optional<QString> WhyNotAtItsPath(const QFile& file);
+/// Whether an open file is still what stands at its path. The error is "the file is gone", "the
+/// file was replaced", or the system's reason why it cannot be found out.
+[[nodiscard]] tl::expected<void, QString> CheckAtItsPath(const QFile& file);
 
 /// Whether both paths lead to one existing file: links, relative forms, and letter case where the
 /// file system ignores it, make no difference.

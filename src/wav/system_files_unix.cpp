@@ -4,11 +4,9 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
-#include <optional>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
-#include <variant>
 
 #include <QFile>
 #include <QString>
@@ -35,28 +33,29 @@ bool IsLocked(const QFile& file) {
   return fcntl(descriptor, F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
 }
 
-std::variant<qint64, QString> LengthOf(const QFile& file) {
+tl::expected<qint64, QString> LengthOf(const QFile& file) {
   struct stat opened = {};
   if (fstat(file.handle(), &opened) != 0) {
-    return qt_error_string(errno);
+    return tl::unexpected(qt_error_string(errno));
   }
   return qint64{opened.st_size};
 }
 
-std::optional<QString> WhyNotAtItsPath(const QFile& file) {
+tl::expected<void, QString> CheckAtItsPath(const QFile& file) {
   const auto path = QFile::encodeName(file.fileName());
   struct stat opened = {};
   struct stat standing = {};
   if (fstat(file.handle(), &opened) != 0) {
-    return qt_error_string(errno);
+    return tl::unexpected(qt_error_string(errno));
   }
   if (stat(path.constData(), &standing) != 0) {
-    return errno == ENOENT || errno == ENOTDIR ? u"the file is gone"_s : qt_error_string(errno);
+    return tl::unexpected(errno == ENOENT || errno == ENOTDIR ? u"the file is gone"_s
+                                                              : qt_error_string(errno));
   }
   if (opened.st_dev != standing.st_dev || opened.st_ino != standing.st_ino) {
-    return u"the file was replaced"_s;
+    return tl::unexpected(u"the file was replaced"_s);
   }
-  return std::nullopt;
+  return {};
 }
 
 bool LeadToSameFile(const QString& path, const QString& other) {

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <cwchar>
-#include <optional>
 #include <string>
-#include <variant>
 #include <windows.h>
 
 #include <QFile>
@@ -49,7 +47,7 @@ bool AreSameFile(HANDLE one, HANDLE two) {
 bool IsLocked(const QFile& file) {
   if (!file.isOpen()) {
     // Opening a device or a pipe could do something.
-    if (WhatIsAt(file.fileName()).error) {
+    if (!IsFileAt(file.fileName())) {
       return false;
     }
     const auto handle =
@@ -65,26 +63,26 @@ bool IsLocked(const QFile& file) {
   return false;
 }
 
-std::variant<qint64, QString> LengthOf(const QFile& file) {
+tl::expected<qint64, QString> LengthOf(const QFile& file) {
   LARGE_INTEGER length = {};
   if (GetFileSizeEx(SystemHandle(file.handle()), &length) == FALSE) {
-    return qt_error_string(static_cast<int>(GetLastError()));
+    return tl::unexpected(qt_error_string(static_cast<int>(GetLastError())));
   }
   return qint64{length.QuadPart};
 }
 
-std::optional<QString> WhyNotAtItsPath(const QFile& file) {
+tl::expected<void, QString> CheckAtItsPath(const QFile& file) {
   const auto standing = LookAt(file.fileName());
   if (!IsValid(standing)) {
     const auto code = GetLastError();
-    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND
-               ? u"the file is gone"_s
-               : qt_error_string(static_cast<int>(code));
+    return tl::unexpected(code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND
+                              ? u"the file is gone"_s
+                              : qt_error_string(static_cast<int>(code)));
   }
   if (!AreSameFile(SystemHandle(file.handle()), standing.get())) {
-    return u"the file was replaced"_s;
+    return tl::unexpected(u"the file was replaced"_s);
   }
-  return std::nullopt;
+  return {};
 }
 
 // Both are held open meanwhile: only so long is a file's number its own.

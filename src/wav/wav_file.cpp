@@ -5,9 +5,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
+#include <functional>
 #include <span>
-#include <variant>
 
 #include <QFile>
 #include <QIODevice>
@@ -32,77 +31,69 @@ const char* Chars(const std::byte* bytes) { return reinterpret_cast<const char*>
 
 }  // namespace
 
-QString MessageOf(const WavError& error) {
-  return error.failed == WavError::Failed::Reading ? CannotRead(error.error)
-                                                   : CannotWrite(error.error);
-}
-
-std::optional<WavError> WavFile::OpenForReading(const QString& path) {
+WavResult<void> WavFile::OpenForReading(const QString& path) {
   return Open(path, QIODevice::ReadOnly | QIODevice::ExistingOnly, WavError::Failed::Reading);
 }
 
-std::optional<WavError> WavFile::OpenForChanging(const QString& path) {
+WavResult<void> WavFile::OpenForChanging(const QString& path) {
   return Open(path, QIODevice::ReadWrite | QIODevice::ExistingOnly, WavError::Failed::Writing);
 }
 
-std::optional<WavError> WavFile::OpenOrCreate(const QString& path) {
+WavResult<void> WavFile::OpenOrCreate(const QString& path) {
   return Open(path, QIODevice::ReadWrite, WavError::Failed::Writing);
 }
 
 bool WavFile::IsLockedByAnother() const { return IsLocked(file_); }
 
-std::optional<WavError> WavFile::Read(qint64 position, std::span<std::byte> bytes) {
-  const auto read = ReadPadded(position, bytes);
-  if (const auto* error = std::get_if<WavError>(&read)) {
-    return *error;
-  }
-  return std::get<std::size_t>(read) < bytes.size()
-             ? std::optional(BecameShorter(WavError::Failed::Reading))
-             : std::nullopt;
+WavResult<void> WavFile::Read(qint64 position, std::span<std::byte> bytes) {
+  return ReadPadded(position, bytes).and_then([&](std::size_t there) -> WavResult<void> {
+    if (there < bytes.size()) {
+      return tl::unexpected(BecameShorter(WavError::Failed::Reading));
+    }
+    return {};
+  });
 }
 
-std::variant<qint64, WavError> WavFile::Length(WavError::Failed failed) const {
-  const auto length = LengthOf(file_);
-  if (const auto* reason = std::get_if<QString>(&length)) {
-    return ErrorBecause(failed, *reason);
-  }
-  return std::get<qint64>(length);
+WavResult<qint64> WavFile::Length(WavError::Failed failed) const {
+  return LengthOf(file_).map_error(Because(failed));
 }
 
-std::optional<WavError> WavFile::CheckReaches(qint64 position, WavError::Failed failed) const {
-  const auto length = Length(failed);
-  if (const auto* error = std::get_if<WavError>(&length)) {
-    return *error;
-  }
-  return std::get<qint64>(length) < position ? std::optional(BecameShorter(failed)) : std::nullopt;
+WavResult<void> WavFile::CheckReaches(qint64 position, WavError::Failed failed) const {
+  return Length(failed).and_then([&](qint64 length) -> WavResult<void> {
+    if (length < position) {
+      return tl::unexpected(BecameShorter(failed));
+    }
+    return {};
+  });
 }
 
-std::optional<WavError> WavFile::Sync() const {
-  const auto reason = SyncFile(file_.handle());
-  return reason ? std::optional(ErrorBecause(WavError::Failed::Writing, *reason)) : std::nullopt;
+WavResult<void> WavFile::Sync() const {
+  return SyncFile(file_.handle()).map_error(Because(WavError::Failed::Writing));
 }
 
-std::optional<WavError> WavFile::CheckStands(qint64 length) const {
-  if (const auto reason = WhyNotAtItsPath(file_)) {
-    return ErrorBecause(WavError::Failed::Writing, *reason);
-  }
-  return CheckReaches(length, WavError::Failed::Writing);
+WavResult<void> WavFile::CheckStands(qint64 length) const {
+  return CheckAtItsPath(file_).map_error(Because(WavError::Failed::Writing)).and_then([&] {
+    return CheckReaches(length, WavError::Failed::Writing);
+  });
+}
+
+std::function<WavError(const QString& reason)> WavFile::Because(WavError::Failed failed) const {
+  return [this, failed](const QString& reason) { return ErrorBecause(failed, reason); };
 }
 
 WavError WavFile::BecameShorter(WavError::Failed failed) const {
   return ErrorBecause(failed, u"the file became shorter"_s);
 }
 
-std::variant<std::size_t, WavError> WavFile::ReadPadded(qint64 position,
-                                                        std::span<std::byte> bytes) {
+WavResult<std::size_t> WavFile::ReadPadded(qint64 position, std::span<std::byte> bytes) {
   if (!SeekTo(position)) {
-    return SystemError(WavError::Failed::Reading);
+    return tl::unexpected(SystemError(WavError::Failed::Reading));
   }
   auto rest = bytes;
   while (!rest.empty()) {
     const qint64 read = file_.read(Chars(rest.data()), static_cast<qint64>(rest.size()));
     if (read < 0) {
-      return SystemError(WavError::Failed::Reading);
+      return tl::unexpected(SystemError(WavError::Failed::Reading));
     }
     if (read == 0) {
       break;
@@ -114,35 +105,35 @@ std::variant<std::size_t, WavError> WavFile::ReadPadded(qint64 position,
 }
 
 // A disk that fills up takes a part first and tells its reason only when asked to take the rest.
-std::optional<WavError> WavFile::Write(qint64 position, std::span<const std::byte> bytes) {
+WavResult<void> WavFile::Write(qint64 position, std::span<const std::byte> bytes) {
   if (!SeekTo(position)) {
-    return SystemError(WavError::Failed::Writing);
+    return tl::unexpected(SystemError(WavError::Failed::Writing));
   }
   while (!bytes.empty()) {
     const qint64 written = file_.write(Chars(bytes.data()), static_cast<qint64>(bytes.size()));
     if (written <= 0) {
-      return SystemError(WavError::Failed::Writing);
+      return tl::unexpected(SystemError(WavError::Failed::Writing));
     }
     bytes = bytes.subspan(static_cast<std::size_t>(written));
   }
-  return std::nullopt;
+  return {};
 }
 
 WavError WavFile::ErrorBecause(WavError::Failed failed, const QString& reason) const {
   return {failed, ErrorOf(file_.fileName(), reason)};
 }
 
-std::optional<WavError> WavFile::Open(const QString& path, QIODevice::OpenMode mode,
-                                      WavError::Failed failed) {
+WavResult<void> WavFile::Open(const QString& path, QIODevice::OpenMode mode,
+                              WavError::Failed failed) {
   file_.close();
   file_.setFileName(path);
-  if (auto error = WhatIsAt(path).error) {
-    return WavError{failed, *error};
+  if (const auto standing = IsFileAt(path); !standing) {
+    return tl::unexpected(WavError{failed, standing.error()});
   }
   if (!file_.open(mode | QIODevice::Unbuffered)) {
-    return SystemError(failed);
+    return tl::unexpected(SystemError(failed));
   }
-  return std::nullopt;
+  return {};
 }
 
 WavError WavFile::SystemError(WavError::Failed failed) const {

@@ -69,8 +69,11 @@ std::optional<double> WavHeader::Duration() const {
   return dataLength / bytesPerSecond;
 }
 
-QString MessageOf(WavRefusal refusal) {
-  switch (refusal) {
+QString MessageOf(const WavNotOpened& reason) {
+  if (const auto* error = std::get_if<WavError>(&reason)) {
+    return MessageOf(*error);
+  }
+  switch (std::get<WavRefusal>(reason)) {
     case WavRefusal::AlreadyOpen:
       return u"File already open."_s;
     case WavRefusal::NotPcm:
@@ -81,30 +84,30 @@ QString MessageOf(WavRefusal refusal) {
   return u"This file does not appear to be a valid WAV."_s;
 }
 
-std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path) {
+tl::expected<WavHeader, WavNotOpened> ReadHeader(const QString& path) {
+  const auto refused = [](WavRefusal refusal) { return tl::unexpected<WavNotOpened>(refusal); };
   WavFile file;
-  const auto unopened = file.OpenForReading(path);
+  const auto opened = file.OpenForReading(path);
   if (file.IsLockedByAnother()) {
-    return WavRefusal::AlreadyOpen;
+    return refused(WavRefusal::AlreadyOpen);
   }
-  if (unopened) {
-    return *unopened;
+  if (!opened) {
+    return tl::unexpected<WavNotOpened>(opened.error());
   }
   std::string head(LastDataPosition - 1 + DataHeaderSize, '\0');
-  const auto read = file.ReadPadded(1, Bytes(head));
-  if (const auto* error = std::get_if<WavError>(&read)) {
-    return *error;
+  if (const auto read = file.ReadPadded(1, Bytes(head)); !read) {
+    return tl::unexpected<WavNotOpened>(read.error());
   }
   const auto format = FindBlock(head, Format, LastFormatPosition, FormatBlockSize);
   if (!format) {
-    return WavRefusal::NotAWav;
+    return refused(WavRefusal::NotAWav);
   }
   if (Bytes2ToInt(format->substr(8)) != Pcm) {
-    return WavRefusal::NotPcm;
+    return refused(WavRefusal::NotPcm);
   }
   const auto data = FindBlock(head, Data, LastDataPosition, DataHeaderSize);
   if (!data) {
-    return WavRefusal::NotAWav;
+    return refused(WavRefusal::NotAWav);
   }
   return WavHeader{.sampleRate = Bytes4ToLong(format->substr(12)),
                    .bitsPerSample = Bytes2ToInt(format->substr(22)),
@@ -112,28 +115,25 @@ std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path) {
                    .dataLength = Bytes4ToUnsigned(data->substr(TagSize))};
 }
 
-std::variant<SampleData, WavError> LocateData(WavFile& file) {
+WavResult<SampleData> LocateData(WavFile& file) {
   constexpr std::size_t step = 65536;
   // Each piece reaches into the next one, for a data header that lies in both.
   std::string piece(step + DataHeaderSize - 1, '\0');
   for (qint64 position = 1;; position += step) {
     const auto read = file.ReadPadded(position, Bytes(piece));
-    if (const auto* error = std::get_if<WavError>(&read)) {
-      return *error;
+    if (!read) {
+      return tl::unexpected(read.error());
     }
     const auto at = Find(std::string_view(piece).substr(0, step + TagSize - 1), Data);
     if (at != std::string_view::npos) {
-      const auto length = file.Length(WavError::Failed::Reading);
-      if (const auto* error = std::get_if<WavError>(&length)) {
-        return *error;
-      }
-      const auto fileLength = std::get<qint64>(length);
       const qint64 start = position + static_cast<qint64>(at + DataHeaderSize);
       const qint64 declared = Bytes4ToUnsigned(std::string_view(piece).substr(at + TagSize));
-      return SampleData{start, std::min(declared, fileLength + 1 - start), fileLength};
+      return file.Length(WavError::Failed::Reading).map([&](qint64 fileLength) {
+        return SampleData{start, std::min(declared, fileLength + 1 - start), fileLength};
+      });
     }
-    if (std::get<std::size_t>(read) <= step) {
-      return file.ErrorBecause(WavError::Failed::Reading, u"no sample data"_s);
+    if (*read <= step) {
+      return tl::unexpected(file.ErrorBecause(WavError::Failed::Reading, u"no sample data"_s));
     }
   }
 }

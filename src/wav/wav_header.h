@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <optional>
+#include <tl/expected.hpp>
 #include <variant>
 
 #include <QString>
 
+#include "wav/wav_error.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
@@ -28,13 +30,16 @@ struct WavHeader {
 /// Why a file is not opened although it can be read.
 enum class WavRefusal { AlreadyOpen, NotAWav, NotPcm };
 
+/// Why a file is not opened: it is refused, or could not be read.
+using WavNotOpened = std::variant<WavRefusal, WavError>;
+
 /// What the user is told of it.
-[[nodiscard]] QString MessageOf(WavRefusal refusal);
+[[nodiscard]] QString MessageOf(const WavNotOpened& reason);
 
 /// Finds the format block ("fmt " or "FMT " at a position from 1 to 32768) and the sample data
 /// ("data" or "DATA" at 1 to 65537) wherever the tags stand, chunks or not; the first match wins.
 /// Only uncompressed PCM (format code 1) is accepted. Bytes behind the end of the file count as 0.
-[[nodiscard]] std::variant<WavHeader, WavRefusal, WavError> ReadHeader(const QString& path);
+[[nodiscard]] tl::expected<WavHeader, WavNotOpened> ReadHeader(const QString& path);
 
 /// Where the samples of a file are.
 struct SampleData {
@@ -52,6 +57,6 @@ struct SampleData {
 
 /// Finds the sample data anew, "data" or "DATA" anywhere in the file; where there is none, the
 /// error is "no sample data". A declared length that runs past the end of the file is cut there.
-[[nodiscard]] std::variant<SampleData, WavError> LocateData(WavFile& file);
+[[nodiscard]] WavResult<SampleData> LocateData(WavFile& file);
 
 }  // namespace brindle

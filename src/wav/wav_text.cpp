@@ -3,6 +3,7 @@
 
 #include "wav/wav_text.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -47,6 +48,13 @@ std::optional<std::string> RemainingTime(double elapsed, int wholePercent) {
   const double minutes = TakeOut(seconds, SecondsPerMinute);
   const auto padded = "00" + TextOf(RoundedTo(seconds, 0));
   return TextOf(minutes) + ":" + padded.substr(padded.size() - 2);
+}
+
+std::string UnseenText(std::int64_t cutOff, std::int64_t words) {
+  return std::to_string(cutOff) + " of " + std::to_string(words) +
+         " samples would be cut off, at the end, which the scan leaves out.\r\n"
+         "\r\n"
+         "Normalize to the peaks of the whole file instead?";
 }
 
 std::string StatisticsText(const PassStatistics& statistics) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -27,6 +28,10 @@ struct PassStatistics {
   double amplification = 0;            ///< percent
   bool isMultiBuffer = false;
 };
+
+/// The question before a pass that would cut off `cutOff` of the file's `words` which the scan
+/// leaves out.
+[[nodiscard]] std::string UnseenText(std::int64_t cutOff, std::int64_t words);
 
 /// The closing message of a pass; its lines are parted by CR LF.
 [[nodiscard]] std::string StatisticsText(const PassStatistics& statistics);

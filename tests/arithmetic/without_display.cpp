@@ -21,7 +21,7 @@
 #include "video/overhead.h"
 #include "video/video_bitrate.h"
 #include "wav/gain.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 #include "wav/peak_scan.h"
 
 namespace brindle {
@@ -36,11 +36,6 @@ void Expect(std::string_view question, double answer, double expected) {
     ++wrongAnswers;
   }
 }
-
-class NobodyWatches : public PassObserver {
- public:
-  [[nodiscard]] bool Update(const PassProgress& /*progress*/) override { return true; }
-};
 
 void AskAll() {
   const auto video = ComputeVideoBitrate({.discMegaBytes = 700,
@@ -67,9 +62,9 @@ void AskAll() {
   Expect("the height of a frame", HeightFor(640, StandardRatio(3), 16), 352);
   Expect("a gain", GainFor(-16384, 8191, 100).value_or(0), 2);
   const SystemClock clock;
-  NobodyWatches observer;
-  const auto scan = ScanPeaks(QStringLiteral("/nowhere/nothing.wav"), clock, observer);
-  Expect("errors of a file that is not there", scan.error.has_value() ? 1 : 0, 1);
+  PeakScan scan(QStringLiteral("/nowhere/nothing.wav"), clock);
+  const auto end = RunToEnd(scan, [](const PassProgress&) { return true; });
+  Expect("errors of a file that is not there", std::holds_alternative<WavError>(end) ? 1 : 0, 1);
 }
 
 }  // namespace

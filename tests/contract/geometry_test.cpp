@@ -593,7 +593,7 @@ TEST_F(WavNormStays, FromTheOpenFileToTheEndOfAPass) {
   Push(u"btnScan"_s);
   ASSERT_GT(looks, 1);
   ASSERT_EQ(TextOf(u"MaxV"_s), u"16448"_s);
-  boxes.answers = {BoxAnswer::Ok};
+  boxes.Answer(BoxAnswer::Ok);
   Push(u"btnNorm"_s);
   watch.stop();
   ExpectTheOthersStay();

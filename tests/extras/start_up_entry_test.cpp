@@ -33,9 +33,10 @@ constexpr auto Failure = "Error disabling GAIN spyware.";
 class NotingBoxes : public FakeBoxes {
  public:
   explicit NotingBoxes(Done& done) : done_(done) {}
-  std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override {
+  void Ask(QWidget* owner, const QString& text, BoxButtons buttons,
+           const WhenAnswered& answered) override {
     done_.emplace_back("box");
-    return FakeBoxes::Ask(owner, text, buttons);
+    FakeBoxes::Ask(owner, text, buttons, answered);
   }
 
  private:
@@ -50,13 +51,14 @@ class StartUpEntry : public ::testing::Test {
   }
 
   void Remove(std::optional<BoxAnswer> answer) {
-    boxes.answers = {answer, BoxAnswer::Cancel};
+    boxes.Answer(answer);
+    boxes.Answer(BoxAnswer::Cancel);
     RemoveStartUpEntry(nullptr, boxes, registry);
   }
 
   void ExpectOutcome(const char* message) {
     ASSERT_EQ(boxes.asked.size(), 2U);
-    EXPECT_EQ(boxes.asked.back().text.toStdString(), message);
+    EXPECT_EQ(boxes.asked.back().text, message);
     EXPECT_EQ(boxes.asked.back().buttons, BoxButtons::CancelTryAgainContinue);
   }
 
@@ -67,7 +69,7 @@ class StartUpEntry : public ::testing::Test {
 TEST_F(StartUpEntry, AsksFirst) {
   Remove(BoxAnswer::No);
   ASSERT_EQ(boxes.asked.size(), 1U);
-  EXPECT_EQ(boxes.asked.front().text.toStdString(), Question);
+  EXPECT_EQ(boxes.asked.front().text, Question);
   EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::YesNo);
 }
 
@@ -107,7 +109,8 @@ INSTANTIATE_TEST_SUITE_P(Each, AnyOtherAnswer,
 class AnswerToTheOutcome : public StartUpEntry, public ::testing::WithParamInterface<AnswerCase> {};
 
 TEST_P(AnswerToTheOutcome, DoesNotMatter) {
-  boxes.answers = {BoxAnswer::Yes, GetParam().answer};
+  boxes.Answer(BoxAnswer::Yes);
+  boxes.Answer(GetParam().answer);
   RemoveStartUpEntry(nullptr, boxes, registry);
   EXPECT_EQ(registry.done, (Done{"box", RunKey, "delete Trickler", "box", "close"}));
   EXPECT_EQ(boxes.asked.size(), 2U);
@@ -151,7 +154,7 @@ TEST_F(StartUpEntry, FromAKeyThatDoesNotOpenTheDeletionIsTriedAllTheSame) {
 
 TEST_F(StartUpEntry, AnyNamedValueOfAnyKeyCanBeDeleted) {
   registry.key = u"A\\B"_s;
-  boxes.answers = {BoxAnswer::Continue};
+  boxes.Answer(BoxAnswer::Continue);
   DeleteRunValue(nullptr, boxes, registry, RegistryRoot::LocalMachine, u"A\\B"_s, u"Other"_s);
   EXPECT_EQ(registry.done, (Done{"open A\\B", "delete Other", "box", "close"}));
   EXPECT_EQ(registry.values, std::set<QString>{u"Trickler"_s});

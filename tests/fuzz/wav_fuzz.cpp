@@ -19,9 +19,10 @@
 #include <QString>
 
 #include "base/time/clock.h"
+#include "tests/wav/watched_pass.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 #include "wav/peak_scan.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
@@ -140,10 +141,10 @@ std::optional<std::size_t> StartOfSamples(const std::string& bytes) {
 
 void CheckHeader(const MemoryFile& source, const std::string& bytes) {
   const auto header = ReadHeader(source.Path());
-  Require(!std::holds_alternative<WavError>(header));
-  if (const auto* found = std::get_if<WavHeader>(&header)) {
+  Require(header || !std::holds_alternative<WavError>(header.error()));
+  if (header) {
     Require(StartOfSamples(bytes).has_value());
-    const auto duration = found->Duration();
+    const auto duration = header->Duration();
     Require(!duration || std::isfinite(*duration));
   }
 }
@@ -157,20 +158,20 @@ void CheckScan(const MemoryFile& source, const std::string& bytes, int patience)
   Require(std::isfinite(scan.throughput) && scan.throughput >= 0);
 }
 
-Normalization::Ended Normalize(const MemoryFile& source, const MemoryFile& target, bool isInPlace,
-                               Buffering buffering, int patience) {
+WatchedPass::Ended Normalize(const MemoryFile& source, const MemoryFile& target, bool isInPlace,
+                             Buffering buffering, int patience) {
   static const GainTable table(-0.7);
-  Normalization pass;
+  WatchedPass pass;
   NoQuestions questions;
   const PassFiles files{.source = source.Path(), .target = target.Path(), .isInPlace = isInPlace};
-  if (pass.Open(files, questions) != Normalization::Opened::Yes) {
+  if (pass.Open(files, questions) != WatchedPass::Opened::Yes) {
     Require(pass.Error().has_value());
-    return Normalization::Ended::Failed;
+    return WatchedPass::Ended::Failed;
   }
   const SlowingClock clock;
   PatientObserver observer(patience);
   const auto ended = pass.Run(table, buffering, clock, observer);
-  Require(pass.Error().has_value() == (ended == Normalization::Ended::Failed));
+  Require(pass.Error().has_value() == (ended == WatchedPass::Ended::Failed));
   Require(std::isfinite(pass.Throughput()) && pass.Throughput() >= 0);
   return ended;
 }
@@ -180,7 +181,7 @@ void CheckPass(const MemoryFile& source, const MemoryFile& target, const std::st
   target.Put({});
   const auto ended = Normalize(source, target, false, buffering, patience);
   const auto start = StartOfSamples(bytes);
-  Require((ended == Normalization::Ended::Failed) != start.has_value());
+  Require((ended == WatchedPass::Ended::Failed) != start.has_value());
   Require(source.Bytes() == bytes);
   const auto written = target.Bytes();
   if (!start) {
@@ -190,7 +191,7 @@ void CheckPass(const MemoryFile& source, const MemoryFile& target, const std::st
   const auto headerLength = std::min(*start, bytes.size());
   Require(written.compare(0, headerLength, bytes, 0, headerLength) == 0);
   Require(written.size() <= bytes.size());
-  Require(ended != Normalization::Ended::Completed || written.size() == bytes.size());
+  Require(ended != WatchedPass::Ended::Completed || written.size() == bytes.size());
 
   // In place the same comes of it; behind an abort the rest is as it was.
   Require(Normalize(source, target, true, buffering, patience) == ended);

@@ -32,7 +32,7 @@ class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::
       ASSERT_TRUE(WriteRecording(recording));
     }
     dialogs.paths.push_back(recording);
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
   }
 
   QWidget* WindowNamed(const QString& name) {

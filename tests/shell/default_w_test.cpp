@@ -146,7 +146,7 @@ TEST_F(DefaultWTest, OpenWindowsKeepTheirValuesUntilTheyAreOpenedAgain) {
 TEST_F(DefaultWTest, AFileThatCannotBeWrittenIsToldOnceAndTheWindowCloses) {
   Ask();
   PutFolderInTheWay();
-  boxes.answers.emplace_back(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   Click(Find(window, u"Command1"_s));
   ExpectOneBox(Cannot("write"));
   EXPECT_TRUE(Standing(u"DefaultW"_s).empty());

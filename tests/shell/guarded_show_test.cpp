@@ -47,10 +47,10 @@ class GuardedShow : public MainWindow, public ::testing::WithParamInterface<Guar
 
   void ExpectMessage(const std::string& description, const std::string& file) {
     StartWithFailure(description);
-    boxes.answers.emplace_back(BoxAnswer::Cancel);
+    boxes.Answer(BoxAnswer::Cancel);
     ClickIt();
     ASSERT_EQ(boxes.asked.size(), 1U);
-    EXPECT_EQ(boxes.asked.front().text.toStdString(), Message(file));
+    EXPECT_EQ(boxes.asked.front().text, Message(file));
     EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::CancelTryAgainContinue);
   }
 
@@ -79,7 +79,7 @@ TEST_P(GuardedShow, NamesAFileOfAnotherScriptAsItIs) {
 
 TEST_P(GuardedShow, LeavesNoWindowAndTheMainWindowStanding) {
   StartWithFailure("Component 'slide.ocx' is missing");
-  boxes.answers.emplace_back(BoxAnswer::Cancel);
+  boxes.Answer(BoxAnswer::Cancel);
   ClickIt();
   for (const auto* window : QApplication::topLevelWidgets()) {
     EXPECT_TRUE(window == main.get() || !window->isVisible()) << window->objectName().toStdString();
@@ -94,7 +94,7 @@ TEST_P(GuardedShow, TriesAgainAtTheNextClickOnly) {
         std::optional(BoxAnswer::Continue), std::optional<BoxAnswer>()}) {
     const int madeBefore = made;
     const auto askedBefore = boxes.asked.size();
-    boxes.answers.push_back(answer);
+    boxes.Answer(answer);
     ClickIt();
     EXPECT_EQ(made, madeBefore + 1);
     EXPECT_EQ(boxes.asked.size(), askedBefore + 1);
@@ -111,7 +111,7 @@ TEST_P(GuardedShow, SaysNothingWhereTheWindowOpens) {
 
 TEST_P(GuardedShow, OpensTheWindowOnceItCanBeMade) {
   StartWithFailure("Component 'slide.ocx' is missing");
-  boxes.answers.emplace_back(BoxAnswer::TryAgain);
+  boxes.Answer(BoxAnswer::TryAgain);
   ClickIt();
   windows.Add(GetParam().opens, [] { return std::make_unique<Form>(u"Whole"_s, u"Whole"_s); });
   ClickIt();

@@ -150,7 +150,7 @@ TEST_F(MainWindow, EveryClickOpensTheWebSiteOnceMore) {
 
 TEST_F(MainWindow, TheRemoverAsksAndOnNoLeavesTheRegistryAlone) {
   Start();
-  boxes.answers = {BoxAnswer::No};
+  boxes.Answer(BoxAnswer::No);
   ClickOn(u"Adremove"_s);
   ASSERT_EQ(boxes.asked.size(), 1U);
   EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::YesNo);
@@ -161,12 +161,15 @@ TEST_F(MainWindow, TheRemoverDeletesTheEntryOnYes) {
   registry.key = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run"_s;
   registry.values = {u"Trickler"_s};
   Start();
-  boxes.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
+  boxes.Answer(BoxAnswer::Yes);
+  boxes.Answer(BoxAnswer::Cancel);
   ClickOn(u"Adremove"_s);
   ASSERT_EQ(boxes.asked.size(), 2U);
-  EXPECT_EQ(boxes.asked.back().text, u"GAIN spyware was successfully disabled."_s);
+  EXPECT_EQ(boxes.asked.back().text, "GAIN spyware was successfully disabled.");
   EXPECT_TRUE(registry.values.empty());
-  EXPECT_EQ(boxes.owners, std::vector<QWidget*>(2, main.get()));
+  for (const auto& asked : boxes.asked) {
+    EXPECT_EQ(asked.owner, main.get());
+  }
 }
 
 struct OpeningCase {
@@ -318,7 +321,7 @@ TEST_P(UnusableFile, TakesThePlaceOfAnOlderOneThatWasKept) {
 
 TEST_P(UnusableFile, ThatCannotBeKeptStays) {
   ASSERT_TRUE(QDir(folder.path()).mkpath(u"Brindle2.ini.bak/inner"_s));
-  boxes.answers.emplace_back(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   Start();
   ExpectOneBox(Cannot("write", "Brindle2.ini.bak"));
   EXPECT_EQ(record.MovieLength, 100);
@@ -348,7 +351,7 @@ class FolderInTheWay : public MainWindow {
  protected:
   void SetUp() override {
     PutFolderInTheWay();
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     Start();
   }
 };
@@ -370,7 +373,7 @@ TEST_F(FolderInTheWay, IsNotWrittenWhenTheProgramEnds) {
 
 TEST_F(FolderInTheWay, FailsASaveThatTheUserAsksFor) {
   boxes.asked.clear();
-  boxes.answers.emplace_back(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   ClickOn(u"SaveSettings"_s);
   ExpectOneBox(Cannot("write"));
   EXPECT_TRUE(main->isVisible());
@@ -464,7 +467,7 @@ TEST_F(MainWindow, SavesTheCheckBoxAsItStands) {
 TEST_F(MainWindow, AFileThatCannotBeWrittenIsToldAndTheProgramGoesOn) {
   Start();
   PutFolderInTheWay();
-  boxes.answers.emplace_back(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   ClickOn(u"SaveSettings"_s);
   ExpectOneBox(Cannot("write"));
   EXPECT_TRUE(main->isVisible());
@@ -480,7 +483,7 @@ TEST_F(MainWindow, AFileThatCannotBeWrittenAtTheEndIsToldAndTheProgramEnds) {
   PutFolderInTheWay();
   int closed = 0;
   QObject::connect(main.get(), &MainProg::Closed, [&] { ++closed; });
-  boxes.answers.emplace_back(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   main->close();
   ExpectOneBox(Cannot("write"));
   EXPECT_EQ(closed, 1);

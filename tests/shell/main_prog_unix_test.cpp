@@ -67,7 +67,7 @@ class MainWindowInChild : public MainWindow {
   void FindOneBox(Findings& found, const std::string& text) const {
     found.ExpectEqual(std::to_string(boxes.asked.size()), "1", "boxes");
     if (!boxes.asked.empty()) {
-      found.ExpectEqual(boxes.asked.front().text.toStdString(), text, "box");
+      found.ExpectEqual(boxes.asked.front().text, text, "box");
       found.Expect(boxes.asked.front().buttons == BoxButtons::Ok, "not an OK box");
     }
   }
@@ -78,7 +78,7 @@ TEST_F(MainWindowInChild, AFileWithoutPermissionIsToldAndNothingWritten) {
   ExpectNoFindingsOfOrdinaryUser([&](Findings& found) {
     Put("Brindle2.ini", bytes);
     SetMode(PathOf("Brindle2.ini"), 0);
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     Load();
     FindOneBox(found, Cannot("read") + qt_error_string(EACCES).toStdString());
     found.ExpectEqual(std::to_string(record.MovieLength), std::to_string(100.0), "MovieLength");
@@ -95,7 +95,7 @@ TEST_F(MainWindowInChild, AFolderThatBecomesReadOnlyKeepsItsFile) {
     Load();
     SetMode(folder.path(), S_IRUSR | S_IXUSR);
     record.MovieLength = 125.5;
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     main->close();
     FindOneBox(found, Cannot("write") + qt_error_string(EACCES).toStdString());
     found.ExpectEqual(File(), FirstFile(), "the file");
@@ -110,7 +110,7 @@ TEST_F(MainWindowInChild, AFirstStartOnAFullDiskIsToldOnceAndGoesOn) {
     none.rlim_cur = 0;
     setrlimit(RLIMIT_FSIZE, &none);
     Findings found;
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     Load();
     FindOneBox(found, Cannot("write") + qt_error_string(EFBIG).toStdString());
     found.ExpectEqual(std::to_string(record.MovieLength), std::to_string(100.0), "MovieLength");

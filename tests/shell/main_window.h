@@ -101,7 +101,7 @@ class MainWindow : public WindowTest {
   /// Expects that one box has been asked, with an OK button, a text that begins so, and a reason.
   void ExpectOneBox(const std::string& beginning) const {
     ASSERT_EQ(boxes.asked.size(), 1U);
-    const auto text = boxes.asked.front().text.toStdString();
+    const auto text = boxes.asked.front().text;
     EXPECT_TRUE(text.starts_with(beginning)) << text;
     EXPECT_GT(text.size(), beginning.size());
     EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::Ok);

@@ -46,7 +46,7 @@ class SystemDesktopTest : public ::testing::Test {
   void TearDown() override {
     AwaitEnds();
     clock.Advance(0);
-    EXPECT_TRUE(boxes.answers.empty()) << "a box was expected";
+    EXPECT_TRUE(boxes.AllAsked()) << "a box was expected";
   }
 
   // Until every stand-in has ended and the program has heard of it.
@@ -99,7 +99,7 @@ class SystemDesktopTest : public ::testing::Test {
 
   // Expects that one box, and no second one, tells this, from the event loop.
   void ExpectBox(const std::string& text) {
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     EXPECT_TRUE(QTest::qWaitFor(
         [this] {
           clock.Advance(0);
@@ -107,7 +107,7 @@ class SystemDesktopTest : public ::testing::Test {
         },
         Patience));
     ASSERT_EQ(boxes.asked.size(), 1U);
-    EXPECT_EQ(boxes.asked.front().text.toStdString(), text);
+    EXPECT_EQ(boxes.asked.front().text, text);
     EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::Ok);
   }
 
@@ -182,17 +182,20 @@ TEST_F(SystemDesktopTest, TheBoxBelongsToTheWindowThatAskedAsLongAsItStands) {
   auto asker = std::make_unique<QWidget>();
   asker->show();
   desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
-  boxes.answers = {BoxAnswer::Ok, BoxAnswer::Ok, BoxAnswer::Ok};
+  boxes.Answer(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok);
   clock.Advance(0);
-  EXPECT_EQ(boxes.owners, std::vector<QWidget*>{asker.get()});
+  ASSERT_EQ(boxes.asked.size(), 1U);
+  EXPECT_EQ(boxes.asked.front().owner, asker.get());
   desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
   asker->hide();
   clock.Advance(0);
-  EXPECT_NE(boxes.owners.back(), asker.get());
+  EXPECT_NE(boxes.asked.back().owner, asker.get());
   desktop->OpenAddress(asker.get(), QString::fromLatin1(Site));
   asker.reset();
   clock.Advance(0);
-  EXPECT_EQ(boxes.owners.back(), nullptr);
+  EXPECT_EQ(boxes.asked.back().owner, nullptr);
 }
 
 TEST_F(SystemDesktopTest, NothingIsToldOnceTheProgramIsGone) {

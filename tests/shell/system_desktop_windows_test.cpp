@@ -43,7 +43,7 @@ class SystemDesktopTest : public ::testing::Test {
     qunsetenv("BRINDLE_TEST_NOTES");
     qunsetenv("BRINDLE_TEST_EXIT");
     clock.Advance(0);
-    EXPECT_TRUE(boxes.answers.empty()) << "a box was expected";
+    EXPECT_TRUE(boxes.AllAsked()) << "a box was expected";
   }
 
   void Install(const QString& name) {
@@ -70,7 +70,7 @@ class SystemDesktopTest : public ::testing::Test {
 
   // Expects that one box tells this, from the event loop.
   void ExpectBox(const std::string& start) {
-    boxes.answers.emplace_back(BoxAnswer::Ok);
+    boxes.Answer(BoxAnswer::Ok);
     EXPECT_TRUE(QTest::qWaitFor(
         [this] {
           clock.Advance(0);
@@ -78,7 +78,7 @@ class SystemDesktopTest : public ::testing::Test {
         },
         Patience));
     ASSERT_EQ(boxes.asked.size(), 1U);
-    const auto text = boxes.asked.front().text.toStdString();
+    const auto text = boxes.asked.front().text;
     EXPECT_TRUE(text.starts_with(start) && text.size() > start.size()) << text;
     EXPECT_EQ(boxes.asked.front().buttons, BoxButtons::Ok);
   }

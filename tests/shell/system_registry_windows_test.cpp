@@ -62,14 +62,15 @@ class SystemRegistryTest : public ::testing::Test {
 
   // What the tool says of it.
   std::string Remove(BoxAnswer answer = BoxAnswer::Yes) {
-    boxes.answers.assign({answer, BoxAnswer::TryAgain});
+    boxes.Answer(answer);
+    boxes.Answer(BoxAnswer::TryAgain);
     RemoveStartUpEntry(nullptr, boxes, registry);
-    return boxes.asked.back().text.toStdString();
+    return boxes.asked.back().text;
   }
   std::string Delete(Registry& from, const QString& key, const QString& value) {
-    boxes.answers.assign({BoxAnswer::Cancel});
+    boxes.Answer(BoxAnswer::Cancel);
     DeleteRunValue(nullptr, boxes, from, RegistryRoot::LocalMachine, key, value);
-    return boxes.asked.back().text.toStdString();
+    return boxes.asked.back().text;
   }
 
   FakeBoxes boxes;
@@ -97,7 +98,7 @@ TEST_F(SystemRegistryTest, MissingEntryIsAnError) {
 
 TEST_F(SystemRegistryTest, NoDeletesNothing) {
   Write(RunKey, u"Trickler"_s);
-  boxes.answers.assign({BoxAnswer::No});
+  boxes.Answer(BoxAnswer::No);
   RemoveStartUpEntry(nullptr, boxes, registry);
   EXPECT_EQ(boxes.asked.size(), 1U);
   EXPECT_TRUE(Stands(RunKey, u"Trickler"_s));

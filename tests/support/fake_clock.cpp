@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 #include <QObject>
@@ -38,6 +39,20 @@ void FakeClock::Advance(double seconds) {
     }
   }
   now_ = end;
+}
+
+bool FakeClock::RunDue() {
+  const auto isDue = [this](const Waiter& waiter) { return waiter.due <= now_; };
+  const auto firstLater = std::stable_partition(waiting_.begin(), waiting_.end(), isDue);
+  const std::vector<Waiter> due(std::make_move_iterator(waiting_.begin()),
+                                std::make_move_iterator(firstLater));
+  waiting_.erase(waiting_.begin(), firstLater);
+  for (const auto& waiter : due) {
+    if (waiter.context != nullptr) {
+      waiter.action();
+    }
+  }
+  return !due.empty();
 }
 
 }  // namespace brindle

@@ -23,6 +23,13 @@ class FakeClock : public Clock {
   /// Moves time on, running what becomes due on the way, each at its own moment.
   void Advance(double seconds);
 
+  /// Time passes while the program is busy: nothing runs.
+  void Elapse(double seconds) { now_ += seconds; }
+
+  /// One turn of an event loop: runs what is due now, but nothing that becomes due by that. Whether
+  /// anything was.
+  bool RunDue();
+
   /// From now on time passes whenever somebody looks at the clock: for loops that wait for it.
   void AdvanceAtEveryLook(double seconds) { secondsPerLook_ = seconds; }
 

@@ -4,56 +4,87 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include <QObject>
 #include <QString>
 #include <QWidget>
 #include <gtest/gtest.h>
 
 #include "base/input/file_dialogs.h"
+#include "base/input/form.h"
 #include "base/input/message_boxes.h"
 #include "base/windows/desktop.h"
 #include "base/windows/registry.h"
 
 namespace brindle {
 
-/// Message boxes that remember what they were asked and answer as told. A box that no answer was
-/// prepared for fails the test.
+/// Message boxes that remember what they were asked and answer as a test has prepared them, each
+/// with what happens while it stands. A box that was not prepared fails the test.
 class FakeBoxes : public MessageBoxes {
  public:
   struct Asked {
-    QString text;
+    std::string text;
     BoxButtons buttons = BoxButtons::Ok;
+    QWidget* owner = nullptr;
   };
 
-  std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override {
-    asked.push_back({text, buttons});
-    owners.push_back(owner);
-    if (answers.empty()) {
-      ADD_FAILURE() << "unexpected message box: " << text.toStdString();
-      return std::nullopt;
-    }
-    const auto answer = answers.front();
-    answers.pop_front();
-    return answer;
+  /// The next box gets this answer, after `meanwhile` was done. Without an answer the program went
+  /// away; a box whose owner was closed meanwhile gets none either.
+  void Answer(std::optional<BoxAnswer> answer, std::function<void()> meanwhile = {}) {
+    prepared_.push_back({answer, std::move(meanwhile)});
   }
 
-  std::deque<std::optional<BoxAnswer>> answers;
+  void Ask(QWidget* owner, const QString& text, BoxButtons buttons,
+           const WhenAnswered& answered) override {
+    asked.push_back({text.toStdString(), buttons, owner});
+    if (prepared_.empty()) {
+      ADD_FAILURE() << "unexpected message box: " << text.toStdString();
+      return;
+    }
+    const auto next = prepared_.front();
+    prepared_.pop_front();
+    bool isClosed = false;
+    QObject box;
+    if (auto* form = qobject_cast<Form*>(owner)) {
+      QObject::connect(form, &Form::Closed, &box, [&] { isClosed = true; });
+    }
+    if (next.meanwhile) {
+      next.meanwhile();
+    }
+    if (next.answer && !isClosed) {
+      answered(*next.answer);
+    }
+  }
+
+  [[nodiscard]] bool AllAsked() const { return prepared_.empty(); }
+
   std::vector<Asked> asked;
-  std::vector<QWidget*> owners;  ///< of the boxes asked
+
+ private:
+  struct Prepared {
+    std::optional<BoxAnswer> answer;
+    std::function<void()> meanwhile;
+  };
+  std::deque<Prepared> prepared_;
 };
 
 /// File dialogs that remember what they were opened with and give the prepared paths. A dialog that
 /// no path was prepared for fails the test.
 class FakeDialogs : public FileDialogs {
  public:
-  QString AskForExisting(QWidget*, const FileQuestion& question) override { return Next(question); }
-  QString AskForTarget(QWidget*, const FileQuestion& question, const QString& suffix) override {
+  void AskForExisting(QWidget*, const FileQuestion& question, const WhenChosen& chosen) override {
+    Next(question, chosen);
+  }
+  void AskForTarget(QWidget*, const FileQuestion& question, const QString& suffix,
+                    const WhenChosen& chosen) override {
     suffixes.push_back(suffix);
-    return Next(question);
+    Next(question, chosen);
   }
 
   std::deque<QString> paths;  ///< an empty one is Cancel
@@ -61,15 +92,17 @@ class FakeDialogs : public FileDialogs {
   std::vector<QString> suffixes;
 
  private:
-  QString Next(const FileQuestion& question) {
+  void Next(const FileQuestion& question, const WhenChosen& chosen) {
     asked.push_back(question);
     if (paths.empty()) {
       ADD_FAILURE() << "unexpected file dialog: " << question.title.toStdString();
-      return {};
+      return;
     }
     const auto path = paths.front();
     paths.pop_front();
-    return path;
+    if (!path.isEmpty()) {
+      chosen(path);
+    }
   }
 };
 

@@ -21,8 +21,8 @@
 
 namespace brindle {
 
-using Opened = Normalization::Opened;
-using Ended = Normalization::Ended;
+using Opened = WatchedPass::Opened;
+using Ended = WatchedPass::Ended;
 
 inline constexpr double Gain = -1.75;
 
@@ -161,7 +161,7 @@ class ChangingSource : public FilesOfPass {
 
   // Changes the source at the moment; what comes of the pass in words.
   std::string RunWith(const Moment& moment, const std::function<void()>& change) {
-    Normalization pass;
+    WatchedPass pass;
     ObserverOfPass observer;
     const ReadClock clock(1);
     if (pass.Open(Folder().Files(moment.isInPlace), Questions()) != Opened::Yes) {

@@ -111,7 +111,7 @@ class LoopOfPass : public ::testing::TestWithParam<LoopCase> {
   }
 
   // Runs the pass with an update at each place that has one.
-  Ended Run(Normalization& pass, ObserverOfPass& observer) const {
+  Ended Run(WatchedPass& pass, ObserverOfPass& observer) const {
     ScriptedQuestions questions;
     EXPECT_EQ(pass.Open(folder_.Files(GetParam().isInPlace), questions), Opened::Yes)
         << TextOf(pass.Error());
@@ -135,7 +135,7 @@ TEST_P(LoopOfPass, TellsAndHasWrittenAllUntilThen) {
               "none")
         << "at update " << i;
   };
-  Normalization pass;
+  WatchedPass pass;
   EXPECT_STREQ(TextOf(Run(pass, observer)), "completed");
   EXPECT_EQ(observer.Percents(), ExpectedPercents(row.places.size()));
   EXPECT_EQ(FirstDifference(Folder().Output(row.isInPlace), Folder().Mapped()), "none");
@@ -156,7 +156,7 @@ TEST_P(LoopOfPass, WritesNothingMoreBehindAnAbort) {
     ObserverOfPass observer;
     observer.endsAt = endsAt;
     {
-      Normalization pass;
+      WatchedPass pass;
       EXPECT_STREQ(TextOf(Run(pass, observer)), "aborted");
       EXPECT_EQ(pass.Throughput(), 0);
       EXPECT_EQ(TextOf(pass.Error()), "no error");
@@ -199,7 +199,7 @@ class IntervalOfPass : public ::testing::TestWithParam<IntervalCase> {
 
   void Run(const Clock& clock, ObserverOfPass& observer) const {
     ScriptedQuestions questions;
-    Normalization pass;
+    WatchedPass pass;
     ASSERT_EQ(pass.Open(folder_.Files(), questions), Opened::Yes) << TextOf(pass.Error());
     EXPECT_EQ(pass.Run(GainTable(Gain), GetParam().buffering, clock, observer), Ended::Completed);
   }
@@ -267,7 +267,7 @@ TEST_P(ThroughputOfPass, CountsTheWholeFile) {
   clock.JumpAfter(1, 1.5);
   ObserverOfPass observer;
   ScriptedQuestions questions;
-  Normalization pass;
+  WatchedPass pass;
   ASSERT_EQ(pass.Open(folder.Files(isInPlace), questions), Opened::Yes);
   EXPECT_EQ(pass.Throughput(), 0);
   ASSERT_EQ(pass.Run(GainTable(Gain), buffering, clock, observer), Ended::Completed);
@@ -290,7 +290,7 @@ TEST(ThroughputOfPassTest, IsNoneWhereNoTimeHasPassed) {
   const ReadClock clock;
   ObserverOfPass observer;
   ScriptedQuestions questions;
-  Normalization pass;
+  WatchedPass pass;
   ASSERT_EQ(pass.Open(folder.Files(), questions), Opened::Yes);
   ASSERT_EQ(pass.Run(GainTable(Gain), Buffering::Single, clock, observer), Ended::Completed);
   EXPECT_EQ(pass.Throughput(), 0);
@@ -391,7 +391,7 @@ TEST_F(TargetOfPass, IsMade) {
 }
 
 TEST_F(TargetOfPass, HoldsTheHeaderBeforeThePassRuns) {
-  Normalization pass;
+  WatchedPass pass;
   ASSERT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Yes);
   EXPECT_EQ(Folder().Bytes("target.wav"), Folder().Source().substr(0, 44));
 }
@@ -465,7 +465,7 @@ TEST_F(TargetOfPass, FileStaysAfterANo) {
 
 TEST_F(TargetOfPass, RefusalIsNoError) {
   Folder().Put("target.wav", "x");
-  Normalization pass;
+  WatchedPass pass;
   EXPECT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Refused);
   EXPECT_EQ(TextOf(pass.Error()), "no error");
 }

@@ -238,7 +238,7 @@ TEST_F(TargetOfPass, FilesAreClosedWithThePass) {
   };
   const auto before = openFiles();
   {
-    Normalization pass;
+    WatchedPass pass;
     ASSERT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Yes);
     EXPECT_GT(openFiles(), before);
   }

@@ -153,7 +153,7 @@ TEST_F(TargetOfPass, CutShortByAnotherHasNoHoleAndIsNoSuccess) {
     }
   };
   {
-    Normalization pass;
+    WatchedPass pass;
     ASSERT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Yes);
     const ReadClock clock(1);
     EXPECT_EQ(pass.Run(GainTable(Gain), Buffering::Single, clock, observer), Ended::Failed);
@@ -164,7 +164,7 @@ TEST_F(TargetOfPass, CutShortByAnotherHasNoHoleAndIsNoSuccess) {
 
 TEST_F(TargetOfPass, FilesAreClosedWithThePass) {
   {
-    Normalization pass;
+    WatchedPass pass;
     ASSERT_EQ(pass.Open(Folder().Files(), Questions()), Opened::Yes);
     EXPECT_FALSE(CanBeHeldAlone(Source()));
     EXPECT_FALSE(CanBeHeldAlone(Target()));

@@ -15,14 +15,15 @@
 #include <utility>
 #include <vector>
 
+#include <QApplication>
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QEvent>
 #include <QFile>
 #include <QProgressBar>
 #include <QString>
-#include <QTimer>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -83,48 +84,6 @@ inline std::vector<std::int16_t> Amplified(std::vector<std::int16_t> samples, do
   return samples;
 }
 
-/// Message boxes whose answers a test prepares, each with what happens while the box stands. A box
-/// that was not prepared fails the test.
-class PreparedBoxes : public MessageBoxes {
- public:
-  struct Asked {
-    std::string text;
-    BoxButtons buttons = BoxButtons::Ok;
-  };
-
-  /// The next box gets this answer, after `meanwhile` was done. Without an answer its owner or the
-  /// program went away.
-  void Answer(std::optional<BoxAnswer> answer, std::function<void()> meanwhile = {}) {
-    prepared_.push_back({answer, std::move(meanwhile)});
-  }
-
-  std::optional<BoxAnswer> Ask(QWidget* /*owner*/, const QString& text,
-                               BoxButtons buttons) override {
-    asked.push_back({text.toStdString(), buttons});
-    if (prepared_.empty()) {
-      ADD_FAILURE() << "unexpected message box: " << text.toStdString();
-      return std::nullopt;
-    }
-    const auto next = prepared_.front();
-    prepared_.pop_front();
-    if (next.meanwhile) {
-      next.meanwhile();
-    }
-    return next.answer;
-  }
-
-  [[nodiscard]] bool AllAsked() const { return prepared_.empty(); }
-
-  std::vector<Asked> asked;
-
- private:
-  struct Prepared {
-    std::optional<BoxAnswer> answer;
-    std::function<void()> meanwhile;
-  };
-  std::deque<Prepared> prepared_;
-};
-
 /// The normalizer on files of its own. Its clock stands still unless a test lets it go on, so that
 /// a pass lets no event in; LetUpdatesCome() changes that.
 class NormalizerWindow : public CalculatorWindow {
@@ -159,7 +118,6 @@ class NormalizerWindow : public CalculatorWindow {
     record.WavTolerance = 6;
     record.WavSourceFile.clear();
     record.WavTargetFile = PathOf("out.wav");
-    QObject::connect(&watch_, &QTimer::timeout, [this] { DoWhatIsDue(); });
   }
 
   void TearDown() override {
@@ -212,7 +170,29 @@ class NormalizerWindow : public CalculatorWindow {
     Toler = Find<Slider>(window, QStringLiteral("Toler"));
   }
 
-  void ClickOn(const char* name) const { Click(Control(name)); }
+  /// Clicks, and runs what that began to its end. Within what happens meanwhile, it only clicks.
+  void ClickOn(const char* name) {
+    Click(Control(name));
+    if (!isMeanwhile_) {
+      AwaitEnd();
+    }
+  }
+
+  /// Turns the event loop until nothing waits for it, and no box or dialog stands, any more.
+  void AwaitEnd() {
+    constexpr int patience = 60000;     // milliseconds
+    constexpr double underABox = 0.02;  // seconds
+    const QDeadlineTimer deadline(patience);
+    do {
+      QCoreApplication::processEvents();
+      DoWhatIsDue();
+      if (!clock.RunDue()) {
+        clock.Advance(underABox);
+      }
+    } while ((clock.Waiting() > 0 || QApplication::activeModalWidget() != nullptr) &&
+             !deadline.hasExpired());
+    EXPECT_FALSE(deadline.hasExpired()) << "it does not end";
+  }
 
   void OpenFile(const QString& path) {
     dialogs.paths.push_back(path);
@@ -244,7 +224,6 @@ class NormalizerWindow : public CalculatorWindow {
   /// each call is for one more such moment.
   void During(const char* status, std::function<void()> action) {
     meanwhile_.push_back({status, std::move(action)});
-    watch_.start(0);
   }
 
   /// Closes what is still open, and runs the deletions that wait for the event loop.
@@ -324,7 +303,7 @@ class NormalizerWindow : public CalculatorWindow {
     return texts;
   }
 
-  PreparedBoxes questions;
+  FakeBoxes questions;
   Services prepared{record, windows, clock, questions, dialogs, desktop, registry, product};
   TextField* PercNorm = nullptr;
   Slider* Toler = nullptr;
@@ -336,19 +315,17 @@ class NormalizerWindow : public CalculatorWindow {
   };
 
   void DoWhatIsDue() {
-    if (meanwhile_.empty()) {
-      watch_.stop();
-      return;
-    }
-    if (window != nullptr && Text("Status") == meanwhile_.front().status) {
+    if (!meanwhile_.empty() && window != nullptr && Text("Status") == meanwhile_.front().status) {
       const auto moment = std::move(meanwhile_.front());
       meanwhile_.pop_front();
+      isMeanwhile_ = true;
       moment.action();
+      isMeanwhile_ = false;
     }
   }
 
   std::deque<Moment> meanwhile_;
-  QTimer watch_;
+  bool isMeanwhile_ = false;
 };
 
 /// The normalizer whose scanned file goes through a pass.

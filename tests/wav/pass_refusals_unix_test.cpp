@@ -79,7 +79,7 @@ TEST_F(UnknownLength, FoundOutWhileThePassRunsIsAnError) {
     observer.onUpdate = [&](std::size_t) {
       calls.length = RefusedFor(isInPlace ? Source() : Target());
     };
-    Normalization pass;
+    WatchedPass pass;
     ASSERT_EQ(pass.Open(Folder().Files(isInPlace), Questions()), Opened::Yes);
     const ReadClock clock(1);
     EXPECT_EQ(pass.Run(GainTable(Gain), Buffering::Single, clock, observer), Ended::Failed);
@@ -106,7 +106,7 @@ TEST_P(LateRefusalOfPass, IsNoSuccess) {
       QFile::remove(Target());
       InterposedCalls calls;
       calls.*GetParam().call = [](const std::string&) { return GetParam().error; };
-      Normalization pass;
+      WatchedPass pass;
       ASSERT_EQ(pass.Open(Folder().Files(isInPlace), Questions()), Opened::Yes);
       const ReadClock clock(1e-6);
       ObserverOfPass observer;
@@ -144,10 +144,10 @@ class SlowDisk : public FilesOfPass {
     EXPECT_EQ(pass_.Open(Folder().Files(), Questions()), Opened::Yes);
     return pass_.Run(GainTable(Gain), Buffering::Single, clock, observer);
   }
-  [[nodiscard]] const Normalization& Pass() const { return pass_; }
+  [[nodiscard]] const WatchedPass& Pass() const { return pass_; }
 
  private:
-  Normalization pass_;
+  WatchedPass pass_;
 };
 
 TEST_F(SlowDisk, ObserverIsToldUntilItHasTakenAll) {
@@ -400,7 +400,7 @@ class CutFile : public ::testing::TestWithParam<CutCase> {
     folder_.Put("source.wav", folder_.Source());
     QFile::remove(folder_.PathOf("target.wav"));
     ScriptedQuestions questions;
-    Normalization pass;
+    WatchedPass pass;
     EXPECT_EQ(pass.Open(folder_.Files(GetParam().isInPlace), questions), Opened::Yes);
     onceOpen();
     const ReadClock clock(1);

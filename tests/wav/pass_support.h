@@ -20,9 +20,10 @@
 
 #include "base/time/clock.h"
 #include "tests/base/settings/temporary_folder.h"
+#include "tests/wav/watched_pass.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
@@ -203,30 +204,36 @@ inline constexpr int NoSuchFolder = NoSuchFile;
 /// What the system says of an error of its own.
 inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
 
+/// The message of the error, or "no error".
+template <class Value>
+std::string TextOf(const WavResult<Value>& result) {
+  return result ? std::string("no error") : MessageOf(result.error()).toStdString();
+}
+
 /// The message of an error, or "no error".
 inline std::string TextOf(const std::optional<WavError>& error) {
   return error ? MessageOf(*error).toStdString() : std::string("no error");
 }
 
-inline const char* TextOf(Normalization::Opened opened) {
+inline const char* TextOf(WatchedPass::Opened opened) {
   switch (opened) {
-    case Normalization::Opened::Yes:
+    case WatchedPass::Opened::Yes:
       return "opened";
-    case Normalization::Opened::Refused:
+    case WatchedPass::Opened::Refused:
       return "refused";
-    case Normalization::Opened::Failed:
+    case WatchedPass::Opened::Failed:
       return "failed";
   }
   return "?";
 }
 
-inline const char* TextOf(Normalization::Ended ended) {
+inline const char* TextOf(WatchedPass::Ended ended) {
   switch (ended) {
-    case Normalization::Ended::Completed:
+    case WatchedPass::Ended::Completed:
       return "completed";
-    case Normalization::Ended::Aborted:
+    case WatchedPass::Ended::Aborted:
       return "aborted";
-    case Normalization::Ended::Failed:
+    case WatchedPass::Ended::Failed:
       return "failed";
   }
   return "?";
@@ -236,18 +243,18 @@ inline const char* TextOf(Normalization::Ended ended) {
 /// message of the error.
 inline std::string RunPass(const PassFiles& files, Buffering buffering, double gain,
                            TargetQuestions& questions) {
-  Normalization pass;
+  WatchedPass pass;
   const auto opened = pass.Open(files, questions);
-  if (opened == Normalization::Opened::Failed) {
+  if (opened == WatchedPass::Opened::Failed) {
     return TextOf(pass.Error());
   }
-  if (opened != Normalization::Opened::Yes) {
+  if (opened != WatchedPass::Opened::Yes) {
     return TextOf(opened);
   }
   const ReadClock clock;
   ObserverOfPass observer;
   const auto ended = pass.Run(GainTable(gain), buffering, clock, observer);
-  return ended == Normalization::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
+  return ended == WatchedPass::Ended::Failed ? TextOf(pass.Error()) : TextOf(ended);
 }
 
 }  // namespace brindle

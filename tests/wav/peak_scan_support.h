@@ -13,7 +13,7 @@
 
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/pass_support.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 #include "wav/peak_scan.h"
 
 namespace brindle {
@@ -30,7 +30,7 @@ inline std::string Filled(std::size_t bytes, std::int16_t level) {
 class PeakScanTest : public ::testing::Test {
  protected:
   // Scans a file of these parts, and holds that the file is as it was.
-  PeakScan Scan(const WavParts& parts, const Clock& clock, PassObserver& observer) const {
+  ScanResult Scan(const WavParts& parts, const Clock& clock, PassObserver& observer) const {
     const auto bytes = WavBytes(parts);
     folder_.Put("scanned.wav", bytes);
     const auto scan = ScanPeaks(folder_.PathOf("scanned.wav"), clock, observer);

@@ -19,7 +19,7 @@
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/peak_scan_support.h"
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
 
 namespace brindle {
 namespace {
@@ -39,12 +39,11 @@ class PercentOfPass : public ::testing::TestWithParam<PercentCase> {};
 TEST_P(PercentOfPass, IsTold) {
   const auto& [name, position, fileLength, wholePercent, percent] = GetParam();
   const ReadClock clock;
-  ScriptedObserver observer;
-  PassTimer timer(clock, observer, fileLength);
-  EXPECT_TRUE(timer.Update(position));
-  ASSERT_EQ(observer.updates.size(), 1U);
-  EXPECT_EQ(observer.updates[0].wholePercent, wholePercent);
-  EXPECT_EQ(observer.updates[0].percent, percent);
+  PassTimer timer(clock, fileLength);
+  const auto progress = timer.ProgressAt(position);
+  EXPECT_EQ(progress.wholePercent, wholePercent);
+  EXPECT_EQ(progress.percent, percent);
+  EXPECT_EQ(progress.elapsed, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -78,12 +77,10 @@ class UpdateOfPass : public ::testing::TestWithParam<DueCase> {};
 TEST_P(UpdateOfPass, IsDueOnlyBehindItsInterval) {
   const auto& [name, seconds, isDueAtHalf, isDueAtQuarter] = GetParam();
   ReadClock clock;
-  ScriptedObserver observer;
   clock.JumpAfter(1, seconds);
-  const PassTimer timer(clock, observer, 1000);
+  const PassTimer timer(clock, 1000);
   EXPECT_EQ(timer.IsDue(UpdateInterval::Half), isDueAtHalf);
   EXPECT_EQ(timer.IsDue(UpdateInterval::Quarter), isDueAtQuarter);
-  EXPECT_TRUE(observer.updates.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, UpdateOfPass,
@@ -97,48 +94,41 @@ INSTANTIATE_TEST_SUITE_P(Cases, UpdateOfPass,
                                            DueCase{"LongAfter", 3600, true, true}),
                          NameOf);
 
-TEST(TimerOfPassTest, GoesOnWithoutAWordUntilItIsDue) {
+TEST(TimerOfPassTest, TellsHowLongThePassHasTaken) {
   ReadClock clock;
-  ScriptedObserver observer;
-  observer.endsAt = 1;
   clock.JumpAfter(2, 0.375);
-  PassTimer timer(clock, observer, 1000);
-  EXPECT_TRUE(timer.GoesOn(10, UpdateInterval::Quarter));
-  EXPECT_TRUE(timer.GoesOn(20, UpdateInterval::Half));
-  EXPECT_TRUE(observer.updates.empty());
-  EXPECT_FALSE(timer.GoesOn(30, UpdateInterval::Quarter));
-  ASSERT_EQ(observer.updates.size(), 1U);
-  EXPECT_EQ(observer.updates[0].percent, 3);
-  EXPECT_EQ(observer.updates[0].elapsed, 0.375);
+  PassTimer timer(clock, 1000);
+  EXPECT_FALSE(timer.IsDue(UpdateInterval::Quarter));
+  EXPECT_FALSE(timer.IsDue(UpdateInterval::Half));
+  EXPECT_TRUE(timer.IsDue(UpdateInterval::Quarter));
+  const auto progress = timer.ProgressAt(30);
+  EXPECT_EQ(progress.percent, 3);
+  EXPECT_EQ(progress.elapsed, 0.375);
 }
 
 TEST(TimerOfPassTest, CountsFromTheLastUpdate) {
   ReadClock clock;
-  ScriptedObserver observer;
-  observer.onUpdate = [&](std::size_t) { clock.JumpAfter(1, 0.5); };
   clock.JumpAfter(1, 0.75);
-  PassTimer timer(clock, observer, 1000);
-  EXPECT_TRUE(timer.GoesOn(10, UpdateInterval::Half));
-  EXPECT_TRUE(timer.GoesOn(20, UpdateInterval::Half));
-  EXPECT_TRUE(timer.GoesOn(30, UpdateInterval::Half));
-  EXPECT_EQ(observer.Percents(), std::vector<float>{1});
-  EXPECT_TRUE(timer.GoesOn(40, UpdateInterval::Quarter));
-  EXPECT_EQ(observer.Percents(), (std::vector<float>{1, 4}));
-  EXPECT_EQ(observer.updates.back().elapsed, 1.25);
+  PassTimer timer(clock, 1000);
+  EXPECT_TRUE(timer.IsDue(UpdateInterval::Half));
+  EXPECT_EQ(timer.ProgressAt(10).elapsed, 0.75);
+  clock.JumpAfter(1, 0.5);
+  EXPECT_FALSE(timer.IsDue(UpdateInterval::Half));
+  EXPECT_FALSE(timer.IsDue(UpdateInterval::Half)) << "at the half itself";
+  EXPECT_TRUE(timer.IsDue(UpdateInterval::Quarter));
+  EXPECT_EQ(timer.ProgressAt(40).elapsed, 1.25);
 }
 
 TEST(TimerOfPassTest, ThroughputIsInMebibytes) {
   ReadClock clock;
-  ScriptedObserver observer;
   clock.JumpAfter(1, 4);
-  const PassTimer timer(clock, observer, 1000);
+  const PassTimer timer(clock, 1000);
   EXPECT_EQ(timer.Throughput(10485760), 2.5);
 }
 
 TEST(TimerOfPassTest, NoTimeGivesNoThroughput) {
   const ReadClock clock;
-  ScriptedObserver observer;
-  const PassTimer timer(clock, observer, 1000);
+  const PassTimer timer(clock, 1000);
   EXPECT_EQ(timer.Throughput(1048576), 0);
 }
 

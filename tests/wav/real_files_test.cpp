@@ -165,17 +165,17 @@ class RealFile : public ::testing::TestWithParam<FileCase> {
                                        bool isInPlace) const {
     folder_.Put("worked.wav", bytes_);
     QFile::remove(Target());
-    Normalization pass;
+    WatchedPass pass;
     ScriptedQuestions questions;
     EXPECT_EQ(
         pass.Open(
             {.source = folder_.PathOf("worked.wav"), .target = Target(), .isInPlace = isInPlace},
             questions),
-        Normalization::Opened::Yes)
+        WatchedPass::Opened::Yes)
         << TextOf(pass.Error());
     const ReadClock clock(1);
     ObserverOfPass observer;
-    EXPECT_EQ(pass.Run(table, buffering, clock, observer), Normalization::Ended::Completed)
+    EXPECT_EQ(pass.Run(table, buffering, clock, observer), WatchedPass::Ended::Completed)
         << TextOf(pass.Error());
     if (isInPlace) {
       return folder_.Bytes("worked.wav");
@@ -187,12 +187,13 @@ class RealFile : public ::testing::TestWithParam<FileCase> {
   void ExpectHeader() const {
     const auto header = ReadHeader(Source());
     if (GetParam().isRefused) {
-      ASSERT_TRUE(std::holds_alternative<WavRefusal>(header));
-      EXPECT_EQ(std::get<WavRefusal>(header), WavRefusal::NotPcm);
+      ASSERT_FALSE(header);
+      ASSERT_TRUE(std::holds_alternative<WavRefusal>(header.error()));
+      EXPECT_EQ(std::get<WavRefusal>(header.error()), WavRefusal::NotPcm);
       return;
     }
-    ASSERT_TRUE(std::holds_alternative<WavHeader>(header));
-    const auto& facts = std::get<WavHeader>(header);
+    ASSERT_TRUE(header);
+    const auto& facts = *header;
     EXPECT_EQ(facts.sampleRate, GetParam().rate);
     EXPECT_EQ(facts.channels, GetParam().channels);
     EXPECT_EQ(facts.bitsPerSample, GetParam().bits);

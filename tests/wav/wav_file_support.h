@@ -26,17 +26,14 @@ class WavFileTest : public ::testing::Test {
   // The bytes read, or the message of the error.
   static std::string Read(WavFile& file, qint64 position, std::size_t count) {
     std::string bytes(count, '?');
-    const auto error = file.Read(position, std::as_writable_bytes(std::span(bytes)));
-    return error ? TextOf(error) : bytes;
+    const auto read = file.Read(position, std::as_writable_bytes(std::span(bytes)));
+    return read ? bytes : TextOf(read);
   }
   // The bytes with their padding, and how many are there.
   static std::string ReadPadded(WavFile& file, qint64 position, std::size_t count) {
     std::string bytes(count, '?');
     const auto there = file.ReadPadded(position, std::as_writable_bytes(std::span(bytes)));
-    if (const auto* error = std::get_if<WavError>(&there)) {
-      return TextOf(*error);
-    }
-    return bytes + std::to_string(std::get<std::size_t>(there));
+    return there ? bytes + std::to_string(*there) : TextOf(there);
   }
   static std::string Write(WavFile& file, qint64 position, const std::string& bytes) {
     return TextOf(file.Write(position, std::as_bytes(std::span(bytes))));
@@ -44,9 +41,7 @@ class WavFileTest : public ::testing::Test {
 
   // -1 where it cannot be told.
   static qint64 LengthOf(const WavFile& file) {
-    const auto length = file.Length(WavError::Failed::Reading);
-    const auto* bytes = std::get_if<qint64>(&length);
-    return bytes == nullptr ? -1 : *bytes;
+    return file.Length(WavError::Failed::Reading).value_or(-1);
   }
 
   [[nodiscard]] const TemporaryFolder& Folder() const { return folder_; }
@@ -77,13 +72,13 @@ class SameFileTest : public WavFileTest {
 /// length of its data.
 inline std::string Opening(const QString& path) {
   const auto header = ReadHeader(path);
-  if (const auto* refusal = std::get_if<WavRefusal>(&header)) {
+  if (header) {
+    return std::to_string(header->dataLength);
+  }
+  if (const auto* refusal = std::get_if<WavRefusal>(&header.error())) {
     return *refusal == WavRefusal::AlreadyOpen ? "already open" : "no WAV";
   }
-  if (const auto* error = std::get_if<WavError>(&header)) {
-    return TextOf(*error);
-  }
-  return std::to_string(std::get<WavHeader>(header).dataLength);
+  return MessageOf(header.error()).toStdString();
 }
 
 }  // namespace brindle

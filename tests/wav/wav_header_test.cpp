@@ -60,13 +60,15 @@ std::string At(std::size_t position, const std::string& block, const std::string
   return front + Filler(position - 1 - front.size()) + block;
 }
 
-using Read = std::variant<WavHeader, WavRefusal, WavError>;
+using Read = tl::expected<WavHeader, WavNotOpened>;
 
 std::string Told(const Read& read) {
-  if (const auto* error = std::get_if<WavError>(&read)) {
-    return MessageOf(*error).toStdString();
+  if (read) {
+    return (read->sampleRate ? std::to_string(*read->sampleRate) : "no rate") + "Hz " +
+           std::to_string(read->bitsPerSample) + "bit " + std::to_string(read->channels) + "Ch " +
+           std::to_string(read->dataLength);
   }
-  if (const auto* refusal = std::get_if<WavRefusal>(&read)) {
+  if (const auto* refusal = std::get_if<WavRefusal>(&read.error())) {
     switch (*refusal) {
       case WavRefusal::AlreadyOpen:
         return "already open";
@@ -76,10 +78,7 @@ std::string Told(const Read& read) {
         return "not PCM";
     }
   }
-  const auto& header = std::get<WavHeader>(read);
-  return (header.sampleRate ? std::to_string(*header.sampleRate) : "no rate") + "Hz " +
-         std::to_string(header.bitsPerSample) + "bit " + std::to_string(header.channels) + "Ch " +
-         std::to_string(header.dataLength);
+  return MessageOf(read.error()).toStdString();
 }
 
 constexpr const char* Usual = "44100Hz 16bit 2Ch 1000";
@@ -249,8 +248,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ReadHeader, TellsWhyAFileCannotBeRead) {
   const TemporaryFolder folder;
   const auto missing = ReadHeader(folder.PathOf("missing.wav"));
-  ASSERT_TRUE(std::holds_alternative<WavError>(missing));
-  EXPECT_EQ(std::get<WavError>(missing).failed, WavError::Failed::Reading);
+  ASSERT_FALSE(missing);
+  ASSERT_TRUE(std::holds_alternative<WavError>(missing.error()));
+  EXPECT_EQ(std::get<WavError>(missing.error()).failed, WavError::Failed::Reading);
   EXPECT_EQ(Told(missing).rfind("Cannot read " + NativeText(folder.PathOf("missing.wav")), 0), 0U);
   EXPECT_EQ(Told(ReadHeader(folder.Path())),
             "Cannot read " + NativeText(folder.Path()) + ": not a file");
@@ -308,18 +308,17 @@ struct LocateCase {
 
 std::string Located(const QString& path) {
   WavFile file;
-  if (const auto error = file.OpenForReading(path)) {
-    return MessageOf(*error).toStdString();
+  if (const auto opened = file.OpenForReading(path); !opened) {
+    return MessageOf(opened.error()).toStdString();
   }
-  const auto located = LocateData(file);
-  if (const auto* error = std::get_if<WavError>(&located)) {
-    EXPECT_EQ(error->failed, WavError::Failed::Reading);
-    EXPECT_EQ(error->error.path.toStdString(), NativeText(path));
-    return error->error.reason.toStdString();
+  const auto data = LocateData(file);
+  if (!data) {
+    EXPECT_EQ(data.error().failed, WavError::Failed::Reading);
+    EXPECT_EQ(data.error().error.path.toStdString(), NativeText(path));
+    return data.error().error.reason.toStdString();
   }
-  const auto& data = std::get<SampleData>(located);
-  return std::to_string(data.length) + " from " + std::to_string(data.start) + " in " +
-         std::to_string(data.fileLength);
+  return std::to_string(data->length) + " from " + std::to_string(data->start) + " in " +
+         std::to_string(data->fileLength);
 }
 
 class LocatesData : public ::testing::TestWithParam<LocateCase> {};

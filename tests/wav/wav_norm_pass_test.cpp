@@ -83,7 +83,7 @@ TEST_F(ScanningWindow, ShowsHowFarItIs) {
     EXPECT_EQ(Text("ETA1"), "ETA:");
     EXPECT_EQ(Text("ETA2"), "") << "nothing is known at no percent";
     EXPECT_EQ(Progress(), 0);
-    clock.Advance(200);
+    clock.Elapse(200);
   });
   During("Scanning...", [&] {
     EXPECT_EQ(Text("Perc"), "20%");
@@ -109,12 +109,12 @@ TEST_F(ScanningWindow, TellsTheRemainingTimeInMinutesAndSeconds) {
   for (int block = 0; block < 17; ++block) {
     During("Scanning...", [&] {
       clock.AdvanceAtEveryLook(0);
-      clock.Advance(0.6);
+      clock.Elapse(0.6);
       passed += 0.6;
     });
   }
   // At 90 %, 1683 seconds and the looks at the clock before the first update.
-  During("Scanning...", [&] { clock.Advance(1683 - passed); });
+  During("Scanning...", [&] { clock.Elapse(1683 - passed); });
   During("Scanning...", [&] {
     EXPECT_EQ(Text("Perc"), "90%");
     EXPECT_EQ(Text("ETA2"), "3:07");
@@ -416,7 +416,7 @@ TEST_F(NormalizingWindow, ShowsHowFarItIs) {
     EXPECT_EQ(FocusedControl(), "Cancel");
     EXPECT_EQ(Text("Perc"), "0%");
     EXPECT_EQ(Text("ETA2"), "");
-    clock.Advance(200);
+    clock.Elapse(200);
   });
   During("Normalizing...", [&] {
     EXPECT_EQ(Text("Perc"), "20%");
@@ -515,6 +515,7 @@ TEST_F(NormalizingWindow, LetsNothingElseStartAtItsBeginning) {
   });
   questions.Answer(BoxAnswer::Ok, [&] { EXPECT_TRUE(wasIn); });
   LetGo(Control("btnNorm"));
+  AwaitEnd();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
   EXPECT_EQ(dialogs.asked.size(), 0U);
 }

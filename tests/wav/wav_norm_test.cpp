@@ -809,6 +809,7 @@ TEST_F(DroppedFiles, LetGoJustBeforeAScanAreTurnedAway) {
   QApplication::sendEvent(window, &drop);
   EXPECT_TRUE(drop.isAccepted());
   LetGo(Control("btnScan"));
+  AwaitEnd();
   EXPECT_EQ(record.WavSourceFile, path);
   EXPECT_EQ(Text("WavInfo1"), "in.wav");
   EXPECT_EQ(Peaks(), "-16384 8191");
@@ -827,9 +828,10 @@ class KeyboardAlone : public NormalizerWindow {
     } while (window->focusWidget() != first && order.size() < 30);
     return order;
   }
-  void PressSpaceOn(const char* name) const {
+  void PressSpaceOn(const char* name) {
     TabTo(Control(name));
     Key(Qt::Key_Space);
+    AwaitEnd();
   }
 };
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 #include <QString>
@@ -14,19 +13,19 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-AtPath WhatIsAt(const QString& path) {
+FileResult<bool> IsFileAt(const QString& path) {
   std::error_code code;
   const auto status = std::filesystem::status(path.toStdU16String(), code);
   if (status.type() == std::filesystem::file_type::not_found) {
-    return {.anything = false, .error = std::nullopt};
+    return false;
   }
   if (code) {
-    return {.error = ErrorOf(path, qt_error_string(code.value()))};
+    return tl::unexpected(ErrorOf(path, qt_error_string(code.value())));
   }
   if (!std::filesystem::is_regular_file(status)) {
-    return {.error = ErrorOf(path, u"not a file"_s)};
+    return tl::unexpected(ErrorOf(path, u"not a file"_s));
   }
-  return {};
+  return true;
 }
 
 bool IsAbsolute(const QString& path) { return path.startsWith(u'/'); }

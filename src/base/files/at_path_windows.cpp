@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include <optional>
 #include <windows.h>
 
 #include <QDir>
@@ -15,22 +14,22 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-AtPath WhatIsAt(const QString& path) {
+FileResult<bool> IsFileAt(const QString& path) {
   const auto handle = LookAt(path);
   if (handle.get() == INVALID_HANDLE_VALUE) {
     const auto code = GetLastError();
     if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) {
-      return {.anything = false, .error = std::nullopt};
+      return false;
     }
-    return {.error = ErrorOf(path, qt_error_string(static_cast<int>(code)))};
+    return tl::unexpected(ErrorOf(path, qt_error_string(static_cast<int>(code))));
   }
   BY_HANDLE_FILE_INFORMATION found = {};
   if (GetFileType(handle.get()) != FILE_TYPE_DISK ||
       GetFileInformationByHandle(handle.get(), &found) == FALSE ||
       (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    return {.error = ErrorOf(path, u"not a file"_s)};
+    return tl::unexpected(ErrorOf(path, u"not a file"_s));
   }
-  return {};
+  return true;
 }
 
 // A drive with its root, or a server: "C:file" is in the current folder of the drive, "\\file" on

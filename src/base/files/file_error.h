@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <tl/expected.hpp>
+
 #include <QFileDevice>
 #include <QString>
 
@@ -14,6 +16,10 @@ struct FileError {
   QString path;
   QString reason;
 };
+
+/// What a file gave, or why it could not.
+template <class Value>
+using FileResult = tl::expected<Value, FileError>;
 
 /// The error of `path` with this reason.
 [[nodiscard]] FileError ErrorOf(const QString& path, const QString& reason);

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <optional>
+#include <tl/expected.hpp>
 
 #include <QString>
 
@@ -11,8 +11,8 @@ namespace brindle {
 
 /// Has the system write the open file out and asks what closing it would say, for a system may
 /// take bytes first and refuse them later. `handle` is the file's descriptor, which stays open.
-/// The system's reason where a byte may be lost; a file system that cannot synchronise is no
-/// failure. Can take long, and runs on any thread.
-[[nodiscard]] std::optional<QString> SyncFile(int handle);
+/// The error is the system's reason why a byte may be lost; a file system that cannot synchronise
+/// is no failure. Can take long, and runs on any thread.
+[[nodiscard]] tl::expected<void, QString> SyncFile(int handle);
 
 }  // namespace brindle

@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <optional>
 #include <unistd.h>
 
 #include <QString>
@@ -32,11 +31,11 @@ bool CanBeClosed(int handle) {
 
 }  // namespace
 
-std::optional<QString> SyncFile(int handle) {
+tl::expected<void, QString> SyncFile(int handle) {
   if (IsWrittenOut(handle) && CanBeClosed(handle)) {
-    return std::nullopt;
+    return {};
   }
-  return qt_error_string(errno);
+  return tl::unexpected(qt_error_string(errno));
 }
 
 }  // namespace brindle

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include <optional>
 #include <windows.h>
 
 #include <QString>
@@ -11,15 +10,15 @@
 
 namespace brindle {
 
-std::optional<QString> SyncFile(int handle) {
+tl::expected<void, QString> SyncFile(int handle) {
   if (FlushFileBuffers(SystemHandle(handle)) != FALSE) {
-    return std::nullopt;
+    return {};
   }
   const auto code = GetLastError();
   if (code == ERROR_INVALID_FUNCTION || code == ERROR_NOT_SUPPORTED) {
-    return std::nullopt;
+    return {};
   }
-  return qt_error_string(static_cast<int>(code));
+  return tl::unexpected(qt_error_string(static_cast<int>(code)));
 }
 
 }  // namespace brindle

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -17,7 +16,7 @@ namespace brindle {
 
 namespace {
 
-QPointer<QFileDialog> MakeDialog(QWidget* owner, const FileQuestion& question) {
+QFileDialog* MakeDialog(QWidget* owner, const FileQuestion& question) {
   auto* dialog = new QFileDialog(owner, question.title);
   dialog->setObjectName(question.name);
   dialog->setNameFilters(question.filters);
@@ -30,30 +29,31 @@ QPointer<QFileDialog> MakeDialog(QWidget* owner, const FileQuestion& question) {
   return dialog;
 }
 
-QString Chosen(ModalDialogs& dialogs, const QPointer<QFileDialog>& dialog) {
-  QString path;
-  if (dialogs.Run(dialog.data()) == QDialog::Accepted) {
-    path = dialog->selectedFiles().value(0);
-  }
-  delete dialog;
-  return QDir::toNativeSeparators(path);
-}
-
 }  // namespace
 
-QString ScreenFileDialogs::AskForExisting(QWidget* owner, const FileQuestion& question) {
-  const auto dialog = MakeDialog(owner, question);
+void ScreenFileDialogs::AskForExisting(QWidget* owner, const FileQuestion& question,
+                                       const WhenChosen& chosen) {
+  auto* dialog = MakeDialog(owner, question);
   dialog->setFileMode(QFileDialog::ExistingFile);
-  return Chosen(dialogs_, dialog);
+  Open(dialog, chosen);
 }
 
-QString ScreenFileDialogs::AskForTarget(QWidget* owner, const FileQuestion& question,
-                                        const QString& suffix) {
-  const auto dialog = MakeDialog(owner, question);
+void ScreenFileDialogs::AskForTarget(QWidget* owner, const FileQuestion& question,
+                                     const QString& suffix, const WhenChosen& chosen) {
+  auto* dialog = MakeDialog(owner, question);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setOption(QFileDialog::DontConfirmOverwrite);
   dialog->setDefaultSuffix(suffix);
-  return Chosen(dialogs_, dialog);
+  Open(dialog, chosen);
+}
+
+void ScreenFileDialogs::Open(QFileDialog* dialog, const WhenChosen& chosen) {
+  dialogs_.Open(dialog, [dialog, chosen](int result) {
+    const auto path = dialog->selectedFiles().value(0);
+    if (result == QDialog::Accepted && !path.isEmpty()) {
+      chosen(QDir::toNativeSeparators(path));
+    }
+  });
 }
 
 }  // namespace brindle

@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
 #include "base/input/modal_dialogs.h"
 #include "base/interface.h"
+
+class QFileDialog;
 
 namespace brindle {
 
@@ -21,28 +25,34 @@ struct FileQuestion {
 };
 
 /// The desktop's dialogs in which a user chooses a file. The whole program stops while one is open.
+/// Nobody waits for the choice: what is to follow is a function.
 class FileDialogs : public Interface {
  public:
-  /// The path of an existing file, in the platform's own separators. Empty when the user cancelled,
-  /// and when the program ended: nothing is to be done then. The owner may have been closed
-  /// meanwhile, which it knows itself.
-  virtual QString AskForExisting(QWidget* owner, const FileQuestion& question) = 0;
+  using WhenChosen = std::function<void(const QString& path)>;
+
+  /// Lets the user choose an existing file. `chosen` runs with its path, in the platform's own
+  /// separators; never when the user cancels, the owner is closed or the program ends.
+  virtual void AskForExisting(QWidget* owner, const FileQuestion& question,
+                              const WhenChosen& chosen) = 0;
 
   /// The same for a file that need not exist. Whether one is to be overwritten is not asked. A name
   /// without an extension gets `suffix`.
-  virtual QString AskForTarget(QWidget* owner, const FileQuestion& question,
-                               const QString& suffix) = 0;
+  virtual void AskForTarget(QWidget* owner, const FileQuestion& question, const QString& suffix,
+                            const WhenChosen& chosen) = 0;
 };
 
 /// The file dialogs on the screen: the desktop's, where it has them.
 class ScreenFileDialogs : public FileDialogs {
  public:
   explicit ScreenFileDialogs(ModalDialogs& dialogs) : dialogs_(dialogs) {}
-  QString AskForExisting(QWidget* owner, const FileQuestion& question) override;
-  QString AskForTarget(QWidget* owner, const FileQuestion& question,
-                       const QString& suffix) override;
+  void AskForExisting(QWidget* owner, const FileQuestion& question,
+                      const WhenChosen& chosen) override;
+  void AskForTarget(QWidget* owner, const FileQuestion& question, const QString& suffix,
+                    const WhenChosen& chosen) override;
 
  private:
+  void Open(QFileDialog* dialog, const WhenChosen& chosen);
+
   ModalDialogs& dialogs_;
 };
 

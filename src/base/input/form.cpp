@@ -3,6 +3,8 @@
 
 #include "base/input/form.h"
 
+#include <functional>
+#include <memory>
 #include <utility>
 
 #include <QCloseEvent>
@@ -16,22 +18,23 @@ Form::Form(const QString& name, const QString& caption, Escape escape) : escape_
   setWindowTitle(caption);
 }
 
-void Form::DeleteWhenLeft() {
-  toBeDeleted_ = true;
-  if (inside_ == 0) {
-    deleteLater();
+bool Form::MayClose(const std::function<void()>& whenAgreed) {
+  if (std::exchange(hasAgreed_, false)) {
+    return true;
   }
-}
-
-Form::Occupied::~Occupied() {
-  --form_.inside_;
-  if (form_.inside_ == 0 && form_.toBeDeleted_) {
-    form_.deleteLater();
-  }
+  const auto isLater = std::make_shared<bool>(false);
+  AskToClose([this, isLater, whenAgreed] {
+    hasAgreed_ = true;
+    if (*isLater) {
+      whenAgreed();
+    }
+  });
+  *isLater = true;
+  return std::exchange(hasAgreed_, false);
 }
 
 void Form::closeEvent(QCloseEvent* event) {
-  if (!closed_ && !AgreesToClose()) {
+  if (!closed_ && !MayClose([this] { close(); })) {
     event->ignore();
     return;
   }

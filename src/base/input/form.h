@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QString>
 #include <QWidget>
 
@@ -24,30 +26,11 @@ class Form : public QWidget {
 
   [[nodiscard]] FocusTracker& Focus() { return focus_; }
 
-  /// Whether the window, which is to be closed, or whose program is to end, has nothing against it.
-  /// May ask the user.
-  [[nodiscard]] virtual bool AgreesToClose() { return true; }
-  /// The window is going to be closed, or its program to end: nobody was against it.
+  /// Whether the window may be closed, or its program end. Where the user has to be asked first,
+  /// it may not, until `whenAgreed` runs.
+  [[nodiscard]] bool MayClose(const std::function<void()>& whenAgreed);
+  /// The window is going to be closed, or its program to end: it stops what it is doing.
   virtual void WillClose() {}
-
-  /// For the owner of a closed window: deletes it from the event loop, when none of its own
-  /// functions is running any more.
-  void DeleteWhenLeft();
-
-  /// Stands in every function of a window of the list that lets events in: while a box is open,
-  /// during a long pass. The window may be closed meanwhile, but is not deleted.
-  class Occupied {
-   public:
-    explicit Occupied(Form& form) : form_(form) { ++form_.inside_; }
-    Occupied(const Occupied&) = delete;
-    Occupied& operator=(const Occupied&) = delete;
-    Occupied(Occupied&&) = delete;
-    Occupied& operator=(Occupied&&) = delete;
-    ~Occupied();
-
-   private:
-    Form& form_;
-  };
 
  Q_SIGNALS:
   /// The window has agreed to close and is about to hide; whoever owns it may delete it, but only
@@ -57,15 +40,18 @@ class Form : public QWidget {
   void HelpAsked();
 
  protected:
+  /// For a window that may have something against being closed: runs `agreed` if the user agrees,
+  /// now or later.
+  virtual void AskToClose(const std::function<void()>& agreed) { agreed(); }
+
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   FocusTracker focus_{this};
   Escape escape_;
+  bool hasAgreed_ = false;  // after a question; the next try to close it succeeds
   bool closed_ = false;
-  int inside_ = 0;
-  bool toBeDeleted_ = false;
 };
 
 }  // namespace brindle

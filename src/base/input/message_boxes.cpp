@@ -3,11 +3,9 @@
 
 #include "base/input/message_boxes.h"
 
-#include <optional>
 #include <vector>
 
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 
@@ -47,9 +45,9 @@ std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
 
 }  // namespace
 
-std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& text,
-                                                 BoxButtons buttons) {
-  const QPointer box(new QMessageBox(owner));
+void ScreenMessageBoxes::Ask(QWidget* owner, const QString& text, BoxButtons buttons,
+                             const WhenAnswered& answered) {
+  auto* box = new QMessageBox(owner);
   box->setObjectName(u"MessageBox"_s);
   box->setWindowTitle(u"Brindle"_s);
   box->setTextFormat(Qt::PlainText);
@@ -57,17 +55,14 @@ std::optional<BoxAnswer> ScreenMessageBoxes::Ask(QWidget* owner, const QString& 
   const auto added = AddButtons(*box, buttons);
   const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
   box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
-  std::optional<BoxAnswer> answer;
-  if (dialogs_.Run(box.data())) {
-    const auto* clicked = box->clickedButton();
+  dialogs_.Open(box, [box, added, answered](int) {
     for (const auto& candidate : added) {
-      if (candidate.button == clicked) {
-        answer = candidate.answer;
+      if (candidate.button == box->clickedButton()) {
+        answered(candidate.answer);
+        return;
       }
     }
-  }
-  delete box;
-  return answer;
+  });
 }
 
 }  // namespace brindle

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <optional>
+#include <functional>
 
 #include <QString>
 #include <QWidget>
@@ -18,19 +18,28 @@ enum class BoxButtons { Ok, YesNo, YesNoDefaultNo, CancelTryAgainContinue };
 enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
 
 /// Message boxes as the windows ask for them: plain text, the whole program stops while one is
-/// open.
+/// open. Nobody waits for the answer: what is to follow is a function.
 class MessageBoxes : public Interface {
  public:
-  /// Returns when the user has answered, or with nothing when `owner` or the program goes away
-  /// under the open box; then the caller must not touch its window any more.
-  virtual std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) = 0;
+  using WhenAnswered = std::function<void(BoxAnswer)>;
+
+  /// Opens a box over `owner`, which may be null. `answered` runs when the user has answered; never
+  /// when the owner is closed or the program ends under the open box.
+  virtual void Ask(QWidget* owner, const QString& text, BoxButtons buttons,
+                   const WhenAnswered& answered) = 0;
+
+  /// A box with an OK button that nothing follows.
+  void Tell(QWidget* owner, const QString& text) {
+    Ask(owner, text, BoxButtons::Ok, [](BoxAnswer) {});
+  }
 };
 
 /// The message boxes on the screen.
 class ScreenMessageBoxes : public MessageBoxes {
  public:
   explicit ScreenMessageBoxes(ModalDialogs& dialogs) : dialogs_(dialogs) {}
-  std::optional<BoxAnswer> Ask(QWidget* owner, const QString& text, BoxButtons buttons) override;
+  void Ask(QWidget* owner, const QString& text, BoxButtons buttons,
+           const WhenAnswered& answered) override;
 
  private:
   ModalDialogs& dialogs_;

@@ -3,33 +3,51 @@
 
 #include "base/input/modal_dialogs.h"
 
-#include <optional>
+#include <functional>
 #include <utility>
 
 #include <QDialog>
+#include <QObject>
 #include <QPointer>
+
+#include "base/input/form.h"
 
 namespace brindle {
 
-std::optional<int> ModalDialogs::Run(QDialog* opened) {
-  const QPointer dialog(opened);
+void ModalDialogs::Open(QDialog* dialog, const std::function<void(int result)>& answered) {
   if (ended_) {
-    return std::nullopt;
+    delete dialog;
+    return;
+  }
+  open_.append(dialog);
+  QObject::connect(dialog, &QDialog::finished, dialog, [this, dialog, answered](int result) {
+    open_.removeAll(dialog);
+    dialog->deleteLater();
+    answered(result);
+    if (open_.isEmpty() && afterAll_) {
+      std::exchange(afterAll_, nullptr)();
+    }
+  });
+  if (auto* owner = qobject_cast<Form*>(dialog->parentWidget())) {
+    QObject::connect(owner, &Form::Closed, dialog, [this, dialog] { TakeAway(dialog); });
   }
   dialog->setWindowModality(Qt::ApplicationModal);
-  open_.append(dialog);
-  const int result = dialog->exec();
-  const bool isDismissed = open_.removeAll(dialog) == 0;
-  if (isDismissed || dialog == nullptr) {
-    return std::nullopt;
+  dialog->show();
+}
+
+void ModalDialogs::WhenNoneIsOpen(const std::function<void()>& action) {
+  if (open_.isEmpty()) {
+    action();
+  } else {
+    afterAll_ = action;
   }
-  return result;
 }
 
 void ModalDialogs::Dismiss() {
+  afterAll_ = nullptr;
   for (const auto& dialog : std::exchange(open_, {})) {
     if (dialog != nullptr) {
-      dialog->done(QDialog::Rejected);
+      TakeAway(dialog);
     }
   }
 }
@@ -37,6 +55,13 @@ void ModalDialogs::Dismiss() {
 void ModalDialogs::End() {
   ended_ = true;
   Dismiss();
+}
+
+void ModalDialogs::TakeAway(QDialog* dialog) {
+  open_.removeAll(dialog);
+  dialog->disconnect();
+  dialog->hide();
+  dialog->deleteLater();
 }
 
 }  // namespace brindle

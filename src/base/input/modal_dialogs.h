@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <optional>
+#include <functional>
 
 #include <QDialog>
 #include <QList>
@@ -11,21 +11,28 @@
 
 namespace brindle {
 
-/// The dialogs that stop the whole program while they are open, so that its end can take them away.
+/// The dialogs of the program, each of which stops the whole program while it is open. None of them
+/// is waited for: what is to follow is a function that runs when the user has answered.
 class ModalDialogs {
  public:
-  /// Opens the dialog, waits for its end and gives its result; nothing when the program ended or
-  /// the dialog was destroyed, with its owner, meanwhile.
-  std::optional<int> Run(QDialog* opened);
+  /// Opens the dialog, which deletes itself when it is over. `answered` runs with its result; never
+  /// when its owner is closed or deleted under it, and never when the program ends.
+  void Open(QDialog* dialog, const std::function<void(int result)>& answered);
 
-  /// Takes every open dialog away; none counts as answered.
+  /// Runs `action` as soon as none is open: now, or after the last answer.
+  void WhenNoneIsOpen(const std::function<void()>& action);
+
+  /// Takes away what is open; none of it counts as answered, and nothing waits for it any more.
   void Dismiss();
 
-  /// The same, and none opens any more.
+  /// The program ends: Dismiss(), and no dialog opens any more.
   void End();
 
  private:
+  void TakeAway(QDialog* dialog);
+
   QList<QPointer<QDialog>> open_;
+  std::function<void()> afterAll_;
   bool ended_ = false;
 };
 

@@ -6,9 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <optional>
 #include <system_error>
-#include <variant>
 
 #include <QByteArray>
 #include <QDir>
@@ -80,54 +78,60 @@ QFileInfo WhereLinksLead(const QString& path) {
   return file;
 }
 
-// The system's reason why the bytes are not on the disk yet.
-std::optional<QString> WhyNotWritten(QFile& file, const QByteArray& bytes) {
-  return WriteAll(file, bytes) ? SyncFile(file.handle()) : std::optional(file.errorString());
+// The error is the system's reason why the bytes are not on the disk yet.
+tl::expected<void, QString> WriteOut(QFile& file, const QByteArray& bytes) {
+  if (!WriteAll(file, bytes)) {
+    return tl::unexpected(file.errorString());
+  }
+  return SyncFile(file.handle());
 }
 
-std::optional<QString> WhyNotRenamed(const QString& from, const QString& to) {
+tl::expected<void, QString> Rename(const QString& from, const QString& to) {
   std::error_code code;
   std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
-  return code ? std::optional(qt_error_string(code.value())) : std::nullopt;
+  if (code) {
+    return tl::unexpected(qt_error_string(code.value()));
+  }
+  return {};
 }
 
 // The new file is on the disk before it is renamed over the old one: whatever fails leaves the old.
-std::optional<FileError> Replace(const QString& path, const QByteArray& bytes) {
-  if (auto error = WhatIsAt(path).error) {
-    return error;
+FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
+  if (const auto standing = IsFileAt(path); !standing) {
+    return tl::unexpected(standing.error());
   }
   const QString target = WhereLinksLead(path).filePath();
   QFile old(target);
   if (old.exists() && !old.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
-    return ErrorOf(path, old);
+    return tl::unexpected(ErrorOf(path, old));
   }
   const auto number = QRandomGenerator::system()->generate();
   QFile file(target + TemporaryMark + u"%1"_s.arg(number, 8, 16, QChar(u'0')));
   // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-    return ErrorOf(path, file);
+    return tl::unexpected(ErrorOf(path, file));
   }
   const BeingWritten mark(file.handle());
   if (old.isOpen()) {
     file.setPermissions(old.permissions());
     old.close();
   }
-  auto reason = WhyNotWritten(file, bytes);
+  auto replaced = WriteOut(file, bytes);
   file.close();
-  if (!reason) {
-    reason = WhyNotRenamed(file.fileName(), target);
+  if (replaced) {
+    replaced = Rename(file.fileName(), target);
   }
-  if (reason) {
+  if (!replaced) {
     file.remove();
-    return ErrorOf(path, *reason);
+    return tl::unexpected(ErrorOf(path, replaced.error()));
   }
-  return std::nullopt;
+  return {};
 }
 
 // What is there, up to the largest file.
-std::variant<QByteArray, FileError> ReadExisting(const QString& path) {
-  if (const auto error = WhatIsAt(path).error) {
-    return *error;
+FileResult<QByteArray> ReadExisting(const QString& path) {
+  if (const auto standing = IsFileAt(path); !standing) {
+    return tl::unexpected(standing.error());
   }
   QFile file(path);
   if (file.open(QIODevice::ReadOnly)) {
@@ -136,7 +140,7 @@ std::variant<QByteArray, FileError> ReadExisting(const QString& path) {
       return bytes;
     }
   }
-  return ErrorOf(path, file);
+  return tl::unexpected(ErrorOf(path, file));
 }
 
 // The temporary files in the folder that were made for a file of this name.
@@ -169,23 +173,20 @@ QString DesktopConfigFolder() {
 SettingsFile::SettingsFile(const QString& folder)
     : path_(folder + u"/Brindle2.ini"_s), keptPath_(path_ + u".bak"_s) {}
 
-std::variant<QByteArray, FileError> SettingsFile::Read() const {
-  if (!WhatIsAt(path_).anything) {
+FileResult<QByteArray> SettingsFile::Read() const {
+  if (const auto standing = IsFileAt(path_); standing && !*standing) {
     return QByteArray();
   }
   return ReadExisting(path_);
 }
 
-std::optional<FileError> SettingsFile::Write(const QByteArray& bytes) const {
+FileResult<void> SettingsFile::Write(const QByteArray& bytes) const {
   return Replace(path_, bytes);
 }
 
-std::optional<FileError> SettingsFile::KeepUnusable() const {
-  const auto content = ReadExisting(path_);
-  if (const auto* error = std::get_if<FileError>(&content)) {
-    return *error;
-  }
-  return Replace(keptPath_, std::get<QByteArray>(content));
+FileResult<void> SettingsFile::KeepUnusable() const {
+  return ReadExisting(path_).and_then(
+      [this](const QByteArray& bytes) { return Replace(keptPath_, bytes); });
 }
 
 void SettingsFile::SweepLeftovers() const {

@@ -3,9 +3,6 @@
 
 #pragma once
 
-#include <optional>
-#include <variant>
-
 #include <QByteArray>
 #include <QString>
 
@@ -28,16 +25,16 @@ class SettingsFile {
 
   /// The whole file; empty bytes where there is none. A file of more than one mebibyte, which no
   /// program of this name writes, is cut there: it has too much on a line or too many lines.
-  [[nodiscard]] std::variant<QByteArray, FileError> Read() const;
+  [[nodiscard]] FileResult<QByteArray> Read() const;
 
   /// Replaces the file as a whole: written beside it, synchronised, renamed over it, so that after
   /// a crash or on a full disk the file is the old one or the new one. Only a file is replaced,
   /// and only when the system says that the new one is on the disk.
-  [[nodiscard]] std::optional<FileError> Write(const QByteArray& bytes) const;
+  [[nodiscard]] FileResult<void> Write(const QByteArray& bytes) const;
 
   /// Keeps a copy of the file, which could not be used, as "Brindle2.ini.bak"; an older one is
   /// replaced. As much is kept as is read.
-  [[nodiscard]] std::optional<FileError> KeepUnusable() const;
+  [[nodiscard]] FileResult<void> KeepUnusable() const;
 
   /// Removes the temporary files that were left when this program was killed while it saved or
   /// looked for its folder, but none that another Brindle is writing. What cannot be removed stays.

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include "base/input/form.h"
 #include "base/interface.h"
 
@@ -35,9 +37,9 @@ class WindowList : public Interface {
   /// then.
   virtual void Open(WindowId id) = 0;
 
-  /// Asks every window whether it may be closed, until one is against it; when none is, all are
-  /// told that they will be.
-  [[nodiscard]] virtual bool AllAgreeToClose() = 0;
+  /// Asks every window whether it may be closed. When none has anything against it, all are told
+  /// that they will be, and `agreed` runs, now or when the user has answered.
+  virtual void AskAllToClose(const std::function<void()>& agreed) = 0;
   /// Tells all windows that they will be closed, without asking any of them.
   virtual void CloseAllUnasked() = 0;
 };

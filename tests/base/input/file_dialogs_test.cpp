@@ -51,6 +51,27 @@ class FileDialogsOnTheScreen : public ::testing::Test {
             .start = start};
   }
 
+  // Open a dialog and handle events until it is gone; nothing where no path was chosen.
+  QString AskForExisting(const FileQuestion& question, QWidget* owner = nullptr) {
+    return Chosen([&](const FileDialogs::WhenChosen& chosen) {
+      dialogs.AskForExisting(owner, question, chosen);
+    });
+  }
+  QString AskForTarget(const FileQuestion& question, const QString& suffix,
+                       QWidget* owner = nullptr) {
+    return Chosen([&](const FileDialogs::WhenChosen& chosen) {
+      dialogs.AskForTarget(owner, question, suffix, chosen);
+    });
+  }
+  static QString Chosen(const std::function<void(const FileDialogs::WhenChosen&)>& open) {
+    QString path;
+    open([&](const QString& chosen) { path = chosen; });
+    EXPECT_TRUE(
+        QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }, Patience));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return path;
+  }
+
   // Does something once the dialog stands.
   void WhenOpen(std::function<void(QFileDialog*)> action) {
     QTimer::singleShot(0, qApp, [this, action = std::move(action)] {
@@ -100,7 +121,7 @@ TEST_F(FileDialogsOnTheScreen, ForExistingFilesLookAsAsked) {
     EXPECT_EQ(filters->currentIndex(), 0);
     Key(Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("there.wav"))), PathOf("there.wav"));
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav"))), PathOf("there.wav"));
   EXPECT_EQ(opened, nullptr) << "the dialog is left behind";
 }
 
@@ -114,23 +135,22 @@ TEST_F(FileDialogsOnTheScreen, ForTargetsLookAsAsked) {
     EXPECT_EQ(NameField(dialog)->text(), u"new.wav"_s);
     Key(Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("new.wav")), u"wav"_s),
-            PathOf("new.wav"));
+  EXPECT_EQ(AskForTarget(Question(PathOf("new.wav")), u"wav"_s), PathOf("new.wav"));
   EXPECT_EQ(opened, nullptr) << "the dialog is left behind";
   EXPECT_FALSE(QFile::exists(PathOf("new.wav")));
 }
 
 TEST_F(FileDialogsOnTheScreen, GiveTheFileThatWasEntered) {
   WhenOpen([&](QFileDialog* dialog) { Enter(dialog, u"other.wav"_s); });
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("there.wav"))), PathOf("other.wav"));
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav"))), PathOf("other.wav"));
 }
 
 TEST_F(FileDialogsOnTheScreen, CancelledGiveNothing) {
   WhenOpen([](QFileDialog*) { Key(Qt::Key_Escape); });
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("there.wav"))), QString());
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav"))), QString());
   EXPECT_EQ(opened, nullptr) << "the dialog is left behind";
   WhenOpen([](QFileDialog*) { Key(Qt::Key_Escape); });
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("there.wav")), u"wav"_s), QString());
+  EXPECT_EQ(AskForTarget(Question(PathOf("there.wav")), u"wav"_s), QString());
   EXPECT_EQ(opened, nullptr) << "the dialog is left behind";
 }
 
@@ -139,17 +159,14 @@ TEST_F(FileDialogsOnTheScreen, DoNotAskAboutOverwriting) {
     Enter(dialog, u"there.wav"_s);
     ExpectNoBox();
   });
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("new.wav")), u"wav"_s),
-            PathOf("there.wav"));
+  EXPECT_EQ(AskForTarget(Question(PathOf("new.wav")), u"wav"_s), PathOf("there.wav"));
 }
 
 TEST_F(FileDialogsOnTheScreen, GiveATargetWithoutAnExtensionItsSuffix) {
   WhenOpen([&](QFileDialog* dialog) { Enter(dialog, u"plain"_s); });
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("new.wav")), u"wav"_s),
-            PathOf("plain.wav"));
+  EXPECT_EQ(AskForTarget(Question(PathOf("new.wav")), u"wav"_s), PathOf("plain.wav"));
   WhenOpen([&](QFileDialog* dialog) { Enter(dialog, u"other.pcm"_s); });
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("new.wav")), u"wav"_s),
-            PathOf("other.pcm"));
+  EXPECT_EQ(AskForTarget(Question(PathOf("new.wav")), u"wav"_s), PathOf("other.pcm"));
 }
 
 // Where no file is to be chosen at first: nothing remembered, or a path of another platform.
@@ -159,34 +176,34 @@ TEST_F(FileDialogsOnTheScreen, StartAnywhereWithoutAnAbsolutePath) {
       EXPECT_EQ(NameField(dialog)->text(), QString()) << start.toStdString();
       Key(Qt::Key_Escape);
     });
-    EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(start)), QString());
+    EXPECT_EQ(AskForExisting(Question(start)), QString());
   }
 }
 
 TEST_F(FileDialogsOnTheScreen, OpenThoughTheFolderIsGone) {
   WhenOpen([](QFileDialog*) { Key(Qt::Key_Escape); });
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("gone/there.wav"))), QString());
+  EXPECT_EQ(AskForExisting(Question(PathOf("gone/there.wav"))), QString());
 }
 
 TEST_F(FileDialogsOnTheScreen, GiveNothingWhenTheProgramEnds) {
   WhenOpen([&](QFileDialog*) { modal.End(); });
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("there.wav"))), QString());
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav"))), QString());
   EXPECT_EQ(opened, nullptr) << "the dialog is left behind";
   // None opens any more.
-  EXPECT_EQ(dialogs.AskForExisting(nullptr, Question(PathOf("there.wav"))), QString());
-  EXPECT_EQ(dialogs.AskForTarget(nullptr, Question(PathOf("there.wav")), u"wav"_s), QString());
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav"))), QString());
+  EXPECT_EQ(AskForTarget(Question(PathOf("there.wav")), u"wav"_s), QString());
 }
 
 TEST_F(FileDialogsOnTheScreen, GiveNothingWhenTheOwnerGoes) {
   auto* owner = new QWidget;
   owner->show();
   WhenOpen([&](QFileDialog*) { delete owner; });
-  EXPECT_EQ(dialogs.AskForExisting(owner, Question(PathOf("there.wav"))), QString());
+  EXPECT_EQ(AskForExisting(Question(PathOf("there.wav")), owner), QString());
   EXPECT_EQ(opened, nullptr);
   auto* next = new QWidget;
   next->show();
   WhenOpen([&](QFileDialog*) { delete next; });
-  EXPECT_EQ(dialogs.AskForTarget(next, Question(PathOf("there.wav")), u"wav"_s), QString());
+  EXPECT_EQ(AskForTarget(Question(PathOf("there.wav")), u"wav"_s, next), QString());
 }
 
 TEST_F(FileDialogsOnTheScreen, BelongToTheirOwner) {
@@ -196,7 +213,7 @@ TEST_F(FileDialogsOnTheScreen, BelongToTheirOwner) {
     EXPECT_EQ(dialog->parentWidget(), &owner);
     Key(Qt::Key_Escape);
   });
-  EXPECT_EQ(dialogs.AskForExisting(&owner, Question({})), QString());
+  EXPECT_EQ(AskForExisting(Question({}), &owner), QString());
   EXPECT_EQ(owner.findChildren<QFileDialog*>().size(), 0);
 }
 

@@ -44,6 +44,17 @@ std::function<void(QMessageBox*)> Clicking(const std::string& caption) {
   };
 }
 
+// Opens a box and handles events until it is gone; nothing where it was not answered.
+std::optional<BoxAnswer> Ask(ScreenMessageBoxes& boxes, QWidget* owner, const QString& text,
+                             BoxButtons buttons) {
+  constexpr int patience = 10000;  // milliseconds
+  std::optional<BoxAnswer> answered;
+  boxes.Ask(owner, text, buttons, [&](BoxAnswer answer) { answered = answer; });
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }, patience));
+  return answered;
+}
+
 struct AnswerCase {
   std::string caption;
   BoxButtons buttons = BoxButtons::Ok;
@@ -57,7 +68,7 @@ TEST_P(MessageBoxAnswers, AreThoseOfTheButtons) {
   ModalDialogs dialogs;
   ScreenMessageBoxes boxes(dialogs);
   WhenOpen(Clicking(caption));
-  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, buttons), answer);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Text"_s, buttons), answer);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,7 +100,7 @@ TEST_P(MessageBoxDefault, IsWhatEnterMeans) {
   ModalDialogs dialogs;
   ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox*) { Key(Qt::Key_Return); });
-  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, GetParam().buttons), GetParam().answer);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Text"_s, GetParam().buttons), GetParam().answer);
 }
 
 INSTANTIATE_TEST_SUITE_P(Buttons, MessageBoxDefault,
@@ -111,29 +122,29 @@ TEST(MessageBoxes, ShowPlainTextAndStopTheProgram) {
     EXPECT_EQ(box->windowModality(), Qt::ApplicationModal);
     box->close();
   });
-  EXPECT_EQ(boxes.Ask(nullptr, u"<b>bold</b>"_s, BoxButtons::Ok), BoxAnswer::Ok);
+  EXPECT_EQ(Ask(boxes, nullptr, u"<b>bold</b>"_s, BoxButtons::Ok), BoxAnswer::Ok);
 }
 
 TEST(MessageBoxes, EscapeMeansCancelWhereThereIsOne) {
   ModalDialogs dialogs;
   ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
-  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::CancelTryAgainContinue), BoxAnswer::Cancel);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Text"_s, BoxButtons::CancelTryAgainContinue), BoxAnswer::Cancel);
 }
 
 TEST(MessageBoxes, EscapeMeansNoWhereThatIsAnAnswer) {
   ModalDialogs dialogs;
   ScreenMessageBoxes boxes(dialogs);
   WhenOpen([](QMessageBox*) { Key(Qt::Key_Escape); });
-  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), BoxAnswer::No);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Text"_s, BoxButtons::YesNo), BoxAnswer::No);
 }
 
 TEST(MessageBoxes, TheEndOfTheProgramIsNoAnswer) {
   ModalDialogs dialogs;
   ScreenMessageBoxes boxes(dialogs);
   WhenOpen([&](QMessageBox*) { dialogs.End(); });
-  EXPECT_EQ(boxes.Ask(nullptr, u"Text"_s, BoxButtons::YesNo), std::nullopt);
-  EXPECT_EQ(boxes.Ask(nullptr, u"Again"_s, BoxButtons::Ok), std::nullopt);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Text"_s, BoxButtons::YesNo), std::nullopt);
+  EXPECT_EQ(Ask(boxes, nullptr, u"Again"_s, BoxButtons::Ok), std::nullopt);
 }
 
 TEST(MessageBoxes, ABoxWhoseOwnerGoesIsNoAnswer) {
@@ -142,7 +153,7 @@ TEST(MessageBoxes, ABoxWhoseOwnerGoesIsNoAnswer) {
   auto* owner = new QWidget;
   owner->show();
   WhenOpen([&](QMessageBox*) { delete owner; });
-  EXPECT_EQ(boxes.Ask(owner, u"Text"_s, BoxButtons::YesNo), std::nullopt);
+  EXPECT_EQ(Ask(boxes, owner, u"Text"_s, BoxButtons::YesNo), std::nullopt);
 }
 
 }  // namespace

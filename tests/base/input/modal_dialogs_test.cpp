@@ -5,110 +5,178 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
+#include <QApplication>
+#include <QCoreApplication>
 #include <QDialog>
+#include <QEvent>
 #include <QPointer>
-#include <QTimer>
+#include <QString>
+#include <QTest>
 #include <QWidget>
 #include <gtest/gtest.h>
+
+#include "base/input/form.h"
 
 namespace brindle {
 namespace {
 
-// Runs a dialog and does something while it stands.
-std::optional<int> RunMeanwhile(ModalDialogs& dialogs, const QPointer<QDialog>& dialog,
-                                const std::function<void()>& meanwhile) {
-  QTimer::singleShot(0, dialog, [dialog, meanwhile] {
+using namespace Qt::StringLiterals;
+
+class ModalDialogsTest : public ::testing::Test {
+ protected:
+  // Opens a dialog, which notes its result in `results`.
+  QPointer<QDialog> Open(QWidget* owner = nullptr) {
+    const QPointer dialog(new QDialog(owner));
+    dialogs.Open(dialog, [this](int result) { results.push_back(result); });
+    return dialog;
+  }
+  static void RunDeletions() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  ModalDialogs dialogs;
+  std::vector<int> results;
+};
+
+TEST_F(ModalDialogsTest, GiveTheResultAndAreDeleted) {
+  for (const int result : {7, static_cast<int>(QDialog::Accepted)}) {
+    const auto dialog = Open();
     EXPECT_TRUE(dialog->isVisible());
-    meanwhile();
-  });
-  return dialogs.Run(dialog);
+    EXPECT_EQ(results, std::vector<int>());
+    dialog->done(result);
+    EXPECT_EQ(results, std::vector<int>{result});
+    RunDeletions();
+    EXPECT_EQ(dialog, nullptr);
+    results.clear();
+  }
+  Open()->close();
+  EXPECT_EQ(results, std::vector<int>{QDialog::Rejected});
 }
 
-TEST(ModalDialogs, GiveTheResult) {
-  ModalDialogs dialogs;
-  QDialog dialog;
-  EXPECT_EQ(RunMeanwhile(dialogs, &dialog, [&] { dialog.done(7); }), 7);
-  EXPECT_EQ(RunMeanwhile(dialogs, &dialog, [&] { dialog.accept(); }), QDialog::Accepted);
-  EXPECT_EQ(RunMeanwhile(dialogs, &dialog, [&] { dialog.close(); }), QDialog::Rejected);
+TEST_F(ModalDialogsTest, AreNotWaitedFor) {
+  const auto dialog = Open();
+  EXPECT_TRUE(dialog->isVisible());
+  dialog->accept();
 }
 
-TEST(ModalDialogs, StopTheWholeProgram) {
-  ModalDialogs dialogs;
-  QDialog dialog;
-  RunMeanwhile(dialogs, &dialog, [&] {
-    EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
-    dialog.accept();
-  });
+TEST_F(ModalDialogsTest, StopTheWholeProgram) {
+  const auto dialog = Open();
+  EXPECT_EQ(dialog->windowModality(), Qt::ApplicationModal);
+  EXPECT_EQ(QApplication::activeModalWidget(), dialog);
+  dialog->accept();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-TEST(ModalDialogs, GiveNothingWhenTheOwnerGoes) {
-  ModalDialogs dialogs;
+TEST_F(ModalDialogsTest, GiveNothingWhenTheOwnerIsDeleted) {
   auto* owner = new QWidget;
   owner->show();
-  const QPointer<QDialog> dialog(new QDialog(owner));
-  EXPECT_EQ(RunMeanwhile(dialogs, dialog, [&] { delete owner; }), std::nullopt);
+  const auto dialog = Open(owner);
+  delete owner;
   EXPECT_EQ(dialog, nullptr);
-  QDialog next;
-  EXPECT_EQ(RunMeanwhile(dialogs, &next, [&] { next.done(3); }), 3) << "the others still open";
+  EXPECT_EQ(results, std::vector<int>());
+  Open()->done(3);
+  EXPECT_EQ(results, std::vector<int>{3}) << "the others still open";
 }
 
-TEST(ModalDialogs, GiveNothingWhenTheProgramEnds) {
-  ModalDialogs dialogs;
-  QDialog dialog;
-  EXPECT_EQ(RunMeanwhile(dialogs, &dialog, [&] { dialogs.End(); }), std::nullopt);
-  EXPECT_FALSE(dialog.isVisible());
+TEST_F(ModalDialogsTest, GiveNothingWhenTheOwnerIsClosed) {
+  Form owner(u"Owner"_s, u"Owner"_s);
+  owner.show();
+  const auto dialog = Open(&owner);
+  owner.close();
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_FALSE(dialog->isVisible());
+  dialog->done(QDialog::Accepted);
+  EXPECT_EQ(results, std::vector<int>());
+  RunDeletions();
+  EXPECT_EQ(dialog, nullptr);
 }
 
-TEST(ModalDialogs, AnAnswerAfterTheEndCountsAsNone) {
-  ModalDialogs dialogs;
-  QDialog dialog;
-  EXPECT_EQ(RunMeanwhile(dialogs, &dialog,
-                         [&] {
-                           dialogs.End();
-                           dialog.done(QDialog::Accepted);
-                         }),
-            std::nullopt);
-}
-
-TEST(ModalDialogs, EndTogether) {
-  ModalDialogs dialogs;
-  QDialog outer;
-  QDialog inner;
-  std::optional<int> innerResult = 1;
-  const auto outerResult = RunMeanwhile(dialogs, &outer, [&] {
-    innerResult = RunMeanwhile(dialogs, &inner, [&] { dialogs.End(); });
-  });
-  EXPECT_EQ(innerResult, std::nullopt);
-  EXPECT_EQ(outerResult, std::nullopt);
-  EXPECT_FALSE(inner.isVisible());
-  EXPECT_FALSE(outer.isVisible());
-}
-
-TEST(ModalDialogs, InsideEachOtherEachHasItsResult) {
-  ModalDialogs dialogs;
-  QDialog outer;
-  QDialog inner;
-  std::optional<int> innerResult;
-  const auto outerResult = RunMeanwhile(dialogs, &outer, [&] {
-    innerResult = RunMeanwhile(dialogs, &inner, [&] { inner.done(2); });
-    EXPECT_TRUE(outer.isVisible());
-    outer.done(1);
-  });
-  EXPECT_EQ(innerResult, 2);
-  EXPECT_EQ(outerResult, 1);
-}
-
-TEST(ModalDialogs, NoneOpensAfterTheEnd) {
-  ModalDialogs dialogs;
+TEST_F(ModalDialogsTest, GiveNothingWhenTheProgramEnds) {
+  const auto dialog = Open();
   dialogs.End();
-  QDialog dialog;
-  bool stood = false;
-  QTimer::singleShot(0, &dialog, [&] { stood = true; });
-  EXPECT_EQ(dialogs.Run(&dialog), std::nullopt);
-  EXPECT_FALSE(stood);
-  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(results, std::vector<int>());
+  EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(ModalDialogsTest, AnAnswerAfterTheEndCountsAsNone) {
+  const auto dialog = Open();
   dialogs.End();
+  dialog->done(QDialog::Accepted);
+  EXPECT_EQ(results, std::vector<int>());
+}
+
+TEST_F(ModalDialogsTest, EndTogether) {
+  const auto outer = Open();
+  const auto inner = Open();
+  dialogs.End();
+  EXPECT_EQ(results, std::vector<int>());
+  EXPECT_FALSE(inner->isVisible());
+  EXPECT_FALSE(outer->isVisible());
+}
+
+TEST_F(ModalDialogsTest, OverEachOtherEachHasItsResult) {
+  const auto outer = Open();
+  const auto inner = Open();
+  inner->done(2);
+  EXPECT_EQ(results, std::vector<int>{2});
+  EXPECT_TRUE(outer->isVisible());
+  outer->done(1);
+  EXPECT_EQ(results, (std::vector<int>{2, 1}));
+}
+
+TEST_F(ModalDialogsTest, OpenFromTheAnswerOfTheOneBefore) {
+  QPointer<QDialog> second;
+  auto* first = new QDialog;
+  dialogs.Open(first, [&](int) { second = Open(); });
+  first->accept();
+  ASSERT_NE(second, nullptr);
+  EXPECT_TRUE(second->isVisible());
+  second->done(5);
+  EXPECT_EQ(results, std::vector<int>{5});
+}
+
+TEST_F(ModalDialogsTest, NoneOpensAfterTheEnd) {
+  dialogs.End();
+  const auto dialog = Open();
+  EXPECT_EQ(dialog, nullptr);
+  EXPECT_EQ(results, std::vector<int>());
+  dialogs.End();
+}
+
+TEST_F(ModalDialogsTest, DismissedAreGoneAndOthersOpen) {
+  const auto dialog = Open();
+  dialogs.Dismiss();
+  EXPECT_FALSE(dialog->isVisible());
+  Open()->done(4);
+  EXPECT_EQ(results, std::vector<int>{4});
+}
+
+TEST_F(ModalDialogsTest, WhatWaitsForNoneToBeOpenRunsAtOnceOrAfterTheLastAnswer) {
+  int ran = 0;
+  const auto run = [&] { ++ran; };
+  dialogs.WhenNoneIsOpen(run);
+  EXPECT_EQ(ran, 1);
+  const auto first = Open();
+  const auto second = Open();
+  dialogs.WhenNoneIsOpen(run);
+  first->accept();
+  EXPECT_EQ(ran, 1);
+  second->accept();
+  EXPECT_EQ(ran, 2);
+  Open()->accept();
+  EXPECT_EQ(ran, 2);
+}
+
+TEST_F(ModalDialogsTest, WhatWaitsForNoneToBeOpenIsForgottenWithThem) {
+  int ran = 0;
+  Open();
+  dialogs.WhenNoneIsOpen([&] { ++ran; });
+  dialogs.Dismiss();
+  Open()->accept();
+  EXPECT_EQ(ran, 0);
 }
 
 }  // namespace

@@ -53,15 +53,12 @@ inline std::string NativePath(const QString& path) {
 /// The bytes, or the message that stands for the error.
 inline std::string WhatIsRead(const QString& folder) {
   const auto content = SettingsFile(folder).Read();
-  if (const auto* error = std::get_if<FileError>(&content)) {
-    return CannotRead(*error).toStdString();
-  }
-  return std::get<QByteArray>(content).toStdString();
+  return content ? content->toStdString() : CannotRead(content.error()).toStdString();
 }
 
 /// Empty where it went well, else the message that stands for the error.
-inline std::string MessageOf(const std::optional<FileError>& error) {
-  return error ? CannotWrite(*error).toStdString() : std::string();
+inline std::string MessageOf(const FileResult<void>& written) {
+  return written ? std::string() : CannotWrite(written.error()).toStdString();
 }
 
 inline std::string Write(const QString& folder, const std::string& bytes) {

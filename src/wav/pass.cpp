@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "wav/pass_progress.h"
+#include "wav/pass.h"
+
+#include <functional>
+#include <variant>
 
 #include <QtGlobal>
 
@@ -18,9 +21,16 @@ double Seconds(UpdateInterval interval) { return interval == UpdateInterval::Hal
 
 }  // namespace
 
-PassTimer::PassTimer(const Clock& clock, PassObserver& observer, qint64 fileLength)
+PassState RunToEnd(Pass& pass, const std::function<bool(const PassProgress&)>& goesOn) {
+  auto state = pass.Advance();
+  while (const auto* going = std::get_if<PassGoesOn>(&state)) {
+    state = goesOn(going->progress) ? pass.Advance() : pass.Abort();
+  }
+  return state;
+}
+
+PassTimer::PassTimer(const Clock& clock, qint64 fileLength)
     : clock_(clock),
-      observer_(observer),
       fileLength_(static_cast<double>(fileLength)),
       start_(clock.Now()),
       lastUpdate_(start_) {}
@@ -29,12 +39,12 @@ bool PassTimer::IsDue(UpdateInterval interval) const {
   return clock_.Now() > lastUpdate_ + Seconds(interval);
 }
 
-bool PassTimer::Update(qint64 position) {
+PassProgress PassTimer::ProgressAt(qint64 position) {
   lastUpdate_ = clock_.Now();
   const double percent = static_cast<double>(position) * 100 / fileLength_;
-  return observer_.Update({.wholePercent = ToInteger32(percent),
-                           .percent = static_cast<float>(percent),
-                           .elapsed = lastUpdate_ - start_});
+  return {.wholePercent = ToInteger32(percent),
+          .percent = static_cast<float>(percent),
+          .elapsed = lastUpdate_ - start_};
 }
 
 double PassTimer::Throughput(qint64 bytes) const {

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/pass_driver.h"
+
+#include <functional>
+#include <utility>
+#include <variant>
+
+#include <QApplication>
+#include <QObject>
+
+#include "base/time/clock.h"
+#include "wav/pass.h"
+
+namespace brindle {
+
+namespace {
+
+// How long it takes at most until a pass goes on after a box.
+constexpr double BetweenLooks = 0.02;  // seconds
+
+}  // namespace
+
+PassDriver::PassDriver(Clock& clock, ShowProgress show, IsAborted isAborted)
+    : clock_(clock), show_(std::move(show)), isAborted_(std::move(isAborted)) {}
+
+void PassDriver::Drive(Pass& pass, const std::function<void(const PassState&)>& ended) {
+  Take(pass, pass.Advance(), ended);
+}
+
+void PassDriver::Take(Pass& pass, const PassState& state,
+                      const std::function<void(const PassState&)>& ended) {
+  const auto* going = std::get_if<PassGoesOn>(&state);
+  if (going == nullptr) {
+    ended(state);
+    return;
+  }
+  show_(going->progress);
+  AfterEvents(
+      [this, &pass, ended] { Take(pass, isAborted_() ? pass.Abort() : pass.Advance(), ended); });
+}
+
+void PassDriver::AfterEvents(const std::function<void()>& action) { DoAfter(0, action); }
+
+void PassDriver::Stop() { ++stops_; }
+
+void PassDriver::DoAfter(double seconds, const std::function<void()>& action) {
+  clock_.After(seconds, &lifetime_, [this, action, stops = stops_] {
+    if (stops != stops_) {
+      return;
+    }
+    if (QApplication::activeModalWidget() != nullptr) {
+      DoAfter(BetweenLooks, action);
+    } else {
+      action();
+    }
+  });
+}
+
+}  // namespace brindle

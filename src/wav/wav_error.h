@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <tl/expected.hpp>
+
+#include <QString>
+
+#include "base/files/file_error.h"
+
+namespace brindle {
+
+/// Why a file could not be read or written.
+struct WavError {
+  enum class Failed { Reading, Writing };
+  Failed failed = Failed::Reading;
+  FileError error;
+};
+
+/// What a file gave, or why it could not.
+template <class Value>
+using WavResult = tl::expected<Value, WavError>;
+
+/// "Cannot read PATH: REASON" or "Cannot write PATH: REASON".
+[[nodiscard]] inline QString MessageOf(const WavError& error) {
+  return error.failed == WavError::Failed::Reading ? CannotRead(error.error)
+                                                   : CannotWrite(error.error);
+}
+
+}  // namespace brindle
