@@ -564,7 +564,10 @@ class WavNormStays : public GeometryStays {
     ASSERT_EQ(file.write(header + QByteArray(0x40000, '\x40')), header.size() + 0x40000);
   }
 
-  void Push(const QString& button) const { Find<QPushButton>(window, button)->click(); }
+  void Push(const QString& button) {
+    Find<QPushButton>(window, button)->click();
+    RunToRest();
+  }
 
   // What was hidden takes the room that was kept for it.
   void ExpectTheOthersStay() const {

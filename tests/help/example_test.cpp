@@ -78,7 +78,7 @@ class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::
     }
   }
 
-  static void Do(QWidget* control, const QString& text) {
+  void Do(QWidget* control, const QString& text) {
     const auto expected = text.toStdString();
     if (auto* field = FieldOf(control)) {
       Click(field);
@@ -93,6 +93,7 @@ class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::
     } else {
       EXPECT_EQ(Shown(control), expected);
       Click(control);  // may close its window
+      RunToRest();
     }
   }
 };

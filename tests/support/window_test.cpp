@@ -4,6 +4,7 @@
 #include "tests/support/window_test.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -30,6 +31,12 @@ QWidget* WindowTest::Open(WindowId id) {
   }
   ADD_FAILURE() << "no new window";
   return nullptr;
+}
+
+void WindowTest::RunToRest() {
+  do {
+    QCoreApplication::processEvents();
+  } while (clock.RunDue());
 }
 
 void WindowTest::WaitForActive(QWidget* window) {

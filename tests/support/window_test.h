@@ -26,6 +26,9 @@ class WindowTest : public ::testing::Test {
   /// Opens the window and waits until keys go to it.
   QWidget* Open(WindowId id);
 
+  /// Handles events until nothing waits for its turn any more: a pass of the normalizer has ended.
+  void RunToRest();
+
   /// Waits until the window is shown and active.
   static void WaitForActive(QWidget* window);
 

@@ -3,6 +3,7 @@
 
 #include "base/input/message_boxes.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <QMessageBox>
@@ -20,7 +21,7 @@ struct Button {
   BoxAnswer answer = BoxAnswer::Ok;
 };
 
-// The buttons in the order in which they stand. Escape and the close box mean OK, No or Cancel.
+// The buttons in the order in which they stand.
 std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::Ok:
@@ -36,9 +37,7 @@ std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
   const auto add = [&box](const char* caption) {
     return box.addButton(QString::fromLatin1(caption), QMessageBox::ActionRole);
   };
-  auto* cancel = add("Cancel");
-  box.setEscapeButton(cancel);
-  return {{cancel, BoxAnswer::Cancel},
+  return {{add("Cancel"), BoxAnswer::Cancel},
           {add("Try Again"), BoxAnswer::TryAgain},
           {add("Continue"), BoxAnswer::Continue}};
 }
@@ -55,13 +54,14 @@ void ScreenMessageBoxes::Ask(QWidget* owner, const QString& text, BoxButtons but
   const auto added = AddButtons(*box, buttons);
   const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
   box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
-  dialogs_.Open(box, [box, added, answered](int) {
-    for (const auto& candidate : added) {
-      if (candidate.button == box->clickedButton()) {
-        answered(candidate.answer);
-        return;
-      }
-    }
+  // Escape and the close box mean OK, No or Cancel; the latter clicks no button.
+  const auto& escape = buttons == BoxButtons::CancelTryAgainContinue ? added.front() : added.back();
+  box->setEscapeButton(escape.button);
+  dialogs_.Open(box, [box, added, escape, answered](int) {
+    const auto clicked = std::find_if(added.begin(), added.end(), [box](const Button& candidate) {
+      return candidate.button == box->clickedButton();
+    });
+    answered(clicked == added.end() ? escape.answer : clicked->answer);
   });
 }
 

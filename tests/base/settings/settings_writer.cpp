@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   const auto shortContent = brindle::ShortContent();
   bool isLong = true;
   while (Tell()) {
-    if (file.Write(isLong ? longContent : shortContent)) {
+    if (!file.Write(isLong ? longContent : shortContent)) {
       return 1;
     }
     isLong = !isLong;
