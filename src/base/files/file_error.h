@@ -10,8 +10,7 @@
 
 namespace brindle {
 
-/// What the system refused: the path it was about, in the platform's own separators, and the
-/// system's reason.
+/// What the system refused: the path, with the platform's own separators, and the system's reason.
 struct FileError {
   QString path;
   QString reason;
@@ -23,7 +22,7 @@ using FileResult = tl::expected<Value, FileError>;
 
 /// The error of `path` with this reason.
 [[nodiscard]] FileError ErrorOf(const QString& path, const QString& reason);
-/// The error that `file`, opened by `path`, met last.
+/// The last error of `file`, which was opened by `path`.
 [[nodiscard]] FileError ErrorOf(const QString& path, const QFileDevice& file);
 
 /// "Cannot read PATH: REASON".

@@ -7,8 +7,8 @@
 
 namespace brindle {
 
-/// Marks a temporary file as being written, for as long as it lives, so that another Brindle which
-/// starts meanwhile does not take it for the leftover of a killed one.
+/// While it lives, marks a temporary file as being written, so that another Brindle that starts in
+/// the meantime does not take it for the leftover of a killed one.
 class BeingWritten {
  public:
   /// `handle` is the descriptor of the temporary file.
@@ -23,7 +23,7 @@ class BeingWritten {
   int mark_ = -1;
 };
 
-/// Removes the temporary file, unless somebody is writing it. Whether it went is nobody's concern.
+/// Removes the temporary file, unless somebody is writing it. Does not report whether it is gone.
 void RemoveLeftover(const QString& path);
 
 }  // namespace brindle

@@ -12,9 +12,9 @@
 
 namespace brindle {
 
-// A lock, which the system takes away when its holder is killed. It is held by a copy of the
-// descriptor, which no program started meanwhile takes along: the toolkit closes its own before it
-// renames the file.
+// A lock, which the system releases when its holder is killed. A copy of the descriptor holds it,
+// because the toolkit closes its own descriptor before it renames the file; no program started in
+// the meantime inherits the copy.
 BeingWritten::BeingWritten(int handle)
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
     : mark_(fcntl(handle, F_DUPFD_CLOEXEC, 0)) {

@@ -8,7 +8,8 @@
 
 namespace brindle {
 
-// The toolkit opens a temporary file so that nobody else can, and what is open cannot be removed.
+// The toolkit opens a temporary file in a way that nobody else can, and an open file cannot be
+// removed.
 BeingWritten::BeingWritten(int) {}
 
 BeingWritten::~BeingWritten() = default;

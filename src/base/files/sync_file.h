@@ -9,10 +9,10 @@
 
 namespace brindle {
 
-/// Has the system write the open file out and asks what closing it would say, for a system may
-/// take bytes first and refuse them later. `handle` is the file's descriptor, which stays open.
-/// The error is the system's reason why a byte may be lost; a file system that cannot synchronise
-/// is no failure. Can take long, and runs on any thread.
+/// Has the system write the open file out and asks what closing it would report, because a system
+/// may accept bytes first and refuse them later. `handle` is the file's descriptor, which stays
+/// open. The error is the system's reason why a byte may be lost; a file system that cannot
+/// synchronise is not a failure. May take long, and may run on any thread.
 [[nodiscard]] tl::expected<void, QString> SyncFile(int handle);
 
 }  // namespace brindle

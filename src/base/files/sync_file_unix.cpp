@@ -21,8 +21,8 @@ bool IsWrittenOut(int handle) {
   return result == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Closing a copy reports what closing the file itself would. A signal that comes in between takes
-// nothing back: the file is written out by then.
+// Closing a copy reports what closing the file itself would. A signal that interrupts it does no
+// harm: the file is written out by then.
 bool CanBeClosed(int handle) {
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
   const int copy = fcntl(handle, F_DUPFD_CLOEXEC, 0);

@@ -14,7 +14,7 @@
 
 namespace brindle {
 
-// Files by the calls of Windows itself, for its source files alone.
+// Files through the calls of Windows itself, only for the Windows source files.
 
 struct HandleCloser {
   using pointer = HANDLE;
@@ -26,8 +26,8 @@ struct HandleCloser {
 };
 using Handle = std::unique_ptr<HANDLE, HandleCloser>;
 
-/// The path as the system wants it: as it is where that is short, for then it knows its devices;
-/// else whole and marked as one of any length, unless it is so already.
+/// The path as the system wants it: a short path as it is, because then the system recognises its
+/// devices; a long one in full and marked as a path of any length, unless it is marked already.
 inline std::wstring SystemPath(const QString& path) {
   const auto whole = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
   const bool isMarked = path.startsWith(QStringLiteral("\\\\?\\"));
@@ -40,8 +40,8 @@ inline std::wstring SystemPath(const QString& path) {
       .toStdWString();
 }
 
-/// Opens what stands at the path, a folder too; an invalid handle, and the system's last error,
-/// where it cannot.
+/// Opens what is at the path, even a folder; an invalid handle, and the system's last error, if it
+/// cannot.
 inline Handle OpenExisting(const QString& path, DWORD access, DWORD share) {
   DWORD error = ERROR_SUCCESS;
   HANDLE handle = INVALID_HANDLE_VALUE;
@@ -51,16 +51,16 @@ inline Handle OpenExisting(const QString& path, DWORD access, DWORD share) {
                          FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     error = GetLastError();
   }
-  SetLastError(error);  // what freeing the path's memory may have changed
+  SetLastError(error);  // freeing the path's memory may have changed it
   return Handle(handle);
 }
 
-/// The same, only to look at it: needs no right to read it and hinders nobody.
+/// The same, only to look at it: needs no right to read it and gets in nobody's way.
 inline Handle LookAt(const QString& path) {
   return OpenExisting(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
 }
 
-/// The system's handle of a file that the toolkit has opened; stays the toolkit's.
+/// The system's handle of a file that the toolkit has opened; it still belongs to the toolkit.
 inline HANDLE SystemHandle(int handle) {
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the system's form
   return reinterpret_cast<HANDLE>(_get_osfhandle(handle));

@@ -12,7 +12,7 @@ namespace brindle {
 DropDownList::DropDownList(const QString& name, const QString& tooltip) {
   setObjectName(name);
   setToolTip(tooltip);
-  // Not the toolkit's usual policy, by which turning the wheel brings the focus.
+  // Not the toolkit's usual policy, with which turning the wheel moves the focus here.
   setFocusPolicy(Qt::StrongFocus);
 }
 

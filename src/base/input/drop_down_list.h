@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-/// A list to choose from. It heeds the wheel only while it has the focus. activated() is emitted
+/// A list to choose from. It reacts to the wheel only while it has the focus. It emits activated()
 /// for what the user picks, with mouse or keyboard, and for nothing else.
 class DropDownList : public QComboBox {
   Q_OBJECT

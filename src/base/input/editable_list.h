@@ -13,8 +13,8 @@
 namespace brindle {
 
 /// A field with a drop-down list of usual values. It completes nothing, adds nothing to its list,
-/// and heeds the wheel only while it has the focus. activated() is emitted for what the user picks,
-/// with mouse or keyboard, and for nothing else.
+/// and reacts to the wheel only while it has the focus. It emits activated() for what the user
+/// picks, with mouse or keyboard, and for nothing else.
 class EditableList : public DropDownList {
   Q_OBJECT
 
@@ -24,7 +24,7 @@ class EditableList : public DropDownList {
   /// The text part.
   [[nodiscard]] TextField* Field() const { return field_; }
 
-  /// Replaces the list; neither the text nor what is selected changes.
+  /// Replaces the list; the text and its selection do not change.
   void Fill(const QStringList& entries);
 
   void showPopup() override;

@@ -37,8 +37,8 @@ QSize ElidedLabel::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * leastColumns, fontMetrics().height()};
 }
 
-// A label without a tooltip of its own shows the text that it cannot show whole. What looks like
-// markup, as a file name may, is shown as it is.
+// A label without a tooltip of its own shows in one the text that it has no room for. Text that
+// looks like markup, as a file name may, is shown literally.
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto tip = toolTip().isEmpty() && Shown() != text() ? text() : toolTip();

@@ -10,14 +10,14 @@
 namespace brindle {
 
 /// A label for a text of any length, a path for example. It takes the room that its line leaves it
-/// and shows the middle of a longer text as dots; its text stays whole.
+/// and replaces the middle of a longer text with dots; text() stays whole.
 class ElidedLabel : public QLabel {
   Q_OBJECT
 
  public:
   explicit ElidedLabel(const QString& name, const QString& text, const QString& tooltip = {});
 
-  /// Shows a text; a screen reader says it behind the label's name.
+  /// Shows a text; a screen reader says it after the label's name.
   void Write(const QString& text);
 
   [[nodiscard]] QSize minimumSizeHint() const override;

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The control that a widget belongs to: an editable list is one control with its text part.
+// The control that a widget belongs to: an editable list and its text part are one control.
 QWidget* ControlOf(QWidget* widget) {
   auto* list = qobject_cast<QComboBox*>(widget->parentWidget());
   return list != nullptr ? list : widget;
@@ -35,13 +35,14 @@ void Run(const QHash<QWidget*, std::function<void()>>& handlers, QWidget* contro
   }
 }
 
-// The field, or text part, of a control; null where it has none.
+// The field, or text part, of a control; null if it has none.
 TextField* FieldOf(QWidget* control) {
   auto* list = qobject_cast<EditableList*>(control);
   return list != nullptr ? list->Field() : qobject_cast<TextField*>(control);
 }
 
-// A number only begun stood for 0 while it was being typed, and the user did not finish it.
+// A number that was only begun stood for 0 while it was being typed, and the user did not finish
+// it.
 void EndBegunNumber(TextField* field) {
   if (!field->KeepsBegunNumber() && IsJustBegun(field->text().toStdString())) {
     const QSignalBlocker quiet(field);
@@ -66,7 +67,7 @@ void FocusTracker::OnLostFocus(QWidget* control, const std::function<void()>& ha
 
 void FocusTracker::Begin(QWidget* first) {
   first->setFocus();
-  // As if Tab had led there: what is typed first replaces the text of a list.
+  // As if Tab had led there: the first key replaces the text of a list.
   if (auto* list = qobject_cast<EditableList*>(first)) {
     list->Field()->selectAll();
   }

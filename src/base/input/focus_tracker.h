@@ -11,11 +11,11 @@
 
 namespace brindle {
 
-/// Tells a window which of its controls has the focus, the way its handlers understand it: a move
-/// from one control of the window to another. Switching windows, opening a menu or a drop-down
-/// list, and closing the window are none. The left control's handler runs first; before it, a
-/// number only begun in a field that is left becomes 0, which no handler hears of; some fields keep
-/// it.
+/// Tells a window which of its controls has the focus, in the sense of its handlers: a move from
+/// one control of the window to another. Switching windows, opening a menu or a drop-down list, and
+/// closing the window are not moves. The handler of the control that loses the focus runs first.
+/// Before it, a number only begun in that field becomes 0, without telling any handler; some fields
+/// keep it.
 class FocusTracker : public QObject {
   Q_OBJECT
 
@@ -25,10 +25,10 @@ class FocusTracker : public QObject {
   void OnGotFocus(QWidget* control, const std::function<void()>& handler);
   void OnLostFocus(QWidget* control, const std::function<void()>& handler);
 
-  /// Gives the focus to the first control of a window that is not shown yet and runs its handler.
+  /// Gives the focus to the first control of a window that is not shown yet, and runs its handler.
   void Begin(QWidget* first);
 
-  /// From here on nothing counts as a move.
+  /// From now on nothing counts as a move.
   void Stop();
 
  private:

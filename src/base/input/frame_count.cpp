@@ -28,7 +28,8 @@ std::optional<double> FrameCount::Minutes(double framesPerSecond) const {
   return MinutesOfFrames(NumberIn(field_), framesPerSecond);
 }
 
-// Steps that rewrite the frames write the same number, or another one.
+// The program may have rewritten the frames since: with the same number they stand as written, with
+// another one they do not.
 bool FrameCount::StandsAsWritten() const {
   const bool isSame =
       std::isfinite(counted_.frames) ? NumberIn(field_) == counted_.frames : IsEmpty(field_);

@@ -9,18 +9,18 @@
 
 namespace brindle {
 
-/// A field of whole frames and the running time that they stand for. Frames that the program wrote
-/// stand for exactly the running time they were counted from, which need not be a whole number of
-/// them, until somebody changes the text.
+/// A field of whole frames and the running time that they stand for. Until somebody changes the
+/// text, frames that the program wrote stand for exactly the running time they were counted from,
+/// which need not be a whole number of frames.
 class FrameCount {
  public:
   explicit FrameCount(TextField* field) : field_(field) {}
 
-  /// Writes the whole frames of a running time of `minutes`; nothing where they are out of range.
+  /// Writes the whole frames of a running time of `minutes`, or nothing if they are out of range.
   void Write(double minutes, double framesPerSecond);
 
-  /// The running time in minutes; of a field that somebody has emptied, 0. Nothing without a frame
-  /// rate, and where there was nothing to write.
+  /// The running time in minutes; 0 if somebody has emptied the field. Nothing without a frame
+  /// rate, or if there was nothing to write.
   [[nodiscard]] std::optional<double> Minutes(double framesPerSecond) const;
 
  private:

@@ -21,8 +21,7 @@ namespace brindle {
 
 namespace {
 
-/// What a screen reader is told: a link that can be followed, and its text, as the name or behind
-/// it.
+/// What a screen reader gets: a link that can be followed, and its text, as the name or after it.
 class AccessibleLink : public QAccessibleWidget {
  public:
   explicit AccessibleLink(LinkLabel* link) : QAccessibleWidget(link, QAccessible::Link) {}

@@ -8,8 +8,8 @@
 
 namespace brindle {
 
-/// A label that is clicked like a link, with the mouse or with Enter or the space bar: plain text,
-/// underlined, in a colour that can be read on light and dark windows.
+/// A label that works like a link, for the mouse, Enter and the space bar: plain text, underlined,
+/// in a colour that is readable on light and dark windows.
 class LinkLabel : public QLabel {
   Q_OBJECT
 

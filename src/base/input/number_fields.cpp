@@ -18,7 +18,7 @@ namespace brindle {
 
 namespace {
 
-// What was typed goes on standing for what it reads as.
+// A typed text keeps standing for what it reads as.
 void Rewrite(TextField* field, const std::string& text) {
   if (const auto number = field->WrittenFrom()) {
     field->Write(ToQString(text), *number);
@@ -54,7 +54,7 @@ void WriteTyped(TextField* field, double value) { field->Write(ToQString(TextOf(
 
 void WriteMinutes(TextField* field, double minutes) {
   const auto text = MinutesText(minutes);
-  // Less than the field can show is no running time.
+  // Less than the field can show is not a running time.
   field->Write(ToQString(text), NumberOf(text) == 0 ? 0 : minutes);
 }
 

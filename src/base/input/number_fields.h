@@ -12,22 +12,22 @@
 
 namespace brindle {
 
-// Fields read and written as numbers. A number just begun ("-", ".") counts as numeric, with the
-// value 0, in the field that is being edited, so that -20 and .5 can be typed.
+// Reading and writing fields as numbers. In the field that is being edited, a number just begun
+// ("-", ".") counts as numeric, with the value 0, so that -20 and .5 can be typed.
 
-/// The toolkit's text of a number text.
+/// A number's text as the toolkit's string.
 [[nodiscard]] QString ToQString(const std::string& text);
 
-/// The number that the field's text was written from; where it stands for itself, the value of a
-/// numeric text, 0 for any other text.
+/// The number that the field's text was written from; if the text stands for itself, the value of a
+/// numeric text, and 0 for any other text.
 [[nodiscard]] double NumberIn(const TextField* field);
 
-/// The same, but of a text that stands for itself the value of its longest numeric prefix, 0 where
+/// The same, but if the text stands for itself, the value of its longest numeric prefix, and 0 if
 /// there is none.
 [[nodiscard]] double LeadingNumberIn(const TextField* field);
 
-/// The number that a person reads there: the value of a numeric text, 0 for any other text,
-/// whatever it was written from.
+/// The number that a person reads there: the value of a numeric text, 0 for any other text, no
+/// matter what it was written from.
 [[nodiscard]] double ShownNumberIn(const TextField* field);
 
 [[nodiscard]] bool IsEmpty(const TextField* field);
@@ -38,23 +38,23 @@ namespace brindle {
 /// Writes the text of `value`, which it then stands for.
 void WriteNumber(TextField* field, double value);
 
-/// Writes the text of `value` in the place of what was typed: it stands for what it reads as, like
-/// what a person types.
+/// Writes the text of `value` in place of what was typed: it stands for what it reads as, like what
+/// a person types.
 void WriteTyped(TextField* field, double value);
 
-/// Writes a running time of `minutes`, which the text then stands for, but where it shows 0.
+/// Writes a running time of `minutes`, which the text then stands for, except if it shows 0.
 void WriteMinutes(TextField* field, double minutes);
 
-/// Rewrites the leading number that the field shows as its plain text. It goes on standing for what
-/// it stood for.
+/// Rewrites the leading number that the field shows as plain text. It still stands for what it
+/// stood for.
 void RewriteNumber(TextField* field);
 
-/// The same, but while the field is being edited a trailing period and trailing zeros of a fraction
-/// stay.
+/// The same, but while the field is being edited, a trailing period and trailing zeros of a
+/// fraction stay.
 void RewriteWhileTyping(TextField* field);
 
-/// Rewrites the number that the field shows in a display pattern. It goes on standing for what it
-/// stood for.
+/// Rewrites the number that the field shows in a display pattern. It still stands for what it stood
+/// for.
 void RewriteFormatted(TextField* field, std::string_view pattern);
 
 /// A text that is neither empty nor numeric becomes the absolute value of its leading number.
@@ -67,14 +67,14 @@ void RepairSign(TextField* field);
 double RepairAndRead(TextField* field);
 
 /// Repairs the text, and shrinks a value above `limit` by tens; any other text stays as typed. What
-/// the program wrote has no limit: a press on it is to change nothing.
+/// the program wrote has no limit: a mere press in the field must not change it.
 void RepairWithin(TextField* field, double limit);
 
 /// RepairWithin(), then RewriteWhileTyping() in any case.
 void RewriteWithin(TextField* field, double limit);
 
-/// Writes what a step puts in the place of nothing or of 0: in the field that is being edited it
-/// stands selected, so that the next key replaces it.
+/// Writes what a step puts in place of an empty text or of 0: in the field that is being edited it
+/// is selected, so that the next key replaces it.
 void PutIn(TextField* field, const QString& text);
 
 /// PutIn() for a field that is empty.

@@ -26,7 +26,7 @@ class OptionButton : public QRadioButton {
   int index_;
 };
 
-/// An array of options of which at most one is selected; none is at creation.
+/// An array of options of which at most one is selected; at creation none is.
 class OptionGroup : public QObject {
   Q_OBJECT
 
@@ -39,10 +39,10 @@ class OptionGroup : public QObject {
   /// Selects an option; an index that no option has changes nothing.
   void Select(int index);
 
-  /// The index of the selected option; empty where none is.
+  /// The index of the selected option; empty if none is.
   [[nodiscard]] std::optional<int> Selected() const;
 
-  /// Where Tab stops: the selected option, the first one where none is.
+  /// Where Tab stops: the selected option, or the first one if none is.
   [[nodiscard]] OptionButton* TabStop() const;
 
   [[nodiscard]] const std::vector<OptionButton*>& Buttons() const { return buttons_; }

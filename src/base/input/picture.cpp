@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 QPixmap LoadPicture(const QString& name, qreal devicePixelRatio) {
   const int scale = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, 4);
   const QString suffix = scale == 1 ? QString() : u"@%1x"_s.arg(scale);
-  // The format is told because guessing it loads every image plugin of the desktop, at each start.
+  // The format is given because guessing it loads every image plugin of the desktop, at each start.
   QImageReader reader(u":/pictures/"_s + name + suffix + u".png"_s, "png");
   reader.setAutoDetectImageFormat(false);
   QPixmap picture = QPixmap::fromImageReader(&reader);

@@ -9,7 +9,7 @@
 namespace brindle {
 
 /// The picture of this name, rendered for a screen of this device pixel ratio (1 to 4; others take
-/// the next one there is). Its size in device-independent pixels is the same for all.
+/// the next larger one, at most 4). Its size in device-independent pixels is the same for all.
 [[nodiscard]] QPixmap LoadPicture(const QString& name, qreal devicePixelRatio);
 
 }  // namespace brindle

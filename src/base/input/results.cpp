@@ -31,7 +31,7 @@ QFont LargeFont() {
   return large;
 }
 
-// One digit of air beside the digits.
+// Spare room of one digit beside the digits.
 QString Widest(int digits) { return {digits + 1, u'0'}; }
 
 // A field of the style, in which a label paints itself.

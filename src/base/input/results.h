@@ -21,7 +21,7 @@ class ResultField : public QLineEdit {
 
  public:
   ResultField(const QString& name, const QString& tooltip, int digits);
-  /// Shows a result; what is selected stays so where the text does not change.
+  /// Shows a result; a selection stays if the text does not change.
   void Write(const QString& text);
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -36,8 +36,7 @@ class ResultField : public QLineEdit {
   int digits_;
 };
 
-/// The label of a figure that people carry away: it can be selected and copied by mouse and
-/// keyboard.
+/// The label of a figure that people want to copy: mouse and keyboard can select and copy it.
 class CopyableLabel : public ValueLabel {
   Q_OBJECT
 

@@ -18,7 +18,7 @@ RunningTimeFields::RunningTimeFields(TextField* hours, TextField* minutes, TextF
 void RunningTimeFields::Write(double minutes) {
   const auto time = TakeApart(SecondsToHundredths(minutes));
   ShowHoursAndMinutes(time);
-  // A little below 0 where the rounding made another minute full.
+  // A little below 0 if the rounding completed another minute.
   const double exactSeconds = minutes * 60 - (time.hours * 60 + time.minutes) * 60;
   seconds_->Write(ToQString(Formatted(time.seconds, "00.00")), exactSeconds);
   shown_ = std::isfinite(minutes) ? minutes : 0;
@@ -29,7 +29,8 @@ void RunningTimeFields::ShowBesideSeconds(double minutes) {
   ShowHoursAndMinutes(TakeApart(minutes * 60));
 }
 
-// The parts added up may miss the whole by the last bit; one that nobody has touched must not.
+// The sum of the parts may miss the whole by the last bit; a running time that nobody has touched
+// must not.
 double RunningTimeFields::Minutes() const {
   return Parts() == shownParts_ ? shown_ : InMinutes(Parts());
 }

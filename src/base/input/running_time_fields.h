@@ -10,16 +10,16 @@ namespace brindle {
 
 /// A running time in three fields: whole hours, whole minutes, and seconds with two decimals.
 /// Together they stand for exactly the running time they show until somebody changes one of them;
-/// then the others go on standing for what they were written from.
+/// then the others still stand for what they were written from.
 class RunningTimeFields {
  public:
   RunningTimeFields(TextField* hours, TextField* minutes, TextField* seconds);
 
-  /// Shows a running time of `minutes`, rounded to hundredths of a second, so that no 60.00 seconds
-  /// come of it; nothing where it is not finite.
+  /// Shows a running time of `minutes`, rounded to hundredths of a second so that it never shows
+  /// 60.00 seconds; shows nothing if it is not finite.
   void Write(double minutes);
-  /// Shows only its hours and minutes and leaves the seconds, which are being typed. Nothing is
-  /// rounded: the typed seconds are not either, and would be counted twice.
+  /// Shows only the hours and minutes and leaves the seconds, which are being typed. Rounds
+  /// nothing: the typed seconds are not rounded either, and would be counted twice.
   void ShowBesideSeconds(double minutes);
 
   /// The running time in minutes; empty fields count as 0.

@@ -9,7 +9,7 @@
 
 namespace brindle {
 
-/// A horizontal slider that tells whether the user or the program moves it.
+/// A horizontal slider that knows whether the user or the program moves it.
 class Slider : public QSlider {
   Q_OBJECT
 
@@ -17,13 +17,13 @@ class Slider : public QSlider {
   /// Its value is one of `least` to `most`.
   Slider(const QString& name, const QString& tooltip, int least, int most);
 
-  /// Moves it for the program, to the end of its range at most; Change() is told as for the user.
+  /// Moves it for the program, at most to the end of its range; calls Change() as for the user.
   void Write(int value);
 
   /// Whether the program is moving it now.
   [[nodiscard]] bool IsBeingWritten() const { return isBeingWritten_; }
 
-  /// The distance of its ticks, of an arrow key and of a page key.
+  /// The distance between its ticks, of an arrow key and of a page key.
   void SetSteps(int tick, int arrowKey, int pageKey);
   void SetStep(int step) { SetSteps(step, step, step); }
 

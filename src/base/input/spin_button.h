@@ -10,8 +10,9 @@ namespace brindle {
 enum class SpinDirection { Plus, Minus };
 
 /// One of the two small buttons beside a field. It takes no focus and no place in the tab order,
-/// and heeds the left mouse button only; the second press of a double click is a press like any
-/// other. A button that is disabled while it is held counts as let go: the release would not come.
+/// and reacts only to the left mouse button; the second press of a double click is a press like any
+/// other. Disabling a button while it is held counts as releasing it, because the release itself
+/// would not arrive.
 class SpinButton : public QToolButton {
   Q_OBJECT
 

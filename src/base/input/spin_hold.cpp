@@ -82,7 +82,7 @@ void SpinHold::GoOn() {
     }
     Step(held.press);
     if (SpinState_ == held.press.state) {
-      // By way of the event loop even when there is no interval, so that the release is heard.
+      // Through the event loop even without an interval, so that the release gets through.
       held.since = clock_.Now();
       return WaitFor(static_cast<double>(record_.SpinRepeatInterval));
     }

@@ -16,7 +16,8 @@
 
 namespace brindle {
 
-/// What pressing one spin button means. The bound is read before the press and holds for all of it.
+/// What pressing one spin button means. The bound is read before the press and applies to all of
+/// it.
 struct SpinPress {
   int state = 0;  ///< the button's own code, not 0
   TextField* field = nullptr;
@@ -27,12 +28,13 @@ struct SpinPress {
 
 /// Holding a spin button, for all spin buttons of one window: one step and one recomputation at the
 /// press; after the first delay a step every repeat interval, without recomputing; the release is
-/// noticed only behind a step, so that one more follows it, then one recomputation, and the field
-/// gets the focus. A release before the first delay is over ends it there. The extra step is
-/// deliberate.
+/// noticed only after a step, so one more step follows it, then one recomputation, and the field
+/// gets the focus. A release before the first delay is over ends the hold at once. The extra step
+/// is deliberate: these buttons have always made it, and SpinHoldTest checks it
+/// (AReleaseRightAfterTheFirstDelayIsFollowedByOneStep).
 ///
-/// A press while an older one still waits for its extra step suspends the older one: it goes on
-/// when the newer one has ended.
+/// A press while an older one still waits for its extra step suspends the older one, which
+/// continues when the newer one has ended.
 class SpinHold : public QObject {
   Q_OBJECT
 
@@ -47,7 +49,7 @@ class SpinHold : public QObject {
   void PressPlus(TextField* field, std::optional<double> highest, std::function<void()> recompute);
   void PressMinus(TextField* field, std::optional<double> lowest, std::function<void()> recompute);
 
-  /// The button was let go: the state becomes 0 and `field` gets the focus.
+  /// The button was released: the state becomes 0 and `field` gets the focus.
   void Release(TextField* field);
 
   /// Ends everything at once, without a step, for a window that closes.
@@ -72,7 +74,7 @@ class SpinHold : public QObject {
   const Settings& record_;
   int SpinState_ = 0;
   std::vector<Held> held_;  // the last one runs, the others are suspended
-  unsigned wait_ = 0;       // tells the wait that counts from those given up
+  unsigned wait_ = 0;       // tells the current wait from those given up
 };
 
 }  // namespace brindle

@@ -81,7 +81,7 @@ TextField::TextField(const QString& name, const QString& tooltip) {
       HearOfChange();
     }
   });
-  // Of an edit this comes first, then the signal of the change.
+  // In an edit this comes first, then the signal of the change.
   connect(this, &QLineEdit::textEdited, this, [this] {
     HearOfChange();
     isEditHeard_ = true;
@@ -98,7 +98,7 @@ void TextField::Write(const QString& text, double number) {
 }
 
 void TextField::Set(const QString& text, std::optional<double> number) {
-  // First, for who hears of the change may read the field, and write it again.
+  // First, because whoever hears of the change may read the field and write it again.
   writtenFrom_ = number;
   const QScopedValueRollback writing(isWriting_, true);
   SetTextKeepingSelection(this, text);
@@ -109,8 +109,8 @@ void TextField::HearOfChange() {
   ++changes_;
 }
 
-// A handler that ends with the text it began with leaves the cursor and the selection where they
-// were, whatever it wrote in between.
+// If a handler ends with the text it began with, the cursor and the selection stay where they were,
+// no matter what it wrote in between.
 void TextField::Tell(void (TextField::*what)()) {
   const QString before = text();
   const int cursor = cursorPosition();
@@ -137,7 +137,7 @@ bool TextField::IsBeingEdited() const {
 
 void TextField::ShowAsResult(bool isResult) {
   setReadOnly(isResult);
-  QPalette own;  // everything that is not set here follows the window
+  QPalette own;  // whatever is not set here follows the window
   if (isResult) {
     own.setBrush(QPalette::Base, Qt::transparent);
   }

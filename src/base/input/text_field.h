@@ -11,21 +11,23 @@
 
 namespace brindle {
 
-/// Sets the text of a field. The text that already stands there changes nothing, the selection
-/// included. Another text leaves all selected where all was selected, else the cursor at its end.
+/// Sets the text of a field. If that is already its text, nothing changes, not even the selection.
+/// A different text is selected as a whole if the old one was; otherwise the cursor goes to its
+/// end.
 void SetTextKeepingSelection(QLineEdit* field, const QString& text);
 
-/// A field for one number, alone or as the text part of an EditableList. It tells its window of
-/// keys and mouse buttons the way the windows' handlers count them, and repairs nothing by itself.
-/// A comma that is typed enters a period: many number pads have no other key for it.
+/// A field for one number, alone or as the text part of an EditableList. It reports keys and mouse
+/// buttons to its window as the windows' handlers count them, and repairs nothing by itself. Typing
+/// a comma enters a period: many number pads have no other key for it.
 ///
-/// What the program wrote from a number stands for exactly that number, however few digits show,
-/// until somebody changes the text: 20 seconds, shown as 0.333 minutes, stay 20 seconds.
+/// Text that the program wrote from a number stands for exactly that number, no matter how few
+/// digits show, until somebody changes the text: 20 seconds, shown as 0.333 minutes, stay 20
+/// seconds.
 class TextField : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// The longest text that a field holds; a longer paste is cut.
+  /// The length of the longest text that a field holds; a longer paste is cut.
   static constexpr int LongestText = 400;
 
   explicit TextField(const QString& name, const QString& tooltip);
@@ -36,19 +38,21 @@ class TextField : public QLineEdit {
   /// number that is not finite, stand for nothing.
   void Write(const QString& text, double number);
 
-  /// The number that the text was written from; nothing where it stands for what it reads as.
+  /// The number that the text was written from; nothing if the text stands for what it reads as.
   [[nodiscard]] std::optional<double> WrittenFrom() const { return writtenFrom_; }
-  /// How often somebody else than Write() has changed the text.
+  /// How often anybody but Write() has changed the text.
   [[nodiscard]] int Changes() const { return changes_; }
 
-  /// The field in which its window's keys arrive, whether or not the window is the active one.
+  /// Whether this field gets its window's keys, no matter whether the window is the active one.
   [[nodiscard]] bool IsBeingEdited() const;
 
-  /// A number only begun ("-") stays when the field is left; elsewhere it becomes 0 then.
+  /// A number only begun ("-") stays when the focus leaves the field; in other fields it becomes 0
+  /// then.
   void KeepBegunNumber() { keepsBegunNumber_ = true; }
   [[nodiscard]] bool KeepsBegunNumber() const { return keepsBegunNumber_; }
 
-  /// Whether the field only shows something: read-only, and filled like the window around it.
+  /// Whether the field only shows something: read-only, with the background of the window around
+  /// it.
   void ShowAsResult(bool isResult);
 
   /// How many digits the field should have room for.
@@ -57,11 +61,11 @@ class TextField : public QLineEdit {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  /// A key that makes a character, Backspace, Enter or Escape went down; the field has not taken
-  /// it.
+  /// A key that makes a character, Backspace, Enter or Escape went down; the field has not handled
+  /// it yet.
   void KeyPress();
-  /// A key was let go (none of Tab, Shift, Ctrl, Alt, Meta; no auto-repeat), or the user changed
-  /// the text without a key: by a menu, a drop, an input method.
+  /// A key was released (none of Tab, Shift, Ctrl, Alt, Meta; no auto-repeat), or the user changed
+  /// the text without a key: by a menu, a drop or an input method.
   void KeyUp();
   void MouseDown();
   void MouseUp();

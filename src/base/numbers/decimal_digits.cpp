@@ -49,7 +49,7 @@ std::string Scientific(const DecimalDigits& number) {
   return (number.negative ? "-0." : "0.") + number.digits + "0e" + std::to_string(number.exponent);
 }
 
-// Adds one unit in the last place of `digits`; true where a new digit came in front.
+// Adds one unit in the last place of `digits`; true if that put a new digit in front.
 bool AddUnit(std::string& digits) {
   const auto lastBelowNine = digits.find_last_not_of('9');
   if (lastBelowNine != std::string::npos) {

@@ -12,10 +12,10 @@ namespace brindle {
 [[nodiscard]] double FramesPerSecond(int system);
 
 /// Whole frames of a running time: the floor of minutes x 60 x rate at 15 significant digits, so
-/// that MinutesOfFrames() of whole frames gives them again.
+/// that whole frames survive the way through MinutesOfFrames() and back.
 [[nodiscard]] double WholeFrames(double minutes, double framesPerSecond);
 
-/// The running time of so many frames, in minutes. Nothing without a frame rate.
+/// The running time of this many frames, in minutes. Nothing without a frame rate.
 [[nodiscard]] std::optional<double> MinutesOfFrames(double frames, double framesPerSecond);
 
 }  // namespace brindle

@@ -44,7 +44,7 @@ bool StartsWith(std::string_view text, bool (*predicate)(char)) {
   return !text.empty() && predicate(text.front());
 }
 
-// Length of the longest prefix of `text` (no leading blanks) that has the form of a number; 0 where
+// Length of the longest prefix of `text` (no leading blanks) that has the form of a number; 0 if
 // there is none.
 std::size_t NumberLength(std::string_view text) {
   std::size_t length = StartsWith(text, IsSign) ? 1 : 0;
@@ -71,8 +71,8 @@ std::size_t NumberLength(std::string_view text) {
   return length;
 }
 
-// Whether a number out of a double's range is too small for it rather than too large: the decimal
-// place of its first digit that is not 0, moved by its exponent, lies behind the period.
+// Whether a number out of a double's range is too small for it rather than too large: its first
+// digit that is not 0, moved by its exponent, comes after the period.
 bool IsBelowRange(std::string_view number) {
   const auto e = std::min(number.find_first_of("eE"), number.size());
   const auto mantissa = number.substr(0, e);
@@ -97,7 +97,7 @@ bool IsBelowRange(std::string_view number) {
   return place + std::clamp(exponent, -farAway, farAway) < 0;
 }
 
-// The value of a text that has the form of a number and nothing around it; nothing where it is not
+// The value of a text that has the form of a number and nothing around it; nothing if it is not
 // finite.
 template <class Float>
 std::optional<Float> ValueOfForm(std::string_view number) {
@@ -192,7 +192,7 @@ float SingleOf(std::string_view text) {
   if (!value) {
     return 0;
   }
-  // Not by way of the double: rounding twice can end beside the nearest float.
+  // Not by way of the double: rounding twice can miss the nearest float.
   return ValueOfForm<float>(NumericForm(text)).value_or(std::signbit(*value) ? -largest : largest);
 }
 
@@ -218,8 +218,8 @@ std::string TextWhileTyping(std::string_view typed, double value) {
   const auto lastDigit = typed.find_last_not_of('0');
   const auto tail = typed.substr(lastDigit == period ? period : lastDigit + 1);
   const bool continuesFraction = text.find('.') != std::string::npos;
-  // The tail fits only where it goes on what the text says: a period behind a whole number, zeros
-  // behind a fraction.
+  // The tail fits only if it continues the text: a period after a whole number, zeros after a
+  // fraction.
   if (tail.empty() || tail.starts_with('.') == continuesFraction || NumberOf(typed) != value) {
     return text;
   }

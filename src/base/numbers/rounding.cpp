@@ -13,7 +13,7 @@
 namespace brindle {
 namespace {
 
-// Every bound of a 16-bit or 32-bit whole number is exact in a double, so stopping may come first.
+// Every bound of a 16-bit or 32-bit whole number is exact in a double, so clamping may come first.
 template <class Integer>
 Integer NearestEven(double value) {
   constexpr double lowest = std::numeric_limits<Integer>::min();

@@ -25,7 +25,7 @@ RunningTime TakeApart(double seconds) {
   RunningTime time;
   time.seconds = seconds;
   time.hours = WholePart(time.seconds / 3600);
-  // A whole part that the 15th digit lifted leaves a rest below 0, which is noise.
+  // If rounding at the 15th digit raised a whole part, the remainder is below 0; that is noise.
   time.seconds = std::max(time.seconds - time.hours * 3600, 0.0);
   time.minutes = WholePart(time.seconds / 60);
   time.seconds = std::max(time.seconds - time.minutes * 60, 0.0);

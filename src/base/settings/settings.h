@@ -11,7 +11,7 @@ namespace brindle {
 
 /// What all windows share: the inputs and options that persist, then the fields that live only
 /// while the program runs. Every calculator window reads its fields when it loads and writes an
-/// accepted edit back at once. Starts with zeros and empty texts, as it is before the file is read.
+/// accepted edit back at once. It starts with zeros and empty texts until the file is read.
 struct Settings {
   double VideoFrameOverhead = 0;       ///< KB per second of running time; 0 when switched off
   double AudioInterleaveOverhead = 0;  ///< KB per second of running time; 0 when switched off
@@ -64,11 +64,11 @@ struct Settings {
   std::int16_t ResolutionIncrement = 0;  ///< step of the resolution calculator in pixels
 };
 
-/// The built-in value of every stored field. ExtraMaterial and HDVideoMode have none: they keep
-/// what they hold when the defaults are loaded, deliberately.
+/// The built-in value of every stored field. ExtraMaterial and HDVideoMode deliberately have none:
+/// they keep their value when the defaults are loaded, as the help says and SettingsTest checks.
 [[nodiscard]] Settings BuiltInSettings();
 
-/// Sets every stored field to its built-in value, but for the two that keep theirs.
+/// Sets every stored field to its built-in value, except the two that keep theirs.
 void ResetToBuiltIn(Settings& record);
 
 }  // namespace brindle

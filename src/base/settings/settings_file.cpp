@@ -29,8 +29,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 LargestFile = 1'048'576;  // bytes
-// What the temporary files of this program are called after the file they are for: nobody else's
-// are, so that those a killed program left can be told from a person's own copies.
+// What follows the file's name in the names of this program's temporary files. Nobody else uses it,
+// so the files that a killed program left can be told from a person's own copies.
 constexpr QLatin1StringView TemporaryMark(".tmp-");
 constexpr QLatin1StringView ProbeName("Brindle2");
 
@@ -55,7 +55,7 @@ bool CanCreateFileIn(const QString& folder) {
   return file.open();
 }
 
-// A disk that fills up takes a part first and tells its reason only when asked to take the rest.
+// A disk that fills up takes a part first and gives its reason only when asked to take the rest.
 bool WriteAll(QFile& file, const QByteArray& bytes) {
   qint64 written = 0;
   while (written < bytes.size()) {
@@ -70,7 +70,7 @@ bool WriteAll(QFile& file, const QByteArray& bytes) {
 
 // The file that a save of `path` replaces: links are written through.
 QFileInfo WhereLinksLead(const QString& path) {
-  constexpr int mostLinks = 128;  // some lead in a circle
+  constexpr int mostLinks = 128;  // some form a circle
   QFileInfo file(path);
   for (int links = 0; links < mostLinks && file.isSymLink(); ++links) {
     file.setFile(file.symLinkTarget());
@@ -95,7 +95,7 @@ tl::expected<void, QString> Rename(const QString& from, const QString& to) {
   return {};
 }
 
-// The new file is on the disk before it is renamed over the old one: whatever fails leaves the old.
+// The new file is on the disk before it is renamed over the old one: any failure leaves the old.
 FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
   if (const auto standing = IsFileAt(path); !standing) {
     return tl::unexpected(standing.error());
@@ -107,7 +107,7 @@ FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
   }
   const auto number = QRandomGenerator::system()->generate();
   QFile file(target + TemporaryMark + u"%1"_s.arg(number, 8, 16, QChar(u'0')));
-  // Unbuffered: what a buffer could not write when the file is finished would go unnoticed.
+  // Unbuffered: if a buffer could not be written when the file is finished, nobody would notice.
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
     return tl::unexpected(ErrorOf(path, file));
   }
@@ -128,7 +128,7 @@ FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
   return {};
 }
 
-// What is there, up to the largest file.
+// The file's contents, up to the size of the largest file.
 FileResult<QByteArray> ReadExisting(const QString& path) {
   if (const auto standing = IsFileAt(path); !standing) {
     return tl::unexpected(standing.error());

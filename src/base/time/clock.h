@@ -11,7 +11,7 @@
 
 namespace brindle {
 
-/// Where time comes in, so that a test can be its master.
+/// All time comes in here, so that a test can control it.
 class Clock : public Interface {
  public:
   /// Seconds since an arbitrary moment; never goes back.
@@ -20,8 +20,8 @@ class Clock : public Interface {
   /// Seconds since local midnight; falls back to 0 when the day ends.
   [[nodiscard]] virtual float SecondsSinceMidnight() const = 0;
 
-  /// Runs `action` once from the event loop when about `seconds` have passed; never when `context`
-  /// is destroyed before.
+  /// Runs `action` once from the event loop when about `seconds` have passed, but never after
+  /// `context` has been destroyed.
   virtual void After(double seconds, QObject* context, std::function<void()> action) = 0;
 };
 

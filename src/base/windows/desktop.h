@@ -11,12 +11,12 @@
 
 namespace brindle {
 
-/// The page of the help that it is opened with; every window has a page of its own name besides.
+/// The page that the help opens with; every window also has a page of its own name.
 inline constexpr QStringView FirstHelpPage(u"index");
 
-/// What the desktop around the program does for it. Nothing here waits; what cannot be started is
-/// told in one message box over the window that asked, "Cannot start NAME: REASON", once that has
-/// returned to the event loop.
+/// What the desktop around the program does for it. Nothing here waits. If something cannot be
+/// started, one message box over the window that asked says "Cannot start NAME: REASON", once that
+/// window has returned to the event loop.
 class Desktop : public Interface {
  public:
   /// The system's beep.
@@ -28,8 +28,8 @@ class Desktop : public Interface {
   /// A page of the help: FirstHelpPage or the name of a window.
   virtual void OpenHelp(QWidget* asker, const QString& page) = 0;
 
-  /// A web page ("https://...") in the desktop's browser, a letter ("mailto:...") in its mail
-  /// program. Every call asks the desktop once more.
+  /// A web page ("https://...") in the desktop's browser, or a new e-mail ("mailto:...") in its
+  /// mail program. Every call asks the desktop once more.
   virtual void OpenAddress(QWidget* asker, const QString& address) = 0;
 };
 

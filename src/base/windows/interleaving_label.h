@@ -8,7 +8,8 @@
 
 namespace brindle {
 
-/// The label `Interl` of both bitrate calculators: "ON" where any overhead is counted, else "OFF".
+/// The label `Interl` of both bitrate calculators: "ON" if any overhead is counted, otherwise
+/// "OFF".
 class InterleavingLabel : public ValueLabel {
   Q_OBJECT
 

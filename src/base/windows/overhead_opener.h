@@ -16,7 +16,7 @@ inline constexpr std::int16_t OpenedByAudio = 2;
 /// A window that the overhead window was opened from, as that window sees it.
 class OverheadOpener : public Interface {
  public:
-  /// Works out its bitrate anew, with the overheads of the settings record.
+  /// Recomputes its bitrate with the overheads of the settings record.
   virtual void Recompute() = 0;
 
   /// Shows whether any overhead is counted.

@@ -11,10 +11,10 @@
 
 namespace brindle {
 
-/// The keys that the registry's tree begins with.
+/// The root keys of the registry's tree.
 enum class RegistryRoot { LocalMachine };
 
-/// The system's registry. A desktop without one answers as one in which nothing can be found.
+/// The system's registry. A system without one answers like a registry in which nothing is found.
 class Registry : public Interface {
  public:
   /// An opened key; 0 is none.
@@ -22,7 +22,7 @@ class Registry : public Interface {
   /// The system's error code; 0 is success.
   using Result = std::int32_t;
 
-  /// Opens the key `subKey` (names between backslashes) under the root; `key` is 0 when it cannot.
+  /// Opens the key `subKey` (names between backslashes) under the root; `key` is 0 if it cannot.
   [[nodiscard]] virtual Result OpenKey(RegistryRoot root, const QString& subKey, Key& key) = 0;
 
   /// Deletes one named value of an opened key.

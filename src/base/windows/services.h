@@ -15,7 +15,7 @@
 
 namespace brindle {
 
-/// What belongs to the author and is set when the program is built.
+/// The author's own settings, fixed when the program is built.
 struct Product {
   QString website;
   QString updatePage;

@@ -28,13 +28,13 @@ enum class WindowId {
 /// The list of windows as a window sees it.
 class WindowList : public Interface {
  public:
-  /// The one window of this kind. Creates it when it is not shown, without showing it: its next
-  /// show creates it afresh, as after closing it.
+  /// The one window of this kind. If it is not shown, creates it without showing it; its next show
+  /// creates it afresh, as after closing it.
   virtual Form& Load(WindowId id) = 0;
 
-  /// Shows the one window of this kind, without making the others wait: creates it when it is not
-  /// shown, else brings it to the front. What its creation throws comes out; no window is left
-  /// then.
+  /// Shows the one window of this kind, without making the others wait: creates it if it is not
+  /// shown, otherwise brings it to the front. Lets through what its creation throws; no window is
+  /// left then.
   virtual void Open(WindowId id) = 0;
 
   /// Asks every window whether it may be closed. When none has anything against it, all are told
