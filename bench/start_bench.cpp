@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// From exec to the first paint of the main window: Brindle beside a program with one bare window.
-// Both stand in this program's own folder.
+// From exec to the first paint of the main window: Brindle compared with a program with one bare
+// window. Both are in this program's own folder.
 
 #include <array>
 #include <chrono>
@@ -57,7 +57,8 @@ void Start(benchmark::State& state, const std::string& program) {
     state.SetIterationTime(run.wallSeconds);
     processorSeconds += run.processorSeconds;
   }
-  // What this process itself uses meanwhile says nothing; the child's time is a figure of its own.
+  // What this process itself uses in the meantime means nothing; the child's time is a separate
+  // figure.
   state.counters["processor_ms"] = processorSeconds * 1000;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// The program as its main() starts it, with somebody who sends the splash away by a key as soon as
+// The program as its main() starts it, with somebody who dismisses the splash with a key as soon as
 // it is painted. It ends as soon as the main window is painted.
 
 #include <memory>

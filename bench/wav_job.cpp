@@ -52,7 +52,7 @@ bool IsCompleted(Pass& pass) {
   return std::holds_alternative<PassCompleted>(end);
 }
 
-// Chords that swell and fade under some noise, 16-bit stereo at 44100 Hz, of this many megabytes.
+// This many megabytes of chords that swell and fade under some noise, 16-bit stereo at 44100 Hz.
 void Make(const Arguments& arguments) {
   constexpr quint64 most = 4294;  // megabytes that a header can declare
   const auto megabytes = arguments[1].toULongLong();
@@ -137,7 +137,7 @@ void FloorPass(const Arguments& arguments) {
   close(target);
 }
 
-// The same for a pass in place, which finds its file's room already there.
+// The same for a pass in place, whose file already has its room.
 void FloorInPlace(const Arguments& arguments) {
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): POSIX's form
   const int file = open(qPrintable(arguments[0]), O_RDWR);
@@ -203,7 +203,7 @@ class Answers : public MessageBoxes, public FileDialogs {
   QString file_;
 };
 
-// The real window: empty, and, where there is a file, what a user does to normalize it.
+// The real window: empty or, if there is a file, with what a user does to normalize it.
 void Window(const Arguments& arguments) {
   Settings record;
   record.WavRememberFolders = true;
@@ -238,8 +238,8 @@ double ProcessorSeconds() {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-// The peak of the program's own memory, in megabytes; what the system tells a parent includes the
-// parent's own.
+// The peak of the program's own memory, in megabytes; what the system reports to a parent includes
+// the parent's own.
 double PeakMegabytes() {
   QFile status(QStringLiteral("/proc/self/status"));
   Require(status.open(QIODevice::ReadOnly), "no /proc");

@@ -37,7 +37,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Everything that waits is done, repaints included.
+// Handles everything that is waiting, repaints included.
 void ComeToRest() {
   auto* dispatcher = QAbstractEventDispatcher::instance();
   while (dispatcher->processEvents(QEventLoop::AllEvents)) {
@@ -79,7 +79,7 @@ struct Calculator {
   }
 };
 
-// As many fields and lists as the calculator has, and nothing behind them.
+// As many fields and lists as the calculator has, with nothing behind them.
 struct BareWindow {
   QWidget window;
   QLineEdit* field = nullptr;
@@ -99,7 +99,7 @@ struct BareWindow {
 };
 
 // A key as it comes from the display, and all that follows from it. The picture after the press is
-// shown before the key is let go, as with a person.
+// shown before the key is released, as with a person.
 void Strike(QWindow* window, Qt::Key key, const QString& text) {
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier, text);
@@ -108,7 +108,7 @@ void Strike(QWindow* window, Qt::Key key, const QString& text) {
   }
 }
 
-// One iteration is one keystroke: a digit behind "12", at the next one Backspace.
+// One iteration is one keystroke: a digit after "12", and in the next one Backspace.
 void StrikeKeys(benchmark::State& state, const QWidget& window, QLineEdit& field) {
   auto* const handle = window.windowHandle();
   field.setText(u"12"_s);

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 # SPDX-License-Identifier: MIT
-# What every target of the house has in common: language, warnings, sanitizers, precompiled headers.
+# What every target has in common: language, warnings, sanitizers, precompiled headers.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -18,8 +18,8 @@ endif()
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  # What one clone has compiled, another one need not: paths count from the root of the tree, and
-  # precompiled headers are cached like what includes them.
+  # One clone reuses what another has compiled: paths count from the root of the tree, and
+  # precompiled headers are cached like the sources that include them.
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
     CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
     CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
@@ -30,7 +30,8 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wconversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Werror
-  # Members left out of a designated initializer take their default, on purpose.
+  # Members left out of a designated initializer take their default: a call states only what
+  # differs.
   -Wno-missing-field-initializers)
 if(BRINDLE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
@@ -49,8 +50,8 @@ if(BRINDLE_COVERAGE)
   add_link_options(--coverage)
 endif()
 
-# brindle_library(NAME [WIDGETS] SOURCES... LINKS...): one static library. Only with WIDGETS it may see
-# the toolkit's windows.
+# brindle_library(NAME [WIDGETS] SOURCES... LINKS...): one static library. Only with WIDGETS may it
+# use the toolkit's windows.
 function(brindle_library name)
   cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
@@ -61,7 +62,7 @@ function(brindle_library name)
   endif()
 endfunction()
 
-# The toolkit's headers are precompiled once, by the lowest library that sees windows.
+# The toolkit's headers are precompiled once, by the lowest library that uses windows.
 function(brindle_precompile name)
   if(NOT BRINDLE_PCH)
     return()

@@ -18,7 +18,7 @@ foreach(size IN LISTS BRINDLE_ICON_SIZES)
   list(APPEND icons_made ${png})
 endforeach()
 
-# The largest as PNG within the icon, the others as the bitmaps that every Windows reads.
+# The icon holds the largest size as PNG, the others as the bitmaps that every Windows reads.
 set(ico ${BRINDLE_ICON_FOLDER}/brindle2.ico)
 set(bitmaps 16 24 32 48 64)
 list(TRANSFORM bitmaps PREPEND ${BRINDLE_ICON_FOLDER}/brindle2-)

@@ -8,7 +8,7 @@
 namespace brindle {
 
 /// The standard film ratios, width to height, in the order of the list: 1, 1.33, 1.66, 1.778, 1.85,
-/// 2.35. 0, which is no ratio, for any other index.
+/// 2.35. Any other index gives 0, which is not a ratio.
 [[nodiscard]] float StandardRatio(int index);
 
 /// The nearest multiple of `modulus`, ties to the even one: 336 at 32 is 320.
@@ -21,7 +21,7 @@ namespace brindle {
 /// The width that keeps a ratio at this height, on the grid of `modulus`.
 [[nodiscard]] int WidthFor(int height, float ratio, int modulus);
 
-/// What a frame of this size amounts to.
+/// The figures of a frame.
 struct FrameStatistics {
   int pixels = 0;
   int macroblocks = 0;                 ///< blocks of 16 x 16 pixels
@@ -30,9 +30,11 @@ struct FrameStatistics {
 };
 
 /// The statistics of a frame `width` x `height` pixels (both above 0) for a film of `filmRatio`; no
-/// error where that is 0. Macroblocks are counted as (height \\ 16 + s) x (width \\ 16 + s), where
-/// s is 1 when the height is no multiple of 16: the remainder of the height deliberately rounds
-/// both factors up, that of the width none: 720 x 576 gives 1620, 712 x 576 gives 1584.
+/// error if that is 0. Macroblocks are counted as (height \\ 16 + s) x (width \\ 16 + s), where s
+/// is 1 if the height is not a multiple of 16. So a remainder of the height rounds both factors up,
+/// and a remainder of the width neither: 720 x 576 gives 1620, 712 x 576 gives 1584. That is
+/// deliberate: the help states the difference, and counts stay comparable with older ones
+/// (Statistics, OfAFrame).
 [[nodiscard]] FrameStatistics StatisticsOf(int width, int height, float filmRatio);
 
 }  // namespace brindle

@@ -19,11 +19,11 @@ namespace brindle {
 inline constexpr double Wav44KiloBytesPerSecond = 44100.0 * 4 / 1024;
 inline constexpr double Wav48KiloBytesPerSecond = 48000.0 * 4 / 1024;
 
-/// KB/s of compressed audio of `kiloBits` kbit/s, deliberately reckoned at 1024 bits: 224 kbit/s
-/// are 28 KB/s.
+/// KB/s of compressed audio of `kiloBits` kbit/s, deliberately counted at 1024 bits: 224 kbit/s are
+/// 28 KB/s. The help says so, and totals stay comparable with older ones (RateOfCompressedAudio).
 [[nodiscard]] double CompressedKiloBytesPerSecond(double kiloBits);
 
-/// MB of `minutes` of video at `kiloBits` kbit/s as the codec counts them: 1000 kbit/s, 100
+/// MB of `minutes` of video at `kiloBits` kbit/s, as the codec counts them: 1000 kbit/s, 100
 /// minutes, factor 0.9765625: 715.2557 MB.
 [[nodiscard]] double VideoMegaBytes(double kiloBits, double minutes, double videoFactor);
 

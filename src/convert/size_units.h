@@ -9,7 +9,7 @@
 
 namespace brindle {
 
-/// The units of a data size, each 1024 of the one before.
+/// The units of a data size, each 1024 times the one before.
 enum class SizeUnit { B, KB, MB, GB };
 
 inline constexpr std::array SizeUnits{SizeUnit::B, SizeUnit::KB, SizeUnit::MB, SizeUnit::GB};
@@ -22,16 +22,17 @@ using Sizes = std::array<double, SizeUnits.size()>;
 }
 
 /// The largest size that is accepted, 1e20 bytes, in each unit: 1e20, 9.765625e16, 95367431640625,
-/// and 93132257462, which deliberately is the quotient 93132257461.547... rounded up.
+/// and 93132257462, which deliberately is the quotient 93132257461.547... rounded up: a limit that
+/// fields have always had (LargestSizeTest).
 [[nodiscard]] double LargestSize(SizeUnit unit);
 
-/// A size in all units, worked out from one of them, without loss. Example: 1 MB is 1024 KB,
-/// 1048576 B and 0.0009765625 GB.
+/// A size in all units, worked out from one of them without loss. Example: 1 MB is 1024 KB, 1048576
+/// B and 0.0009765625 GB.
 [[nodiscard]] Sizes SizesFrom(SizeUnit unit, double size);
 
-/// How a size that nobody is typing is shown: above 9999999999 with plain digits and at most one
+/// How to show a size that nobody is typing: above 9999999999 with plain digits and at most one
 /// decimal; whole sizes without decimals. A size of exactly 0 is "0" in bytes and deliberately
-/// nothing in the other units. An empty text stays empty.
+/// blank in the other units, as users know it (TidiesSizes, Zero). An empty text stays empty.
 [[nodiscard]] std::string TidiedSize(SizeUnit unit, const std::string& text);
 
 }  // namespace brindle

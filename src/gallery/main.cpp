@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// Opens every window with realistic figures and saves a picture of each:
-// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places]
-// LABEL stands behind the window's name in the names of the files. With --places there is a
-// WINDOW.places beside each picture, a line "NAME X Y" for each control: the pixel in its middle,
-// from the picture's upper left corner.
+// Opens every window with realistic figures and saves a picture of each: brindle_gallery
+// OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places] LABEL follows the window's name
+// in the names of the files. With --places, each picture gets a WINDOW.places beside it, with a
+// line "NAME X Y" for each control: the pixel in its middle, from the picture's upper left corner.
 
 #include <array>
 #include <iostream>
@@ -84,7 +83,7 @@ QPalette DarkPalette() {
   return palette;
 }
 
-// A film of 102 minutes and a half on two discs, with its trailer: the figures of the examples in
+// A film of 102 and a half minutes on two discs, with its trailer: the figures of the examples in
 // the help, which shows these pictures.
 void SetRealisticFigures(Settings& record) {
   record.MovieLength = 102.5;

@@ -10,14 +10,14 @@
 
 namespace brindle {
 
-// Sound that the program is shown and measured with: 16-bit stereo.
+// Sound for pictures and measurements of the program: 16-bit stereo.
 inline constexpr std::uint32_t SamplesPerSecond = 44100;
 
-/// Begins a WAV file with `dataLength` bytes of samples, and makes `out` write words as they stand
-/// in one.
+/// Begins a WAV file with `dataLength` bytes of samples, and makes `out` write words in the byte
+/// order of such a file.
 void WriteWavHeader(QDataStream& out, std::uint32_t dataLength);
 
-/// Writes a minute and forty seconds of sound that is not as loud as it could be.
+/// Writes one minute and forty seconds of sound that is not as loud as it could be.
 [[nodiscard]] bool WriteRecording(const QString& path);
 
 }  // namespace brindle

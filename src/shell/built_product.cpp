@@ -26,7 +26,7 @@ void SetUpApplication() {
   QApplication::setApplicationVersion(u"2.91"_s);
   QApplication::setDesktopFileName(u"brindle2"_s);
   QApplication::setWindowIcon(QIcon(LoadPicture(u"application"_s, qApp->devicePixelRatio())));
-  // The splash is the last window for a moment before the main window stands.
+  // For a moment, before the main window shows, the splash is the last window.
   QApplication::setQuitOnLastWindowClosed(false);
 }
 

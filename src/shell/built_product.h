@@ -10,7 +10,7 @@ namespace brindle {
 /// The product as this build was configured.
 [[nodiscard]] Product BuiltProduct();
 
-/// The application's name, icon and manners, set on the toolkit before the first window.
+/// Sets the application's name, icon and behaviour in the toolkit, before the first window.
 void SetUpApplication();
 
 }  // namespace brindle

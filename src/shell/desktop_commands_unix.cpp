@@ -24,7 +24,7 @@ namespace {
 
 struct Calculator {
   QString program;
-  QString desktop;  // a name in XDG_CURRENT_DESKTOP; empty for those of no desktop
+  QString desktop;  // a name in XDG_CURRENT_DESKTOP; empty if it belongs to none
 };
 
 const std::array<Calculator, 9>& Calculators() {
@@ -42,7 +42,7 @@ const std::array<Calculator, 9>& Calculators() {
   return calculators;
 }
 
-// What asks the desktop to open an address, the first that is installed.
+// Asks the desktop to open an address; the first one that is installed is used.
 struct Opener {
   QString program;
   QStringList arguments;  // before the address
@@ -97,7 +97,7 @@ Command CalculatorCommand() {
 }
 
 Command HelpCommand(const QString& programFolder, const QString& page) {
-  // Beside the program, or where a package of the system puts it.
+  // Beside the program, or where a system package puts it.
   const QString file = u"/help/"_s + page + u".html"_s;
   const QString beside = programFolder + file;
   const QString shared = QDir::cleanPath(programFolder + u"/../share/brindle2"_s + file);
@@ -125,7 +125,7 @@ QString ReasonOfExit(const Command& command, int code) {
 void Prepare(const Command&, QProcess& process) {
   process.setChildProcessModifier([] {
     ::setsid();
-    // Ignored in this program; what is ignored stays so in a child.
+    // This program ignores the signal, and a child would inherit that.
     std::signal(SIGXFSZ, SIG_DFL);
   });
 }

@@ -29,8 +29,8 @@ QString SystemFolder(FolderGetter get) {
   return QString::fromWCharArray(folder.data());
 }
 
-// The system's own, by its whole path: one of the same name beside the program or the help is not
-// what the user asked for.
+// The system's own program, by its whole path: one of the same name beside this program or the help
+// is not what the user asked for.
 Command OfSystem(const QString& name, const QStringList& arguments, WindowStyle style) {
   const QString path = QStandardPaths::findExecutable(
       name, {SystemFolder(GetSystemDirectoryW), SystemFolder(GetWindowsDirectoryW)});
@@ -59,7 +59,7 @@ Command OpenAddress(const QString& address) {
   const auto encoded = QUrl(address).toString(QUrl::FullyEncoded).toStdWString();
   SHELLEXECUTEINFOW call = {};
   call.cbSize = sizeof(call);
-  call.fMask = SEE_MASK_FLAG_NO_UI;  // what fails is told by this program
+  call.fMask = SEE_MASK_FLAG_NO_UI;  // this program reports failures
   call.lpFile = encoded.c_str();
   call.nShow = SW_SHOWNORMAL;
   if (ShellExecuteExW(&call) == FALSE) {
@@ -68,7 +68,7 @@ Command OpenAddress(const QString& address) {
   return {.name = address};
 }
 
-// What the programs above end with does not tell whether they were of use.
+// The exit codes of the programs above do not say whether they succeeded.
 QString ReasonOfExit(const Command&, int) { return {}; }
 
 void Prepare(const Command& command, QProcess& process) {

@@ -5,12 +5,12 @@
 
 namespace brindle {
 
-/// Before the application is made: lets it have the desktop's dark palette where a program has to
-/// ask for that.
+/// Before the application is made: asks for the desktop's dark palette, where a program has to ask
+/// for it.
 void AskForDarkPalette();
 
 /// Once the application is made: keeps it in a style that can draw with its palette, now and
-/// whenever that changes.
+/// whenever the palette changes.
 void FollowPalette();
 
 }  // namespace brindle

@@ -5,7 +5,7 @@
 
 namespace brindle {
 
-// Palette and style come from the desktop here, and fit.
+// Here palette and style come from the desktop, and they match.
 
 void AskForDarkPalette() {}
 

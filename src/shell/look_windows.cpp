@@ -19,7 +19,7 @@ namespace {
 constexpr auto Platform = "QT_QPA_PLATFORM";
 constexpr auto OwnPlatform = "windows:darkmode=2";
 
-// The system's own style draws light fields and buttons, whatever the palette is.
+// The system's own style draws light fields and buttons with any palette.
 QString StyleFor(const QPalette& palette) {
   constexpr int half = 128;  // of the lightness
   return palette.color(QPalette::Window).lightness() < half ? u"fusion"_s : u"windowsvista"_s;
@@ -37,7 +37,7 @@ class PaletteWatch : public QObject {
   using QObject::QObject;
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) {
-      // From the event loop: the windows are still hearing of the palette.
+      // From the event loop: the windows are still being told of the palette.
       QMetaObject::invokeMethod(this, KeepToPalette, Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
@@ -53,7 +53,7 @@ void AskForDarkPalette() {
 }
 
 void FollowPalette() {
-  // It was for this program, not for those that it starts.
+  // The setting was for this program, not for those that it starts.
   if (qgetenv(Platform) == OwnPlatform) {
     qunsetenv(Platform);
   }

@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-/// The part of `text` between its first two single quotes; empty where there are not two.
+/// The part of `text` between its first two single quotes; empty if there are not two.
 [[nodiscard]] QString QuotedPart(const QString& text);
 
 }  // namespace brindle

@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-// There is none here. The codes are those of a registry in which nothing is found.
+// There is no registry here. The codes are those of one in which nothing is found.
 
 namespace {
 

@@ -11,7 +11,7 @@ namespace brindle {
 
 namespace {
 
-// The system's handles are pointers to it alone.
+// The handles are pointers only to the system.
 // NOLINTBEGIN(performance-no-int-to-ptr,cppcoreguidelines-pro-type-reinterpret-cast)
 HKEY HandleOf(Registry::Key key) { return reinterpret_cast<HKEY>(key); }
 Registry::Key KeyOf(HKEY handle) { return reinterpret_cast<Registry::Key>(handle); }

@@ -7,8 +7,8 @@
 
 namespace brindle {
 
-/// The system's requests to end the program: termination signals where there are such, the end of
-/// the desktop session. There is one in a process.
+/// The system's requests to end the program: termination signals, where the system has them, and
+/// the end of the desktop session. A process has one such object.
 class Termination : public QObject {
   Q_OBJECT
 
@@ -16,7 +16,7 @@ class Termination : public QObject {
   Termination();
 
  Q_SIGNALS:
-  /// The program is to end now, without asking anybody.
+  /// The program must end now, without asking anybody.
   void Asked();
 };
 

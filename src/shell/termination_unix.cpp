@@ -28,7 +28,7 @@ Termination::Termination() {
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-    return;  // the signals keep their usual meaning
+    return;  // the signals keep their usual effect
   }
   writeEnd = ends[1];
   auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
@@ -45,7 +45,7 @@ Termination::Termination() {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     sigaction(signal, &action, nullptr);
   }
-  // A file that must not grow is an error of that write, not the end of the program.
+  // If a file must not grow, that is an error of the write, not the end of the program.
   std::signal(SIGXFSZ, SIG_IGN);
 }
 

@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-// Who is asked to end otherwise is asked to close its windows, which the windows hear themselves.
+// Any other request to end asks the program to close its windows, and they receive it themselves.
 Termination::Termination() {
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
 }

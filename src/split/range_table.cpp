@@ -75,7 +75,7 @@ void RangeTable::ShowThirdSegment(bool isShown) {
   }
 }
 
-// What only three segments have.
+// The fields that only three segments have.
 std::array<QWidget*, 5> RangeTable::ThirdSegment() const {
   return {SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]};
 }

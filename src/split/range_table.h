@@ -20,10 +20,10 @@ class RangeTable {
  public:
   RangeTable();
 
-  /// The whole table, for the frame that it stands in.
+  /// The whole table, for the frame around it.
   [[nodiscard]] QLayout* Layout() const;
 
-  /// Shows the ranges of two segments; those that only three have stay as they are.
+  /// Shows the ranges of two segments; those that only three segments have stay as they are.
   void ShowTwo(const SplitPlan& plan);
   void ShowThree(const SplitPlan& plan);
 

@@ -25,9 +25,9 @@ void TakeWholePart(TextField* field, double limit) {
   WriteTyped(field, ShrinkByTens(ShownNumberIn(field), limit));
 }
 
-// Takes out of the seconds the whole minutes that the field of the minutes has taken in.
+// Removes from the seconds the whole minutes that the minutes field has taken over.
 void CarryWholeMinutes(TextField* seconds) {
-  constexpr int decimals = 9;  // no residue of the subtraction
+  constexpr int decimals = 9;  // leaves no noise of the subtraction
   const double value = NumberIn(seconds);
   if (value >= SecondsOfMinute) {
     const double whole = WholePart(value / SecondsOfMinute) * SecondsOfMinute;

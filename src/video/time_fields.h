@@ -8,15 +8,16 @@
 
 namespace brindle {
 
-// What is typed into the fields of a running time is repaired instead of rejected. Too large an
-// entry loses digits until it fits, deliberately: of 5000 hours the digit too many goes, and 500
-// stay.
+// What is typed into the fields of a running time is repaired instead of rejected. An entry that is
+// too large deliberately loses digits until it fits: of 5000 hours the digit too many goes, and the
+// 500 typed before it stay.
 
-/// What hours undergo at every key: a text that is no number becomes its leading number, tens drop.
+/// Repairs hours at every key: a text that is not a number becomes its leading number, and digits
+/// drop until the value fits.
 void RepairHours(TextField* field);
 /// The same for minutes.
 void RepairMinutes(TextField* field);
-/// The same for seconds, which stay as they are typed unless they are above their limit.
+/// The same for seconds, which stay as typed unless they are above their limit.
 void RepairSeconds(TextField* field);
 
 /// Repairs all three fields and gives their running time in minutes; empty fields count as 0. Hours
@@ -25,7 +26,7 @@ void RepairSeconds(TextField* field);
 [[nodiscard]] double RepairedMinutes(const RunningTimeFields& fields);
 
 /// Shows a running time of `minutes`. Seconds that are being typed (`editingSeconds`) keep their
-/// text, but for the whole minutes in them: these are carried, once, and the rest stays.
+/// text, except for the whole minutes in them: these are carried, once, and the rest stays.
 void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds);
 
 }  // namespace brindle

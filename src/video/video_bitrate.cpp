@@ -26,7 +26,7 @@ struct Scale {
 };
 
 // Version 3 deliberately has the one band "Average-Good" where the later versions have "Average"
-// and "Good".
+// and "Good": ratings stay comparable with older ones (RatesQuality).
 constexpr std::array Version3{
     Band{0, "Very Poor"},      Band{500, "Poor"},       Band{700, "Medium-Poor"},
     Band{900, "Average-Good"}, Band{1100, "Very Good"}, Band{1500, "Excellent"},
