@@ -1,11 +1,11 @@
 ; SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 ; SPDX-License-Identifier: MIT
 ;
-; The installer, for one user or for all. makensis is told VERSION, FILES (the folder with everything
-; to be installed), REMOVAL (a file that deletes just that, file by file), ICON, WEBSITE and OUTPUT, and
-; may be told SIGN (a command that signs the file whose path is appended to it). Silently: /S with
-; /CurrentUser or /AllUsers.
-; The uninstaller leaves the settings unless they are ticked too, or silently: /S /REMOVESETTINGS.
+; The installer, for one user or for all. makensis gets VERSION, FILES (the folder with everything to
+; install), REMOVAL (a file that deletes just that, file by file), ICON, WEBSITE and OUTPUT, and possibly
+; SIGN (a command that signs the file whose path is appended to it). Silently: /S with /CurrentUser or
+; /AllUsers. The uninstaller leaves the settings unless they are ticked too, or silently: /S
+; /REMOVESETTINGS.
 
 Target amd64-unicode
 Unicode true
@@ -29,7 +29,7 @@ SetCompressor /SOLID lzma
 !include LogicLib.nsh
 
 Name Brindle
-InstallDir "$LOCALAPPDATA\Programs\Brindle" ; a folder that is chosen gets its last part
+InstallDir "$LOCALAPPDATA\Programs\Brindle" ; a folder that the user chooses gets its last part
 OutFile "${OUTPUT}"
 BrandingText "Brindle ${VERSION}"
 VIProductVersion "${VERSION}.0.0"
@@ -58,7 +58,7 @@ VIAddVersionKey LegalCopyright "Velbrin and the Brindle contributors"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; A program that runs can be neither replaced nor removed: its file cannot be written.
+; A running program can be neither replaced nor removed: its file cannot be written.
 !macro WaitUntilItRunsNoMore
   ${Do}
     ${IfNot} ${FileExists} "$INSTDIR\brindle2.exe"
@@ -105,7 +105,7 @@ Section
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" EstimatedSize $0
 SectionEnd
 
-; Nothing but what was installed: the folder may be one that others use.
+; Only what was installed: others may use the folder, too.
 Section "-un.Program"
   !insertmacro WaitUntilItRunsNoMore
   !include "${REMOVAL}"
@@ -114,7 +114,7 @@ Section "-un.Program"
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
 SectionEnd
 
-; Beside the program, or where it keeps them for this user when it may not write there.
+; Beside the program, or where it keeps them for this user if it may not write there.
 Section /o "un.My settings" Settings
   SetShellVarContext current
   Delete "$INSTDIR\Brindle2.ini"
@@ -124,7 +124,7 @@ Section /o "un.My settings" Settings
   RMDir "$LOCALAPPDATA\brindle2"
 SectionEnd
 
-; The folder goes when nothing is left in it.
+; The folder is removed if nothing is left in it.
 Section "-un.Folder"
   SetOutPath $TEMP
   RMDir "$INSTDIR"
@@ -134,7 +134,7 @@ Function un.onInit
   SetRegView 64
   StrCpy $R0 $INSTDIR
   !insertmacro MULTIUSER_UNINIT
-  ; Whose installation this is, its folder tells; the modes bring folders of their own.
+  ; The folder says whose installation this is; the modes bring folders of their own.
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
   ${If} $0 == $R0
     Call un.MultiUser.InstallMode.CurrentUser

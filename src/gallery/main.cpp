@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// Opens every window with realistic figures and saves a picture of each: brindle_gallery
-// OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places] LABEL follows the window's name
-// in the names of the files. With --places, each picture gets a WINDOW.places beside it, with a
-// line "NAME X Y" for each control: the pixel in its middle, from the picture's upper left corner.
+// Opens every window with realistic figures and saves a picture of each:
+// brindle_gallery OUTPUT_FOLDER [--dark] [--large-font] [--label LABEL] [--places]
+// LABEL follows the window's name in the names of the files. With --places, each picture gets a
+// WINDOW.places beside it, with a line "NAME X Y" for each control: the pixel in its middle, from
+// the picture's upper left corner.
 
 #include <array>
 #include <iostream>

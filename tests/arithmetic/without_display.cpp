@@ -3,7 +3,7 @@
 
 // A program without a display and without a widget, linked with the arithmetic of all calculators
 // and the engine of the normalizer: it links only as long as these need neither. It asks each of
-// them one thing, and ends with the number of wrong answers.
+// them one question, and ends with the number of wrong answers.
 
 #include <cmath>
 #include <cstdint>

@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 # SPDX-License-Identifier: MIT
 #
-# What the journeys through the built programs share. Sourced, after `picture` is set to the file for a
-# picture of the screen on a failure: waiting and failing, processes that end with the journey, a
-# virtual display with a window manager, windows by their titles, the program's start and end. The
-# journey itself says how the program is started (launch, which sets `run`) and where it is left from
+# What the journeys through the built programs share: waiting and failing, processes that end with the
+# journey, a virtual display with a window manager, windows by their titles, the program's start and end.
+# Before sourcing it, a journey sets `picture` to the file for a picture of the screen on a failure. The
+# journey itself says how to start the program (launch, which sets `run`) and how to leave it
 # (close_main), and sets `program` and `settings`.
 
 patience=30 # seconds until a thing that was waited for counts as missing
@@ -44,7 +44,7 @@ await() {
   done
 }
 
-# runs PID, group_runs PID: a process that has ended and was not waited for yet does not count.
+# runs PID, group_runs PID: a process that has ended but was not waited for yet does not count.
 runs() {
   local stat
   read -r stat 2>/dev/null <"/proc/$1/stat" || return 1
@@ -87,8 +87,8 @@ trap quit EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM HUP
 
-# start LOG COMMAND...: in the background, its number in $!; it ends with this script, even when that
-# is killed.
+# start LOG COMMAND...: in the background, its number in $!; it ends with this script, even if that is
+# killed.
 start() {
   local log=$folder/$1.log
   shift
@@ -98,7 +98,7 @@ start() {
 
 # ---- the desktop
 
-# Who started the journey has a desktop and settings of his own.
+# Whoever started the journey has a desktop and settings of their own.
 for name in $(compgen -e QT_) DISPLAY WAYLAND_DISPLAY SESSION_MANAGER DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS; do
   unset "$name"
 done
@@ -123,7 +123,7 @@ await "the window manager" manager_stands
 
 # ---- windows
 
-window() { # TITLE: its number, for the newest that shows
+window() { # TITLE: the number of the newest visible one
   xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 | grep .
 }
 shows() { window "$1" >/dev/null; }
@@ -148,11 +148,11 @@ await_end() {
   run=0
 }
 
-# The splash would go by itself two seconds after it shows: only a main window that stands earlier
-# than that was brought by the person. A machine that is too busy to tell gets another try.
+# The splash goes by itself two seconds after it shows: only if the main window shows earlier than that
+# was it the person who brought it. A machine that is too busy to tell gets another try.
 enter() { # DISMISS...
   local try since looked
-  # `since` is when it was looked for in vain for the last time.
+  # `since` is when a look for it last failed.
   splash_shows() {
     since=$looked
     looked=$(now)

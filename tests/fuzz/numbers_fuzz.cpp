@@ -55,13 +55,14 @@ void CheckText(std::string_view text) {
   Require(!IsJustBegun(text) || !isNumeric);
   Require(!isNumeric || !IsBlankText(text));
 
-  // Blanks around a text change nothing, and neither does what cannot go on a number.
+  // Blanks around a text change nothing, and neither does a character that cannot continue a
+  // number.
   const auto around = " \t" + std::string(text) + "\t ";
   Require(IsNumeric(around) == isNumeric && LeadingNumber(around) == leading);
   const auto spoilt = std::string(text) + "x";
   Require(!IsNumeric(spoilt) && LeadingNumber(spoilt) == leading);
 
-  // A power of 0 behind a mantissa changes nothing; a sign before a number turns it round.
+  // An exponent of 0 after a mantissa changes nothing; a sign before a number turns it round.
   if (isNumeric && text.find_first_of("eE \t") == std::string_view::npos) {
     Require(NumberOf(std::string(text) + "e0") == number);
   }
@@ -126,7 +127,8 @@ void CheckUsualPattern(double value, std::size_t which) {
     const double back = NumberOf(shown.empty() ? "0" : shown);
     const double rounded = RoundedTo(value, pattern.decimals);
     const double unit = std::pow(10, -pattern.decimals);
-    // Both are the nearest with that many decimals; only an exact half parts them, by one unit.
+    // Both are the nearest with that many decimals; only an exact half makes them differ, by one
+    // unit.
     Require(std::abs(back - rounded) <= unit * 1.001 + std::abs(value) * 1e-15);
     Require(Formatted(back, pattern.text) == shown);
   }

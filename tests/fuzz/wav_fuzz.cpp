@@ -36,7 +36,7 @@ void Require(bool holds) {
   }
 }
 
-/// A file without a folder: nothing of it is left when the program ends in the middle.
+/// A file without a folder: it leaves nothing behind if the program ends in the middle.
 class MemoryFile {
  public:
   explicit MemoryFile(const char* name)
@@ -67,7 +67,7 @@ class MemoryFile {
 };
 
 /// A second passes at each of the first looks, then hardly any time: an update at every word would
-/// be a write for every word.
+/// mean a write at every word.
 class SlowingClock : public Clock {
  public:
   [[nodiscard]] double Now() const override {
@@ -84,7 +84,7 @@ class SlowingClock : public Clock {
   mutable int looks_ = 0;
 };
 
-/// Lets so many updates pass and ends the pass at the next.
+/// Lets this many updates go by and ends the pass at the next one.
 class PatientObserver : public PassObserver {
  public:
   explicit PatientObserver(int patience) : patience_(patience) {}
@@ -105,10 +105,10 @@ class NoQuestions : public TargetQuestions {
   void WorksInPlace() override { std::abort(); }
 };
 
-/// What the first bytes of an input choose.
+/// What the first bytes of an input select.
 struct Choices {
   std::size_t filler = 0;  ///< bytes of filler: large files from small inputs
-  std::size_t where = 0;   ///< where in the rest it stands
+  std::size_t where = 0;   ///< where in the rest it is
   int patience = 0;        ///< updates until the pass is ended
 };
 
@@ -123,7 +123,7 @@ Choices ChoicesOf(const std::uint8_t* data, std::size_t rest) {
           .patience = data[3] < patient ? forever : data[3] - patient};
 }
 
-// No byte of a tag is in it.
+// Contains no byte of a tag.
 std::string Filler(std::size_t length) {
   std::string filler(length, '\0');
   std::uint32_t state = 1;
@@ -193,7 +193,7 @@ void CheckPass(const MemoryFile& source, const MemoryFile& target, const std::st
   Require(written.size() <= bytes.size());
   Require(ended != WatchedPass::Ended::Completed || written.size() == bytes.size());
 
-  // In place the same comes of it; behind an abort the rest is as it was.
+  // In place, the result is the same; after an abort, the rest is as it was.
   Require(Normalize(source, target, true, buffering, patience) == ended);
   Require(source.Bytes() == written + bytes.substr(written.size()));
   source.Put(bytes);

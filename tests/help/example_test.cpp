@@ -22,8 +22,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// The example of a page, done step by step in the real windows by somebody who reads it. They begin
-// with the built-in settings; the file to be opened is a recording of a minute and forty seconds.
+// Somebody reads the example of a page and follows it step by step in the real windows. They begin
+// with the built-in settings; the file to open is a recording of one minute and forty seconds.
 class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::string> {
  protected:
   void SetUp() override {
@@ -68,7 +68,7 @@ class HelpExample : public AnyWindow, public ::testing::WithParamInterface<std::
     return label != nullptr ? label->text().toStdString() : "(shows nothing)";
   }
 
-  // From the first entry or the lower end, one key after the other.
+  // From the first entry or the lower end, one key at a time.
   static void StepTo(QWidget* control, Qt::Key step, const std::string& text) {
     constexpr int most = 400;
     TabTo(control);

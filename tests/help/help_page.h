@@ -14,7 +14,8 @@ namespace brindle {
 /// One thing that an example does or says, in the order of the page.
 struct ExampleStep {
   enum class Kind {
-    Does,  ///< `kbd data-in`: types the text into a field, chooses or clicks what carries it
+    Does,  ///< `kbd data-in`: types the text into a field, chooses or clicks what is labelled with
+           ///< it
     Shows  ///< `samp data-out`: the text that a control shows
   };
   Kind kind = Kind::Does;
@@ -31,11 +32,11 @@ struct HelpPage {
   QString text;                    ///< all of it
   QStringList links;               ///< what a reader can go to
   QStringList pictures;            ///< what is shown
-  QStringList picturesWithoutAlt;  ///< of these, what nobody can have read out
-  QStringList anchors;             ///< places in the page that can be gone to
+  QStringList picturesWithoutAlt;  ///< those of them that cannot be read out
+  QStringList anchors;             ///< places in the page that a link can lead to
   QStringList explained;           ///< names of controls in `dt data-for`
   std::vector<ExampleStep> example;
-  QString unprovenText;  ///< of the example: what stands outside its steps
+  QString unprovenText;  ///< the text of the example outside its steps
 };
 
 /// The path of a file among the sources of the help.

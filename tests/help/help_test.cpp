@@ -26,7 +26,7 @@ QString ReadAll(const QString& name) {
   return QString::fromUtf8(file.readAll());
 }
 
-// Whether there is such a file, and in it the place that the link names behind a "#".
+// Whether there is such a file, with the place that the link names after a "#".
 bool LeadsSomewhere(const QString& link) {
   const QString file = link.section(u'#', 0, 0);
   const QString place = link.section(u'#', 1);
@@ -69,7 +69,7 @@ TEST_P(AnyPage, SaysWhatSystemItIsWrittenIn) {
                   .contains(u"content=\"text/html; charset=utf-8\""_s));
 }
 
-// "DivX" for "DivX(0)": an array is explained as a whole.
+// "DivX" for "DivX(0)": a page explains an array as a whole.
 std::string StemOf(const std::string& name) { return name.substr(0, name.find('(')); }
 
 TEST_P(AnyPage, ExplainsEveryControlThatIsUsedAndNoOther) {
