@@ -5,7 +5,7 @@
 
 namespace brindle {
 
-/// The base of every interface: what stands behind it is not copied, and may be deleted by it.
+/// The base of every interface: an implementation is not copied, and can be deleted through it.
 class Interface {
  public:
   Interface() = default;

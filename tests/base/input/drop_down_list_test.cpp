@@ -21,7 +21,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Counts the wheel events that its controls leave to it.
+// Counts the wheel events that its controls pass on to it.
 class WheelWindow : public QWidget {
  public:
   int wheels = 0;

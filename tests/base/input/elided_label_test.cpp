@@ -60,7 +60,7 @@ TEST(ElidedLabel, ShowsTheEndsOfALongTextAndDotsBetween) {
   EXPECT_TRUE(elided.text().startsWith(u"/the"_s));
   EXPECT_TRUE(elided.text().endsWith(u"end.wav"_s));
   EXPECT_EQ(PictureOf(label), PictureOf(elided));
-  // Two long texts that differ in the middle alone look the same, in the tail they do not.
+  // Two long texts that differ only in the middle look the same; two that differ at the end do not.
   ElidedLabel other(u"L"_s, head + QString(400, u'm') + tail);
   other.resize(300, 30);
   EXPECT_EQ(PictureOf(label), PictureOf(other));

@@ -20,7 +20,7 @@
 
 namespace brindle {
 
-/// A window of two fields and a list that writes down its events in the order in which they run.
+/// A window with two fields and a list that records its events in the order in which they run.
 class FieldWindow : public Form {
   Q_OBJECT
 
@@ -48,7 +48,7 @@ class FieldWindow : public Form {
         .Click(&FieldWindow::L_Click);
   }
 
-  /// Shows the window with the focus in B and forgets the events of that.
+  /// Shows the window with the focus in B and forgets the events that this causes.
   void Start() {
     Focus().Begin(B);
     show();

@@ -20,7 +20,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Two links below each other; the first has the focus.
+// Two links, one above the other; the first has the focus.
 class LinkLabelTest : public ::testing::Test {
  protected:
   LinkLabelTest() {
@@ -120,7 +120,7 @@ TEST_F(LinkLabelTest, WithoutANameItIsCalledByItsText) {
   EXPECT_EQ(interface->text(QAccessible::Name), u"somebody@example.org"_s);
 }
 
-// The colour that differs most from the background, which the letters are drawn with.
+// The colour of the letters: the one that differs most from the background.
 QColor ColorOfLetters(LinkLabel* label, const QColor& background) {
   const auto image = label->grab().toImage();
   QColor farthest = background;

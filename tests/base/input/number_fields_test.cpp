@@ -100,7 +100,7 @@ struct WithinCase {
   QString repaired;
 };
 
-// In a field that nobody edits.
+// In a field that nobody is editing.
 class FieldTextWithin : public ::testing::TestWithParam<WithinCase> {
  protected:
   void SetUp() override { window.Start(); }  // the focus is in B

@@ -100,8 +100,8 @@ TEST_F(ThreeFields, EveryWholeSecondOfADayIsShownAndKept) {
   EXPECT_EQ(failures, 0);
 }
 
-// What the converter does at a click in each of its fields, for all frames it can be asked for in
-// an evening.
+// What the converter does at a click in each of its fields, for all frames that somebody could ask
+// it for in an evening.
 TEST_F(ThreeFields, EveryFrameCountSurvivesItsOwnRunningTime) {
   int failures = 0;
   for (const int system : {0, 1, 2}) {

@@ -28,7 +28,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Counts the wheel events that its controls leave to it.
+// Counts the wheel events that its controls pass on to it.
 class WheelWindow : public QWidget {
  public:
   int wheels = 0;
@@ -37,7 +37,7 @@ class WheelWindow : public QWidget {
   void wheelEvent(QWheelEvent* /*event*/) override { ++wheels; }
 };
 
-// A slider that tells where its handle is.
+// A slider that says where its handle is.
 class SliderWithHandle : public Slider {
  public:
   using Slider::Slider;

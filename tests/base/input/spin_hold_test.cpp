@@ -222,7 +222,7 @@ TEST(SpinHoldOnTheRealClock, StepsAboutTwentyTimesASecondAfterHalfASecond) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return window.A->text().toInt() >= 106; }, 30000));
   const double passed = clock.Now() - start;
   spin.Release(window.A);
-  // 101 at once, then a step at 0.55, 0.60 ...: never earlier, however slow the machine is.
+  // 101 at once, then a step at 0.55, 0.60 ...: never earlier, no matter how slow the machine is.
   EXPECT_GE(passed, 0.75 - 0.002);
 }
 

@@ -238,7 +238,7 @@ TEST_F(TextFieldTest, ACommaTypedIntoAListEntersAPeriod) {
   EXPECT_EQ(window.L->Field()->text(), u"4.7"_s);
 }
 
-// A handler that formats what it has just made plain.
+// A handler that writes another text and then the one that it found.
 class TextFieldRewritten : public TextFieldTest {
  protected:
   void RewriteAt(void (TextField::*event)()) {

@@ -34,7 +34,7 @@ constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 // From here on every double is a whole number and adding 1 may change nothing.
 constexpr double FirstWithoutFraction = 9007199254740992;
 
-// Written to read back exactly, for the reports only.
+// Reads back exactly; only for the reports.
 std::string Exact(double value) {
   std::array<char, 64> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
@@ -55,7 +55,7 @@ std::string Escaped(std::string_view text) {
   return escaped + "\"";
 }
 
-// A law that is held against very many inputs: counts what breaks it, keeps the first.
+// A law checked with very many inputs: counts those that break it and keeps the first.
 class Law {
  public:
   explicit Law(std::string name) : name_(std::move(name)) {}
@@ -191,7 +191,7 @@ void VisitSome(std::size_t stride, Visit visit) {
   }
 }
 
-// Exact decimal digits of a finite double by long multiplication; nothing but whole numbers.
+// Exact decimal digits of a finite double by long multiplication, with whole numbers only.
 class ExactDecimal {
  public:
   explicit ExactDecimal(double value) {
@@ -302,7 +302,7 @@ WrittenOut WriteOut(std::string_view text) {
   return number;
 }
 
-// Rounds by school arithmetic: cut, then carry from right to left.
+// Rounds as taught at school: cut, then carry from right to left.
 void RoundOff(WrittenOut& number, std::size_t decimals, Tie tie) {
   if (number.fraction.size() > decimals) {
     const auto rest = number.fraction.substr(decimals);
@@ -435,7 +435,7 @@ TEST(NumbersPropertyTest, TextsOfSinglesReadBack) {
     if (number.digits.size() > 1) {
       number.digits.pop_back();
       auto above = number;
-      ++above.digits.back();  // behind a 9 this is no digit: nothing to read, nothing to compare
+      ++above.digits.back();  // after a 9 this is not a digit: nothing to read, nothing to compare
       const bool belowDiffers = static_cast<float>(ValueOf(number)) != value;
       const bool aboveDiffers =
           above.digits.back() > '9' || static_cast<float>(ValueOf(above)) != value;
@@ -683,8 +683,8 @@ struct Reading {
   bool isAll = false;             // nothing but blanks around the number
 };
 
-// The value of a text that has the form of a number; nothing where it is not finite. Brings it to
-// 0.digits x 10^power first, with a power that cannot run over.
+// The value of a text that has the form of a number; nothing if it is not finite. Brings it to
+// 0.digits x 10^power first, with a power that cannot overflow.
 std::optional<double> SlowValue(std::string_view form) {
   constexpr std::int64_t endless = 1'000'000;
   const bool negative = form.starts_with('-');
@@ -768,7 +768,7 @@ std::string RandomText(Random& random) {
   return text;
 }
 
-// A numeric text of arbitrary shape, in one of three cases spoilt at one place.
+// A numeric text of arbitrary shape; one in three is spoilt at one place.
 std::string RandomNumber(Random& random) {
   constexpr std::array<std::string_view, 8> exponents{"e308",
                                                       "E-308",

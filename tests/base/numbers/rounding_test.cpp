@@ -31,7 +31,7 @@ struct IntegerCase {
   std::int32_t expected = 0;
 };
 
-// What holds for both widths.
+// Holds for both widths.
 const std::vector<IntegerCase> SmallCases{
     {"Zero", 0, 0},
     {"NegativeZero", -0.0, 0},

@@ -17,7 +17,7 @@
 
 namespace brindle {
 
-/// What a check in a child process found wrong; empty where all is well.
+/// What a check in a child process found wrong; empty if all is well.
 class Findings {
  public:
   void Expect(bool holds, std::string_view otherwise) {
@@ -36,8 +36,8 @@ class Findings {
   std::string text_;
 };
 
-/// Runs `check` in a child process, whose limits and user it may change for good, and gives back
-/// what it returns.
+/// Runs `check` in a child process, whose limits and user it may change for good, and returns what
+/// it returns.
 inline std::string InChild(const std::function<std::string()>& check) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) {
@@ -69,7 +69,7 @@ inline std::string InChild(const std::function<std::string()>& check) {
   return report;
 }
 
-/// In a child: the disk fills up after so many bytes of any one file.
+/// In a child process: the disk fills up after this many bytes of any one file.
 inline void FillDisk(rlim_t bytes) {
   std::signal(SIGXFSZ, SIG_IGN);
   const rlimit limit{bytes, bytes};

@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-/// A variable of the environment, which has its old value again at the end.
+/// A variable of the environment, which gets its old value back at the end.
 class Environment {
  public:
   explicit Environment(const char* name)

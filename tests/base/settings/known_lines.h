@@ -20,7 +20,7 @@ namespace brindle {
 
 using Value = std::variant<double, float, std::int16_t, bool, QString>;
 
-/// One line of the settings file as a person would write it down: the field, its built-in value and
+/// One line of the settings file as a person would describe it: the field, its built-in value and
 /// that value's text, then another value and its text.
 struct KnownLine {
   const char* name = "";
@@ -56,8 +56,8 @@ inline KnownLine TextLine(const char* name, QString Settings::*field, const char
   return {name, field, QString::fromUtf8(builtIn), builtIn, QString::fromUtf8(other), other};
 }
 
-/// The 42 lines in their order. The value of line 12 is the state of the SaveOnExit check box. What
-/// ExtraMaterial and HDVideoMode have as built-in value is that of a first run.
+/// The 42 lines in order. The value of line 12 is the state of the SaveOnExit check box. The
+/// built-in values of ExtraMaterial and HDVideoMode are those of a first run.
 inline const std::vector<KnownLine>& KnownLines() {
   using S = Settings;
   static const std::vector<KnownLine> lines{
@@ -109,7 +109,7 @@ inline const std::vector<KnownLine>& KnownLines() {
   return lines;
 }
 
-/// What is kept in the file: the record's stored fields and the check box.
+/// What the file stores: the record's stored fields and the check box.
 struct Stored {
   Settings record;
   bool saveOnExit = false;
@@ -177,7 +177,7 @@ inline std::string Joined(const std::vector<std::string>& texts, std::string_vie
   return joined;
 }
 
-/// The lines with the built-in values, but for line `number` (from 1) the given text.
+/// The lines with the built-in values, except that line `number` (from 1) has the given text.
 inline std::vector<std::string> TextsWith(std::size_t number, std::string_view text) {
   auto texts = BuiltInTexts();
   texts.at(number - 1) = text;

@@ -69,7 +69,7 @@ inline std::string KeepUnusable(const QString& folder) {
   return MessageOf(SettingsFile(folder).KeepUnusable());
 }
 
-/// "Cannot write PATH: " with a reason behind it.
+/// "Cannot write PATH: " with a reason after it.
 inline bool SaysWhyItCannotWrite(const std::string& message, const QString& path) {
   const auto start = "Cannot write " + NativePath(path) + ": ";
   return message.starts_with(start) && message.size() > start.size() &&

@@ -21,7 +21,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 #ifdef Q_OS_WIN
-constexpr int FolderIsMissing = 3;  // which the system tells from a missing file
+constexpr int FolderIsMissing = 3;  // which the system distinguishes from a missing file
 #else
 constexpr int FolderIsMissing = ENOENT;
 #endif

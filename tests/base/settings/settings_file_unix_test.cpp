@@ -127,7 +127,7 @@ struct LimitCase {
   rlim_t bytes = 0;
 };
 
-// A disk that fills up after so many bytes of any one file.
+// A disk that fills up after this many bytes of any one file.
 class FullDiskTest : public ::testing::TestWithParam<LimitCase> {
  protected:
   static void FillUp() { FillDisk(GetParam().bytes); }
@@ -211,8 +211,8 @@ TEST(FullDiskOfASettingsFileTest, FailsAtEveryLengthShortOfTheWhole) {
   EXPECT_EQ(folder.Names(), Names{FileName});
 }
 
-// What the superuser can always do proves nothing: these checks run in a child process without
-// privileges.
+// The superuser may do everything, which proves nothing: these checks run in a child process
+// without privileges.
 class OrdinaryUserTest : public ::testing::Test {
  protected:
   static constexpr uid_t Nobody = 65534;
@@ -252,7 +252,7 @@ class OrdinaryUserTest : public ::testing::Test {
   }
 
  private:
-  // Why permissions do not bind this process; empty where they do.
+  // Why permissions do not bind this process; empty if they do.
   [[nodiscard]] std::string Hindrance() const {
     const QString path = folder_.PathOf("probe");
     QFile probe(path);

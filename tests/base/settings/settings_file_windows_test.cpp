@@ -27,7 +27,7 @@ std::wstring SystemPath(const QString& path) {
   return QDir::toNativeSeparators(path).toStdWString();
 }
 
-// A file that another program has open for reading, and what it lets others do meanwhile.
+// A file that another program has open for reading, and what it lets others do in the meantime.
 class HeldFile {
  public:
   HeldFile(const QString& path, DWORD share)
@@ -221,7 +221,7 @@ TEST(ChooseAppFolderTest, FolderOfOtherScriptsWithBlanksServesAsAnyOther) {
             "Cannot read " + NativePath(path) + ": " + ReasonOf(ERROR_SHARING_VIOLATION));
 }
 
-// What the system's packages install goes into two folders of the test's own.
+// The system's packages install into two folders of the test's own.
 class ProgramFilesTest : public ::testing::Test {
  protected:
   ProgramFilesTest() {
@@ -229,7 +229,7 @@ class ProgramFilesTest : public ::testing::Test {
     programsOf32Bits.Set(QDir::toNativeSeparators(Made("Program Files (x86)")));
   }
 
-  // A folder, which stands from now on.
+  // A folder, which exists from now on.
   [[nodiscard]] QString Made(const char* name) const {
     const QString path =
         QFileInfo(folder.Path()).canonicalFilePath() + u'/' + QString::fromUtf8(name);

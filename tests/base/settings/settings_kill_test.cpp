@@ -36,7 +36,7 @@ using std::chrono::microseconds;
 
 constexpr const char* FileName = "Brindle2.ini";
 
-// The program that writes the settings file of a folder without end.
+// The program that writes the settings file of a folder endlessly.
 class Writer {
  public:
   explicit Writer(const QString& folder) {
@@ -71,8 +71,7 @@ class Writer {
   Writer(Writer&&) = delete;
   Writer& operator=(Writer&&) = delete;
 
-  // Waits until the writer has begun and `count` writes are done; false where it does not get
-  // there.
+  // Waits until the writer has begun and `count` writes are done; false if that does not happen.
   [[nodiscard]] bool AwaitWrites(int count) const {
     constexpr int longestWait = 20'000;
     for (int wanted = count + 1; wanted > 0; --wanted) {
@@ -85,7 +84,7 @@ class Writer {
     return true;
   }
 
-  // Kills the writer without warning; true where that is what ended it.
+  // Kills the writer without warning; true if that is what ended it.
   bool Kill() {
     int status = 0;
     const bool killed = kill(process_, SIGKILL) == 0 && waitpid(process_, &status, 0) == process_ &&
@@ -99,7 +98,7 @@ class Writer {
   int told_ = -1;
 };
 
-// How long one write takes here, from a few of them.
+// How long one write takes here, measured over a few.
 microseconds TimeOfOneWrite() {
   constexpr int writes = 10;
   const TemporaryFolder folder;
@@ -111,7 +110,7 @@ microseconds TimeOfOneWrite() {
   return std::clamp(time, microseconds(100), microseconds(20'000));
 }
 
-// Starts anew in the folder; how many files that removed.
+// Starts again in the folder; returns how many files that removed.
 int SweepLeftovers(const TemporaryFolder& folder) {
   const auto before = folder.Names().size();
   SettingsFile(folder.Path()).SweepLeftovers();

@@ -41,7 +41,7 @@ std::string Written(const Stored& stored) {
   return WriteLines(stored.record, stored.saveOnExit).toStdString();
 }
 
-// The texts of a written file; empty where a line is not ended by CR LF or has a CR or LF in it.
+// The texts of a written file; empty if a line does not end with CR LF or has a CR or LF in it.
 std::vector<std::string> TextsOf(std::string_view bytes) {
   constexpr std::string_view end = "\r\n";
   std::vector<std::string> texts;
@@ -88,7 +88,7 @@ Stored BuiltIn() {
   return stored;
 }
 
-// The numbers, from 1, of the lines whose value has this type; line 12 counts for none.
+// The numbers, from 1, of the lines whose value has this type; line 12 counts for no type.
 template <class Type>
 std::vector<std::size_t> LinesOfType() {
   std::vector<std::size_t> numbers;

@@ -42,7 +42,7 @@ struct LateCase {
 
 class LateRefusalTest : public ::testing::TestWithParam<LateCase> {
  protected:
-  // Expects that what is saved under the name fails by the error and leaves all files as they are.
+  // Expects that saving under the name fails with the error and leaves all files as they are.
   void ExpectRefused(const char* name, std::string (*save)(const QString&)) {
     folder_.Put(FileName, OldBytes);
     folder_.Put(BackupName, "older");
@@ -119,7 +119,7 @@ TEST(SyncTest, IsOverBeforeTheOldFileIsReplaced) {
   EXPECT_EQ(folder.Bytes(FileName), BuiltInBytes());
 }
 
-// What stands in the place of a file.
+// Something else in place of the file.
 
 struct PlaceholderCase {
   const char* name = "";
@@ -128,7 +128,7 @@ struct PlaceholderCase {
 
 class NoFileTest : public ::testing::TestWithParam<PlaceholderCase> {
  protected:
-  // Expects that nothing comes of a save under the name; what a save opens would wait for ever.
+  // Expects that a save under the name does nothing; opening what is there would wait for ever.
   void ExpectRefused(const char* name, std::string (*save)(const QString&)) {
     const QString path = folder_.PathOf(name);
     ASSERT_TRUE(GetParam().make(path));
@@ -219,11 +219,11 @@ TEST(ReasonTest, FileThatMayNotBeWrittenIsNamedOnce) {
   EXPECT_EQ(folder.Bytes(BackupName), "older");
 }
 
-// What a killed save left.
+// The leftovers of a killed save.
 
 class LeftoversTest : public ::testing::Test {
  protected:
-  // Expects that those of the names go, and nothing else does.
+  // Expects that the files of these names go, and no others.
   void ExpectSwept(const Names& leftovers) const {
     auto names = folder_.Names();
     for (const auto& name : leftovers) {
@@ -324,7 +324,7 @@ TEST_F(LeftoversTest, StayWhileSomebodyHoldsThem) {
   EXPECT_EQ(Folder().Names(), Names{});
 }
 
-// The moment at which a save has given its temporary file a name and still has to rename it.
+// The moment when a save has named its temporary file and still has to rename it.
 TEST_F(LeftoversTest, FileOfASaveThatGoesOnIsLeftToIt) {
   constexpr int saves = 20;
   Folder().Put(FileName, OldBytes);

@@ -3,7 +3,7 @@
 
 // Usage: settings_writer FOLDER
 // Writes two contents in turn to the settings file of FOLDER until it is killed. Sends one byte to
-// its standard output before the first write and after every one; ends when nobody reads them.
+// its standard output before the first write and after each one; ends when nobody reads them.
 
 #include <span>
 #include <unistd.h>

@@ -25,7 +25,7 @@ class TemporaryFolder {
     return folder_.filePath(QString::fromUtf8(name));
   }
 
-  /// Everything in the folder, hidden or not, in the order of the names.
+  /// Everything in the folder, hidden or not, sorted by name.
   [[nodiscard]] std::vector<std::string> Names() const { return NamesIn(Path()); }
 
   static std::vector<std::string> NamesIn(const QString& path) {

@@ -11,8 +11,8 @@
 
 namespace brindle {
 
-/// The two contents that the writer writes in turn: a short one, and one that is long enough to be
-/// caught half written.
+/// The two contents that the writer writes in turn: a short one, and one long enough to be caught
+/// half written.
 inline QByteArray ShortContent() { return WriteLines(BuiltInSettings(), true); }
 
 inline QByteArray LongContent() {
