@@ -14,8 +14,7 @@ namespace brindle {
 /// One thing that an example does or says, in the order of the page.
 struct ExampleStep {
   enum class Kind {
-    Does,  ///< `kbd data-in`: types the text into a field, chooses or clicks what is labelled with
-           ///< it
+    Does,  ///< `kbd data-in`: types the text, or chooses or clicks the control of this label
     Shows  ///< `samp data-out`: the text that a control shows
   };
   Kind kind = Kind::Does;
