@@ -224,7 +224,7 @@ TEST_F(AspectRaTest, ReopensWithWhatWasStoredOnTheGridOf16) {
   Pick(MODUL, 0);
   PressKeys(HRES, {Qt::Key_Right});
   ASSERT_EQ(Shown(), "594x252");
-  EXPECT_EQ(Stored(), "594x252");
+  EXPECT_EQ(StoredResolution(), "594x252");
   EXPECT_EQ(record.ResolutionIncrement, 2);
   window->close();
 
@@ -234,7 +234,7 @@ TEST_F(AspectRaTest, ReopensWithWhatWasStoredOnTheGridOf16) {
   EXPECT_EQ(SelectedOption(), Custom);
   EXPECT_EQ(Text("AR2"), "2.35");
   EXPECT_EQ(Figures(), "592x256 151552 592 2.312 -1.62%");
-  EXPECT_EQ(Stored(), "594x252");  // no slider was moved
+  EXPECT_EQ(StoredResolution(), "594x252");  // no slider was moved
 }
 
 TEST_F(AspectRaTest, DefaultsLoadedMeanwhileLeaveTheSteps) {
@@ -255,13 +255,13 @@ TEST_F(AspectRaTest, EveryModeEnablesItsOwnRatioOnly) {
   EXPECT_EQ(Enabled(), "AR1");
   EXPECT_EQ(record.AspectMode, Standard);
   EXPECT_EQ(Figures(), Linked);
-  EXPECT_EQ(Stored(), "592x336");
+  EXPECT_EQ(StoredResolution(), "592x336");
   EXPECT_TRUE(Option(Standard)->hasFocus());
   Click(Option(Custom));
   EXPECT_EQ(Enabled(), "AR2");
   EXPECT_EQ(record.AspectMode, Custom);
   EXPECT_EQ(Figures(), "592x256 151552 592 2.312 -1.62%");
-  EXPECT_EQ(Stored(), "592x256");
+  EXPECT_EQ(StoredResolution(), "592x256");
   Click(Option(Free));
   EXPECT_EQ(Enabled(), "");
   EXPECT_EQ(record.AspectMode, Free);
@@ -300,7 +300,7 @@ TEST_F(AspectRaTest, EveryStandardRatioIsPickedByTheKeyboard) {
     EXPECT_EQ(AR1->currentIndex(), index);
     EXPECT_EQ(record.StandardAspect, index);
     EXPECT_EQ(Figures(), figures[static_cast<std::size_t>(index)]);
-    EXPECT_EQ(Stored(), Shown());
+    EXPECT_EQ(StoredResolution(), Shown());
     EXPECT_TRUE(AR1->hasFocus());
     EXPECT_EQ(Enabled(), "AR1");
     Key(Qt::Key_Down);
@@ -333,7 +333,7 @@ TEST_P(TypedRatio, IsRepairedStoredAndLinked) {
   EXPECT_EQ(Text("AR2"), expected.text);
   EXPECT_EQ(record.CustomAspect, expected.stored);
   EXPECT_EQ(Figures(), expected.figures);
-  EXPECT_EQ(Stored(), Shown());
+  EXPECT_EQ(StoredResolution(), Shown());
   EXPECT_TRUE(AR2->hasFocus());
   EXPECT_FALSE(AR2->hasSelectedText());
   EXPECT_EQ(AR2->cursorPosition(), AR2->text().size());
@@ -529,7 +529,7 @@ TEST_P(MovedSlider, MovesTheOtherWhereThereIsARatio) {
   auto* moved = Find(window, QString::fromLatin1(slider));
   PressKeys(moved, {key});
   EXPECT_EQ(Figures(), figures);
-  EXPECT_EQ(Stored(), Shown());
+  EXPECT_EQ(StoredResolution(), Shown());
   EXPECT_TRUE(moved->hasFocus());
 }
 
@@ -601,9 +601,9 @@ TEST_F(AspectRaTest, ASliderAtItsEndChangesAndStoresNothing) {
   OpenFree(1000, 208);
   PressKeys(HRES, {Qt::Key_Right, Qt::Key_End, Qt::Key_PageUp});
   EXPECT_EQ(Shown(), "720x208");
-  EXPECT_EQ(Stored(), "1000x208");
+  EXPECT_EQ(StoredResolution(), "1000x208");
   PressKeys(VRES, {Qt::Key_Right});
-  EXPECT_EQ(Stored(), "720x224");
+  EXPECT_EQ(StoredResolution(), "720x224");
 }
 
 // How often the sliders moved.
@@ -640,7 +640,7 @@ TEST_F(AspectRaTest, SlidersMovedByAToolSnapAndLink) {
   EXPECT_EQ(Figures(), "640x352 225280 880 1.818 2.25%");
   VRES->setValue(567);
   EXPECT_EQ(Shown(), "720x560");
-  EXPECT_EQ(Stored(), "720x560");
+  EXPECT_EQ(StoredResolution(), "720x560");
 }
 
 // Where the handle stands, in the slider.
@@ -667,7 +667,7 @@ TEST_F(AspectRaTest, ClickingBesideTheHandleMovesOneStep) {
   const QPoint groove(HRES->width() / 2, HandleOf(HRES).y());
   QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, HRES->mapTo(window, groove));
   EXPECT_EQ(Figures(), "704x400 281600 1100 1.76 -1.01%");
-  EXPECT_EQ(Stored(), "704x400");
+  EXPECT_EQ(StoredResolution(), "704x400");
 }
 
 // Drags the handle across the whole slider and tells every value on the way.
@@ -698,7 +698,7 @@ TEST_F(AspectRaTest, DraggingTheWidthKeepsBothOnTheGridAndLinked) {
   });
   EXPECT_EQ(values.size(), 26U);  // 320 to 720, all of them
   EXPECT_EQ(Figures(), "720x400 288000 1125 1.8 1.24%");
-  EXPECT_EQ(Stored(), "720x400");
+  EXPECT_EQ(StoredResolution(), "720x400");
 }
 
 TEST_F(AspectRaTest, DraggingTheHeightKeepsBothOnTheGridAndLinked) {
@@ -715,7 +715,7 @@ TEST_F(AspectRaTest, DraggingTheHeightKeepsBothOnTheGridAndLinked) {
 TEST_F(AspectRaTest, DraggingInFreeModeLeavesTheOther) {
   OpenFree(400, 208);
   Drag(HRES, [this] { EXPECT_EQ(VRES->value(), 208); });
-  EXPECT_EQ(Stored(), "720x208");
+  EXPECT_EQ(StoredResolution(), "720x208");
 }
 
 // --- The increment -----------------------------------------------------------------------------
@@ -742,7 +742,7 @@ TEST_P(Increment, SnapsBothAndLinksThemAgain) {
   EXPECT_EQ(MODUL->currentText().toInt(), modulus);
   EXPECT_EQ(record.ResolutionIncrement, modulus);
   EXPECT_EQ(Figures(), figures);
-  EXPECT_EQ(Stored(), Shown());
+  EXPECT_EQ(StoredResolution(), Shown());
   EXPECT_TRUE(MODUL->hasFocus());
 }
 
@@ -799,7 +799,7 @@ TEST_F(AspectRaTest, AtAnIncrementOf32TheLargestWidthIs704) {
   EXPECT_EQ(Shown(), "704x320");
   Key(Qt::Key_Right);
   EXPECT_EQ(Figures(), "704x320 225280 880 2.2 N/A");
-  EXPECT_EQ(Stored(), "704x320");
+  EXPECT_EQ(StoredResolution(), "704x320");
 }
 
 TEST_F(AspectRaTest, AtAnIncrementOf32TheWidthThatTheProgramSetsSnapsToo) {
@@ -807,9 +807,9 @@ TEST_F(AspectRaTest, AtAnIncrementOf32TheWidthThatTheProgramSetsSnapsToo) {
   Pick(MODUL, 4);
   PressKeys(VRES, {Qt::Key_End});
   EXPECT_EQ(Figures(), "704x576 405504 1584 1.222 -31.27%");
-  EXPECT_EQ(Stored(), "704x576");
+  EXPECT_EQ(StoredResolution(), "704x576");
   PressKeys(HRES, {Qt::Key_End});  // stays there, and moves nothing
-  EXPECT_EQ(Stored(), Shown());
+  EXPECT_EQ(StoredResolution(), Shown());
 }
 
 TEST_F(AspectRaTest, AFinerIncrementLeavesTheRemaindersToTheHeight) {
@@ -870,7 +870,7 @@ TEST_P(Escaping, ClosesTheWindow) {
   TabTo(name == "Option" ? Option(mode) : Find(window, QString::fromStdString(name)));
   Key(Qt::Key_Escape);
   EXPECT_FALSE(window != nullptr && window->isVisible());
-  EXPECT_EQ(Stored(), "592x336");
+  EXPECT_EQ(StoredResolution(), "592x336");
 }
 
 INSTANTIATE_TEST_SUITE_P(From, Escaping,

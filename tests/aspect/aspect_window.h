@@ -20,16 +20,9 @@
 namespace brindle {
 
 /// The resolution and aspect-ratio calculator, open, with its controls at hand.
-class AspectWindow : public CalculatorWindow {
+class AspectWindow : public RecordingWindow {
  protected:
-  void OpenCalculator() {
-    window = Open(WindowId::AspectRa);
-    AR1 = Find<DropDownList>(window, QStringLiteral("AR1"));
-    AR2 = Find<TextField>(window, QStringLiteral("AR2"));
-    MODUL = Find<DropDownList>(window, QStringLiteral("MODUL"));
-    HRES = Find<Slider>(window, QStringLiteral("HRES"));
-    VRES = Find<Slider>(window, QStringLiteral("VRES"));
-  }
+  AspectWindow() : RecordingWindow(WindowId::AspectRa, {}) {}
 
   void OpenFree(int width, int height) {
     record.AspectMode = 0;
@@ -82,7 +75,7 @@ class AspectWindow : public CalculatorWindow {
   }
 
   /// "592x336", the resolution of the record.
-  [[nodiscard]] std::string Stored() const {
+  [[nodiscard]] std::string StoredResolution() const {
     return std::to_string(record.ResHorizontal) + "x" + std::to_string(record.ResVertical);
   }
   [[nodiscard]] std::string Shown() const { return Text("HRESL") + "x" + Text("VRESL"); }
@@ -108,6 +101,15 @@ class AspectWindow : public CalculatorWindow {
   DropDownList* MODUL = nullptr;
   Slider* HRES = nullptr;
   Slider* VRES = nullptr;
+
+ private:
+  void FindControls() override {
+    Take(AR1, "AR1");
+    Take(AR2, "AR2");
+    Take(MODUL, "MODUL");
+    Take(HRES, "HRES");
+    Take(VRES, "VRES");
+  }
 };
 
 }  // namespace brindle

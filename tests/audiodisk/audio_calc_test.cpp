@@ -13,143 +13,102 @@
 #include <gtest/gtest.h>
 
 #include "tests/audiodisk/audio_window.h"
-#include "tests/support/handler_event.h"
+#include "tests/support/handler_table.h"
 
 namespace brindle {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-using Names = std::set<std::string>;
-
-const Names None;
+const Names Fields{"MLength", "Source", "Target"};
 const Names Sizes{"Source", "Target"};
-
-// One event of one control, and all that it does to three fields that hold nothing: whether the
-// window recomputes, which values of the record it writes, which fields hold something afterwards.
-struct HandlerCase {
-  std::string control;
-  Event event = Event::KeyUp;
-  bool recomputes = false;
-  Names stores;
-  Names filled;
-};
-
-void PrintTo(const HandlerCase& instance, std::ostream* out) { *out << instance.control; }
-
-const auto HandlerName = [](const auto& instance) {
-  return instance.param.control + EventName(instance.param.event);
-};
-
-class AudioHandlers : public AudioWindow, public ::testing::WithParamInterface<HandlerCase> {
- protected:
-  static constexpr double Untouched = 7.25;
-
-  void Forget() {
-    record.MovieLength = Untouched;
-    record.VideoOnlySize = Untouched;
-    record.TargetAVISize = Untouched;
-    Result->setText(u"untouched"_s);
-  }
-
-  [[nodiscard]] bool Recomputed() const { return Result->text() != u"untouched"_s; }
-
-  [[nodiscard]] Names Stored() const {
-    Names names;
-    if (record.MovieLength != Untouched) {
-      names.insert("MovieLength");
-    }
-    if (record.VideoOnlySize != Untouched) {
-      names.insert("VideoOnlySize");
-    }
-    if (record.TargetAVISize != Untouched) {
-      names.insert("TargetAVISize");
-    }
-    return names;
-  }
-};
-
 const Names All{"MovieLength", "VideoOnlySize", "TargetAVISize"};
 
-TEST_P(AudioHandlers, DoWhatTheirTableSays) {
-  const auto& [control, event, recomputes, stores, filled] = GetParam();
-  OpenCalculator();
-  auto* target = Find(window, QString::fromStdString(control));
-  Prepare(event, target, Result);
-  for (auto* field : {MLength, Source, Target}) {
-    field->setText({});
-  }
-  Forget();
+class AudioHandlers : public HandlerTable<AudioWindow> {};
 
-  Cause(event, target, Result);
-
-  EXPECT_EQ(Recomputed(), recomputes);
-  EXPECT_EQ(Stored(), stores);
-  Names holding;
-  for (const auto* name : {"MLength", "Source", "Target"}) {
-    if (!Text(name).empty()) {
-      holding.insert(name);
-    }
-  }
-  EXPECT_EQ(holding, filled);
+TEST_P(AudioHandlers, DoWhatTheirTableSaysToEmptyFields) {
+  OpenForRow(u"Result"_s);
+  EmptyFields(Fields);
+  Happen();
+  EXPECT_EQ(Recomputed(), GetParam().recomputes);
+  ExpectStores();
+  ExpectFills(Fields);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Fields, AudioHandlers,
-    ::testing::Values(HandlerCase{"MLength", Event::KeyPress, false, None, None},
-                      HandlerCase{"MLength", Event::KeyUp, true, All, Sizes},
-                      HandlerCase{"MLength", Event::GotFocus, false, None, None},
-                      HandlerCase{"MLength", Event::LostFocus, false, {"MovieLength"}, {"MLength"}},
-                      HandlerCase{"MLength", Event::MouseDown, true, All, Sizes},
-                      HandlerCase{"MLength", Event::MouseUp, false, None, None},
-                      HandlerCase{"Source", Event::KeyPress, false, None, None},
-                      HandlerCase{"Source", Event::KeyUp, true, All, Sizes},
-                      HandlerCase{"Source", Event::GotFocus, false, None, None},
-                      HandlerCase{"Source", Event::LostFocus, false, None, None},
-                      HandlerCase{"Source", Event::MouseDown, true, All, Sizes},
-                      HandlerCase{"Source", Event::MouseUp, false, None, None},
-                      HandlerCase{"Target", Event::KeyPress, false, None, None},
-                      HandlerCase{"Target", Event::KeyUp, true, All, Sizes},
-                      HandlerCase{"Target", Event::GotFocus, false, None, None},
-                      HandlerCase{"Target", Event::LostFocus, false, None, None},
-                      HandlerCase{"Target", Event::MouseDown, true, All, Sizes},
-                      HandlerCase{"Target", Event::MouseUp, false, None, None}),
-    HandlerName);
+INSTANTIATE_TEST_SUITE_P(Fields, AudioHandlers,
+                         Rows({{.control = "MLength", .event = Event::KeyPress},
+                               {.control = "MLength",
+                                .event = Event::KeyUp,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "MLength", .event = Event::GotFocus},
+                               {.control = "MLength",
+                                .event = Event::LostFocus,
+                                .stores = {"MovieLength"},
+                                .fills = {"MLength"}},
+                               {.control = "MLength",
+                                .event = Event::MouseDown,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "MLength", .event = Event::MouseUp},
+                               {.control = "Source", .event = Event::KeyPress},
+                               {.control = "Source",
+                                .event = Event::KeyUp,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "Source", .event = Event::GotFocus},
+                               {.control = "Source", .event = Event::LostFocus},
+                               {.control = "Source",
+                                .event = Event::MouseDown,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "Source", .event = Event::MouseUp},
+                               {.control = "Target", .event = Event::KeyPress},
+                               {.control = "Target",
+                                .event = Event::KeyUp,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "Target", .event = Event::GotFocus},
+                               {.control = "Target", .event = Event::LostFocus},
+                               {.control = "Target",
+                                .event = Event::MouseDown,
+                                .recomputes = true,
+                                .stores = All,
+                                .fills = Sizes},
+                               {.control = "Target", .event = Event::MouseUp}}),
+                         RowName);
 
-INSTANTIATE_TEST_SUITE_P(
-    Outputs, AudioHandlers,
-    ::testing::Values(HandlerCase{"Qual", Event::MouseDown, false, None, None},
-                      HandlerCase{"Interl", Event::MouseDown, false, None, None},
-                      HandlerCase{"Label8", Event::MouseDown, false, None, None},
-                      HandlerCase{"Result", Event::MouseDown, false, None, None}),
-    HandlerName);
+INSTANTIATE_TEST_SUITE_P(Outputs, AudioHandlers,
+                         Rows({{.control = "Qual", .event = Event::MouseDown},
+                               {.control = "Interl", .event = Event::MouseDown},
+                               {.control = "Label8", .event = Event::MouseDown},
+                               {.control = "Result", .event = Event::MouseDown}}),
+                         RowName);
 
-class AudioCalcTest : public AudioHandlers {};
+class AudioLettingGo : public AudioHandlers {};
 
-// The mouse is let go over a field with a text that is no number.
-TEST_P(AudioCalcTest, RepairsItsOwnTextWhereTheMouseIsLetGo) {
-  const auto& [control, event, recomputes, stores, filled] = GetParam();
-  OpenCalculator();
-  auto* field = Field(QString::fromStdString(control));
-  Press(field);
-  for (auto* other : {MLength, Source, Target}) {
-    other->setText(u"-12x"_s);
-  }
-  Forget();
-  LetGo(field);
+TEST_P(AudioLettingGo, RepairsItsOwnTextOnly) {
+  OpenForRow(u"Result"_s);
+  SetFields(Fields, u"-12x"_s);
+  Happen();
   EXPECT_FALSE(Recomputed());
-  EXPECT_EQ(Stored(), stores);
-  for (auto* other : {MLength, Source, Target}) {
-    EXPECT_EQ(other->text(), other == field ? u"12"_s : u"-12x"_s);
+  ExpectStores();
+  for (const auto& name : Fields) {
+    EXPECT_EQ(Text(name.c_str()), name == GetParam().control ? "12" : "-12x");
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Each, AudioCalcTest,
-    ::testing::Values(HandlerCase{"MLength", Event::MouseUp, false, {"MovieLength"}, {}},
-                      HandlerCase{"Source", Event::MouseUp, false, None, {}},
-                      HandlerCase{"Target", Event::MouseUp, false, None, {}}),
-    HandlerName);
+    Each, AudioLettingGo,
+    Rows({{.control = "MLength", .event = Event::MouseUp, .stores = {"MovieLength"}},
+          {.control = "Source", .event = Event::MouseUp},
+          {.control = "Target", .event = Event::MouseUp}}),
+    RowName);
 
 class AudioFigures : public AudioWindow {};
 

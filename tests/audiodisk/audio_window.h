@@ -6,22 +6,18 @@
 #include <QLineEdit>
 #include <QString>
 
-#include "base/input/spin_button.h"
 #include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {
 
 /// The audio bitrate calculator, open, with its controls at hand.
-class AudioWindow : public CalculatorWindow {
+class AudioWindow : public RecordingWindow {
  protected:
-  void OpenCalculator() {
-    window = Open(WindowId::AudioCalc);
-    MLength = Find<TextField>(window, QStringLiteral("MLength"));
-    Source = Find<TextField>(window, QStringLiteral("Source"));
-    Target = Find<TextField>(window, QStringLiteral("Target"));
-    Result = Find<QLineEdit>(window, QStringLiteral("Result"));
-  }
+  AudioWindow()
+      : RecordingWindow(WindowId::AudioCalc, {{"MovieLength", &Settings::MovieLength},
+                                              {"VideoOnlySize", &Settings::VideoOnlySize},
+                                              {"TargetAVISize", &Settings::TargetAVISize}}) {}
 
   /// Opens it with these figures and no overhead.
   void OpenWith(double minutes, double videoMegaBytes, double targetMegaBytes) {
@@ -33,14 +29,22 @@ class AudioWindow : public CalculatorWindow {
     OpenCalculator();
   }
 
-  [[nodiscard]] SpinButton* Spin(const QString& name) const {
-    return Find<SpinButton>(window, name);
-  }
+  /// Makes the next recomputation visible.
+  void ArmRecomputation() { Result->setText(QStringLiteral("untouched")); }
+  [[nodiscard]] bool Recomputed() const { return Text("Result") != "untouched"; }
 
   TextField* MLength = nullptr;
   TextField* Source = nullptr;
   TextField* Target = nullptr;
   QLineEdit* Result = nullptr;
+
+ private:
+  void FindControls() override {
+    Take(MLength, "MLength");
+    Take(Source, "Source");
+    Take(Target, "Target");
+    Take(Result, "Result");
+  }
 };
 
 }  // namespace brindle

@@ -31,7 +31,7 @@
 #include "base/numbers/numeric_text.h"
 #include "base/settings/settings.h"
 #include "tests/audiodisk/hd_window.h"
-#include "tests/support/handler_event.h"
+#include "tests/support/handler_table.h"
 #include "tests/support/named_case.h"
 
 namespace brindle {
@@ -39,220 +39,207 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using Names = std::set<std::string>;
-using Texts = std::map<std::string, std::string>;
+const Names Fields{"MLength", "MP2", "Video1", "Video2"};
 
-const Names None;
-const Texts NoTexts;
-
-// One event of one control, and all that it does: whether the window recomputes, which values of
-// the record it writes with figures in all fields and with none in any, and which of the emptied
-// fields hold what afterwards.
-struct HandlerCase {
-  std::string control;
-  Event event = Event::KeyUp;
-  bool recomputes = false;
-  Names stores;
-  Names storesEmptied;
-  Texts filled;
-};
-
-void PrintTo(const HandlerCase& instance, std::ostream* out) { *out << instance.control; }
-
-const auto HandlerName = [](const auto& instance) {
-  auto name = instance.param.control + EventName(instance.param.event);
-  std::erase(name, '(');
-  std::erase(name, ')');
-  return name;
-};
-
-class RecordedWindow : public HdWindow {
+class HdHandlers : public HandlerTable<HdWindow> {
  protected:
-  static constexpr int Untouched = -77;
-
-  void Forget() {
-    record.MovieLength = Untouched;
-    record.HDVideoMode = Untouched;
-    record.HDVideoBitrate = Untouched;
-    record.VideoOnlySize = Untouched;
-    record.HDAudioType = Untouched;
-    record.HDAudioBitrate = Untouched;
-    record.DivXOption = Untouched;
-    Result->setText(u"untouched"_s);
-  }
-
-  [[nodiscard]] bool Recomputed() const { return Result->text() != u"untouched"_s; }
-
-  [[nodiscard]] Names Stored() const {
-    const std::map<std::string, double> values{
-        {"MovieLength", record.MovieLength},       {"HDVideoMode", record.HDVideoMode},
-        {"HDVideoBitrate", record.HDVideoBitrate}, {"VideoOnlySize", record.VideoOnlySize},
-        {"HDAudioType", record.HDAudioType},       {"HDAudioBitrate", record.HDAudioBitrate},
-        {"DivXOption", record.DivXOption}};
-    Names names;
-    for (const auto& [name, value] : values) {
-      if (value != Untouched) {
-        names.insert(name);
-      }
-    }
-    return names;
-  }
-};
-
-class HdHandlers : public RecordedWindow, public ::testing::WithParamInterface<HandlerCase> {
- protected:
-  // Opens the window so that the control is enabled, and an option not selected yet, and brings it
-  // to where the event comes alone.
-  void MakeReady() {
+  // Opens the window so that the control is enabled, and an option not selected yet.
+  void OpenEnabled() {
     const auto& control = GetParam().control;
     SetFilm();
     record.HDVideoMode = control == "Video(0)" || control.starts_with("Video2") ? 1 : 0;
     record.DivXOption = control == "DivX(1)" ? 0 : 1;
     record.HDAudioType = control == "Audio(2)" ? 0 : 2;
-    OpenCalculator();
-    target = Find(window, QString::fromStdString(control));
-    ASSERT_TRUE(target->isEnabled());
-    Prepare(GetParam().event, target, Result);
+    OpenForRow(u"Result"_s);
   }
-
-  void Happen() {
-    const auto event = GetParam().event;
-    const bool isOption = qobject_cast<OptionButton*>(target) != nullptr;
-    if (isOption && event == Event::Click) {
-      Choose(target->objectName());
-    } else if (isOption && event == Event::MouseDown) {
-      PressOption(target->objectName());
-    } else {
-      Cause(event, target, Result);
-    }
-  }
-
-  QWidget* target = nullptr;
 };
 
 TEST_P(HdHandlers, DoWhatTheirTableSaysWithFigures) {
-  MakeReady();
-  Forget();
-
+  OpenEnabled();
   Happen();
-
   EXPECT_EQ(Recomputed(), GetParam().recomputes);
-  EXPECT_EQ(Stored(), GetParam().stores);
+  ExpectStores();
 }
 
 TEST_P(HdHandlers, DoWhatTheirTableSaysWithEmptyFields) {
-  MakeReady();
-  const std::vector<const char*> fields{"Video1", "Video2", "MLength", "MP2"};
-  for (const auto* name : fields) {
-    Field(QString::fromLatin1(name))->setText({});
-  }
-  Forget();
-
+  OpenEnabled();
+  EmptyFields(Fields);
   Happen();
-
   EXPECT_EQ(Recomputed(), GetParam().recomputes);
-  EXPECT_EQ(Stored(), GetParam().storesEmptied);
-  Texts holding;
-  for (const auto* name : fields) {
-    if (!Text(name).empty()) {
-      holding[name] = Text(name);
-    }
-  }
-  EXPECT_EQ(holding, GetParam().filled);
+  ExpectStoresOfEmpty();
+  ExpectFills(Fields);
 }
 
-const Names Bitrate{"HDVideoBitrate"};
-const Names Size{"VideoOnlySize"};
-const Names Length{"MovieLength"};
-const Names AudioRate{"HDAudioBitrate"};
-const Texts LengthOfOne{{"MLength", "1"}};
-const Texts VideosOfOne{{"Video1", "1"}, {"Video2", "1"}};
+const Effects Bitrate{"HDVideoBitrate"};
+const Effects Size{"VideoOnlySize"};
+const Effects Length{"MovieLength"};
+const Effects AudioRate{"HDAudioBitrate"};
+const Effects LengthOfOne{"MLength=1"};
+const Effects VideosOfOne{"Video1=1", "Video2=1"};
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, HdHandlers,
-    ::testing::Values(HandlerCase{"Video1", Event::KeyPress, false, None, None, NoTexts},
-                      HandlerCase{"Video1", Event::KeyUp, true, Bitrate, Bitrate, NoTexts},
-                      HandlerCase{"Video1", Event::GotFocus, false, None, None, NoTexts},
-                      HandlerCase{
-                          "Video1", Event::LostFocus, true, Bitrate, Bitrate, {{"Video1", "1"}}},
-                      HandlerCase{"Video1", Event::MouseDown, true, Bitrate, Bitrate, LengthOfOne},
-                      HandlerCase{"Video1", Event::MouseUp, false, None, None, NoTexts},
-                      HandlerCase{"Video2", Event::KeyPress, false, None, None, NoTexts},
-                      HandlerCase{"Video2", Event::KeyUp, true, Size, Size, NoTexts},
-                      HandlerCase{"Video2", Event::GotFocus, false, None, None, NoTexts},
-                      HandlerCase{"Video2", Event::LostFocus, true, Size, Size, {{"Video2", "1"}}},
-                      HandlerCase{"Video2", Event::MouseDown, true, Size, Size, LengthOfOne},
-                      HandlerCase{"Video2", Event::MouseUp, false, None, None, NoTexts},
-                      HandlerCase{"MLength", Event::KeyPress, false, None, None, NoTexts},
-                      HandlerCase{"MLength", Event::KeyUp, true, Length, None, NoTexts},
-                      HandlerCase{"MLength", Event::GotFocus, false, None, None, VideosOfOne},
-                      HandlerCase{"MLength", Event::LostFocus, true, Length, Length, LengthOfOne},
-                      HandlerCase{"MLength", Event::MouseDown, true, Length, None, VideosOfOne},
-                      HandlerCase{"MLength", Event::MouseUp, false, None, None, NoTexts}),
-    HandlerName);
+    Rows({{.control = "Video1", .event = Event::KeyPress},
+          {.control = "Video1", .event = Event::KeyUp, .recomputes = true, .stores = Bitrate},
+          {.control = "Video1", .event = Event::GotFocus},
+          {.control = "Video1",
+           .event = Event::LostFocus,
+           .recomputes = true,
+           .stores = Bitrate,
+           .fills = {"Video1=1"}},
+          {.control = "Video1",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Bitrate,
+           .fills = LengthOfOne},
+          {.control = "Video1", .event = Event::MouseUp},
+          {.control = "Video2", .event = Event::KeyPress},
+          {.control = "Video2", .event = Event::KeyUp, .recomputes = true, .stores = Size},
+          {.control = "Video2", .event = Event::GotFocus},
+          {.control = "Video2",
+           .event = Event::LostFocus,
+           .recomputes = true,
+           .stores = Size,
+           .fills = {"Video2=1"}},
+          {.control = "Video2",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Size,
+           .fills = LengthOfOne},
+          {.control = "Video2", .event = Event::MouseUp},
+          {.control = "MLength", .event = Event::KeyPress},
+          {.control = "MLength",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = Length,
+           .storesOfEmpty = Nothing},
+          {.control = "MLength", .event = Event::GotFocus, .fills = VideosOfOne},
+          {.control = "MLength",
+           .event = Event::LostFocus,
+           .recomputes = true,
+           .stores = Length,
+           .fills = LengthOfOne},
+          {.control = "MLength",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Length,
+           .storesOfEmpty = Nothing,
+           .fills = VideosOfOne},
+          {.control = "MLength", .event = Event::MouseUp}}),
+    RowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Lists, HdHandlers,
-    ::testing::Values(HandlerCase{"MP2", Event::Click, true, AudioRate, AudioRate, {{"MP2", "0"}}},
-                      HandlerCase{"MP2", Event::KeyPress, false, None, None, NoTexts},
-                      HandlerCase{"MP2", Event::KeyUp, true, AudioRate, None, NoTexts},
-                      HandlerCase{"MP2", Event::GotFocus, false, None, None, NoTexts},
-                      HandlerCase{"MP2", Event::LostFocus, true, None, None, {{"MP2", "1"}}},
-                      HandlerCase{"MP2", Event::MouseDown, false, None, None, NoTexts},
-                      HandlerCase{"MP2", Event::MouseUp, false, None, None, NoTexts}),
-    HandlerName);
+    Rows({{.control = "MP2",
+           .event = Event::Click,
+           .recomputes = true,
+           .stores = AudioRate,
+           .fills = {"MP2=0"}},
+          {.control = "MP2", .event = Event::KeyPress},
+          {.control = "MP2",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = AudioRate,
+           .storesOfEmpty = Nothing},
+          {.control = "MP2", .event = Event::GotFocus},
+          {.control = "MP2", .event = Event::LostFocus, .recomputes = true, .fills = {"MP2=1"}},
+          {.control = "MP2", .event = Event::MouseDown},
+          {.control = "MP2", .event = Event::MouseUp}}),
+    RowName);
 
 // Where the button is let go its field gets the focus: the running time's own handler then fills
 // the two others.
 INSTANTIATE_TEST_SUITE_P(
     SpinButtons, HdHandlers,
-    ::testing::Values(
-        HandlerCase{"Video1P", Event::MouseDown, true, Bitrate, Bitrate, {{"Video1", "1"}}},
-        HandlerCase{"Video1P", Event::MouseUp, false, None, None, NoTexts},
-        HandlerCase{"Video1M", Event::MouseDown, true, Bitrate, Bitrate, {{"Video1", "1"}}},
-        HandlerCase{"Video1M", Event::MouseUp, false, None, None, NoTexts},
-        HandlerCase{"Video2P", Event::MouseDown, true, Size, Size, {{"Video2", "1"}}},
-        HandlerCase{"Video2P", Event::MouseUp, false, None, None, NoTexts},
-        HandlerCase{"Video2M", Event::MouseDown, true, Size, Size, {{"Video2", "0"}}},
-        HandlerCase{"Video2M", Event::MouseUp, false, None, None, NoTexts},
-        HandlerCase{"MLengthP", Event::MouseDown, true, Length, Length, LengthOfOne},
-        HandlerCase{"MLengthP", Event::MouseUp, false, None, None, VideosOfOne},
-        HandlerCase{"MLengthM", Event::MouseDown, true, Length, Length, LengthOfOne},
-        HandlerCase{"MLengthM", Event::MouseUp, false, None, None, VideosOfOne}),
-    HandlerName);
+    Rows({{.control = "Video1P",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Bitrate,
+           .fills = {"Video1=1"}},
+          {.control = "Video1P", .event = Event::MouseUp},
+          {.control = "Video1M",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Bitrate,
+           .fills = {"Video1=1"}},
+          {.control = "Video1M", .event = Event::MouseUp},
+          {.control = "Video2P",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Size,
+           .fills = {"Video2=1"}},
+          {.control = "Video2P", .event = Event::MouseUp},
+          {.control = "Video2M",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Size,
+           .fills = {"Video2=0"}},
+          {.control = "Video2M", .event = Event::MouseUp},
+          {.control = "MLengthP",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Length,
+           .fills = LengthOfOne},
+          {.control = "MLengthP", .event = Event::MouseUp, .fills = VideosOfOne},
+          {.control = "MLengthM",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = Length,
+           .fills = LengthOfOne},
+          {.control = "MLengthM", .event = Event::MouseUp, .fills = VideosOfOne}}),
+    RowName);
+
+INSTANTIATE_TEST_SUITE_P(ClicksOnOptions, HdHandlers,
+                         Rows({{.control = "Video(0)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"HDVideoMode=0"}},
+                               {.control = "Video(1)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"HDVideoMode=1"}},
+                               {.control = "DivX(0)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"DivXOption=0"}},
+                               {.control = "DivX(1)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"DivXOption=1"}},
+                               {.control = "Audio(0)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"HDAudioType=0"}},
+                               {.control = "Audio(1)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"HDAudioType=1"}},
+                               {.control = "Audio(2)",
+                                .event = Event::Click,
+                                .recomputes = true,
+                                .stores = {"HDAudioType=2"}}}),
+                         RowName);
 
 // Letting the mouse go is the click.
-std::vector<HandlerCase> OptionRows() {
-  const std::vector<std::pair<std::string, Names>> options{
-      {"Video(0)", {"HDVideoMode"}}, {"Video(1)", {"HDVideoMode"}}, {"DivX(0)", {"DivXOption"}},
-      {"DivX(1)", {"DivXOption"}},   {"Audio(0)", {"HDAudioType"}}, {"Audio(1)", {"HDAudioType"}},
-      {"Audio(2)", {"HDAudioType"}}};
-  std::vector<HandlerCase> rows;
-  for (const auto& [control, stores] : options) {
-    rows.push_back({control, Event::Click, true, stores, stores, NoTexts});
-    for (const auto event :
-         {Event::KeyPress, Event::KeyUp, Event::GotFocus, Event::LostFocus, Event::MouseDown}) {
-      rows.push_back({control, event, false, None, None, NoTexts});
-    }
-  }
-  return rows;
-}
-
-INSTANTIATE_TEST_SUITE_P(Options, HdHandlers, ::testing::ValuesIn(OptionRows()), HandlerName);
+INSTANTIATE_TEST_SUITE_P(Options, HdHandlers,
+                         Rows(WithoutHandler({"Video(0)", "Video(1)", "DivX(0)", "DivX(1)",
+                                              "Audio(0)", "Audio(1)", "Audio(2)"},
+                                             {Event::KeyPress, Event::KeyUp, Event::GotFocus,
+                                              Event::LostFocus, Event::MouseDown})),
+                         RowName);
 
 // Controls without any handler.
-INSTANTIATE_TEST_SUITE_P(
-    Outputs, HdHandlers,
-    ::testing::Values(HandlerCase{"Result", Event::MouseDown, false, None, None, NoTexts},
-                      HandlerCase{"Result", Event::MouseUp, false, None, None, NoTexts},
-                      HandlerCase{"Result", Event::KeyPress, false, None, None, NoTexts},
-                      HandlerCase{"Result", Event::KeyUp, false, None, None, NoTexts},
-                      HandlerCase{"Label1", Event::MouseDown, false, None, None, NoTexts},
-                      HandlerCase{"Label2", Event::MouseDown, false, None, None, NoTexts},
-                      HandlerCase{"Label13", Event::MouseDown, false, None, None, NoTexts}),
-    HandlerName);
+INSTANTIATE_TEST_SUITE_P(Outputs, HdHandlers,
+                         Rows({{.control = "Result", .event = Event::MouseDown},
+                               {.control = "Result", .event = Event::MouseUp},
+                               {.control = "Result", .event = Event::KeyPress},
+                               {.control = "Result", .event = Event::KeyUp},
+                               {.control = "Label1", .event = Event::MouseDown},
+                               {.control = "Label2", .event = Event::MouseDown},
+                               {.control = "Label13", .event = Event::MouseDown}}),
+                         RowName);
 
-class HDCalcTest : public RecordedWindow {};
+class HDCalcTest : public HdWindow {};
 
 TEST_F(HDCalcTest, OpensWithTheBuiltInFigures) {
   OpenCalculator();
@@ -269,7 +256,7 @@ TEST_F(HDCalcTest, OpensWithTheBuiltInFigures) {
 
 TEST_F(HDCalcTest, OpensWithTheFocusOnTheSelectedVideoOption) {
   OpenFilmBySize();
-  EXPECT_EQ(QApplication::focusWidget(), Option(u"Video(1)"_s));
+  EXPECT_EQ(QApplication::focusWidget(), Find(window, u"Video(1)"_s));
 }
 
 TEST_F(HDCalcTest, NumbersOpenAsPlainTexts) {
@@ -442,10 +429,11 @@ TEST_F(HDCalcTest, ArrowKeysSwitchTheMode) {
 TEST_F(HDCalcTest, DisabledSpinButtonsDoNotStep) {
   OpenFilmByBitrate();
   Forget();
+  ArmRecomputation();
   Click(Spin(u"Video2P"_s));
   Click(Spin(u"Video2M"_s));
   EXPECT_EQ(Text("Video2"), "700");
-  EXPECT_EQ(Stored(), None);
+  EXPECT_EQ(Stored(), Names());
 }
 
 TEST_F(HDCalcTest, TheListIsEnabledForOtherAudioOnly) {
@@ -618,11 +606,12 @@ TEST_F(HDCalcTest, FocusingTheRunningTimeSelectsAndFillsButNeitherStoresNorRecom
   Video1->setText({});
   Video2->setText({});
   Forget();
+  ArmRecomputation();
   MLength->setFocus();
   EXPECT_EQ(MLength->selectedText(), u"1234567890"_s);
   EXPECT_EQ(Text("Video1"), "1");
   EXPECT_EQ(Text("Video2"), "1");
-  EXPECT_EQ(Stored(), None);
+  EXPECT_EQ(Stored(), Names());
   EXPECT_FALSE(Recomputed());
   KeyLetGo(Qt::Key_Left);
   EXPECT_EQ(Stored(), Length);
@@ -772,7 +761,7 @@ const std::vector<StoreCase> Stores{{"Video1", &Settings::HDVideoBitrate},
                                     {"MLength", &Settings::MovieLength},
                                     {"MP2", &Settings::HDAudioBitrate}};
 
-class HdField : public RecordedWindow {
+class HdField : public HdWindow {
  protected:
   // Opens the window so that the field is enabled and has the focus.
   void OpenIn(const std::string& name) {
@@ -887,8 +876,9 @@ class LettingGo : public HdField, public ::testing::WithParamInterface<StoreCase
     Press(field);
     field->setText(text);
     Forget();
+    ArmRecomputation();
     LetGo(field);
-    EXPECT_EQ(Stored(), None);
+    EXPECT_EQ(Stored(), Names());
     EXPECT_FALSE(Recomputed());
     return field->text().toStdString();
   }
@@ -932,6 +922,7 @@ TEST_P(Steps, ByOneAndStores) {
   OpenIn(name);
   field->setText(QString::fromLatin1(step.text));
   Forget();
+  ArmRecomputation();
   Press(Spin(QString::fromStdString(button)));
   EXPECT_EQ(Text(name.c_str()), step.expected);
   EXPECT_TRUE(Recomputed());
@@ -975,15 +966,16 @@ TEST_F(HDCalcTest, AShortClickStepsOnceRecomputesOnceAndTakesTheFocus) {
   EXPECT_EQ(Text("Video1"), "1001");
   EXPECT_EQ(record.HDVideoBitrate, 1001);
   EXPECT_EQ(Text("Result"), "880");  // 0.7153 more
-  EXPECT_EQ(QApplication::focusWidget(), Option(u"Video(0)"_s));
+  EXPECT_EQ(QApplication::focusWidget(), Find(window, u"Video(0)"_s));
   Forget();
+  ArmRecomputation();
   clock.Advance(0.49);
   LetGo(Spin(u"Video1P"_s));
   EXPECT_EQ(QApplication::focusWidget(), Video1);
   clock.Advance(5);
   EXPECT_EQ(Text("Video1"), "1001");
   EXPECT_FALSE(Recomputed());
-  EXPECT_EQ(Stored(), None);
+  EXPECT_EQ(Stored(), Names());
 }
 
 TEST_F(HDCalcTest, HoldingPlusRepeatsWithoutRecomputingAndStepsOnceMoreAtTheEnd) {
@@ -991,11 +983,12 @@ TEST_F(HDCalcTest, HoldingPlusRepeatsWithoutRecomputingAndStepsOnceMoreAtTheEnd)
   Press(Spin(u"Video1P"_s));
   EXPECT_EQ(Text("Video1"), "1001");
   Forget();
+  ArmRecomputation();
   clock.Advance(0.54);
   EXPECT_EQ(Text("Video1"), "1001");
   clock.Advance(0.46);
   EXPECT_EQ(Text("Video1"), "1010");
-  EXPECT_EQ(Stored(), None);
+  EXPECT_EQ(Stored(), Names());
   EXPECT_FALSE(Recomputed());
   LetGo(Spin(u"Video1P"_s));
   EXPECT_EQ(Text("Video1"), "1010");

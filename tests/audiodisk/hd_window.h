@@ -4,30 +4,26 @@
 #pragma once
 
 #include <QLabel>
-#include <QPoint>
 #include <QRadioButton>
 #include <QString>
-#include <QTest>
-#include <QWindow>
 
 #include "base/input/editable_list.h"
-#include "base/input/spin_button.h"
 #include "base/input/text_field.h"
 #include "tests/support/calculator_window.h"
 
 namespace brindle {
 
 /// The disk space calculator, open, with its controls at hand.
-class HdWindow : public CalculatorWindow {
+class HdWindow : public RecordingWindow {
  protected:
-  void OpenCalculator() {
-    window = Open(WindowId::HDCalc);
-    Video1 = Find<TextField>(window, QStringLiteral("Video1"));
-    Video2 = Find<TextField>(window, QStringLiteral("Video2"));
-    MLength = Find<TextField>(window, QStringLiteral("MLength"));
-    MP2 = Find<EditableList>(window, QStringLiteral("MP2"));
-    Result = Find<QLabel>(window, QStringLiteral("Result"));
-  }
+  HdWindow()
+      : RecordingWindow(WindowId::HDCalc, {{"MovieLength", &Settings::MovieLength},
+                                           {"HDVideoMode", &Settings::HDVideoMode},
+                                           {"HDVideoBitrate", &Settings::HDVideoBitrate},
+                                           {"VideoOnlySize", &Settings::VideoOnlySize},
+                                           {"HDAudioType", &Settings::HDAudioType},
+                                           {"HDAudioBitrate", &Settings::HDAudioBitrate},
+                                           {"DivXOption", &Settings::DivXOption}}) {}
 
   /// 100 minutes by codec version 4 with compressed audio of 224 kbit/s (164.0625 MB), the video
   /// at 1000 kbit/s (715.2557 MB, 879 in all) or of 700 MB (864 in all).
@@ -50,21 +46,8 @@ class HdWindow : public CalculatorWindow {
     OpenCalculator();
   }
 
-  [[nodiscard]] SpinButton* Spin(const QString& name) const {
-    return Find<SpinButton>(window, name);
-  }
   [[nodiscard]] QRadioButton* Option(const QString& name) const {
     return Find<QRadioButton>(window, name);
-  }
-
-  /// Presses an option where its caption is: it may be wider than that, and heeds nothing there.
-  void PressOption(const QString& name) const {
-    QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, Start(name));
-  }
-  /// Clicks an option.
-  void Choose(const QString& name) const {
-    PressOption(name);
-    QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, Start(name));
   }
 
   /// Empties the field that has the focus, as a person does.
@@ -73,6 +56,10 @@ class HdWindow : public CalculatorWindow {
     Key(Qt::Key_Delete);
   }
 
+  /// Makes the next recomputation visible.
+  void ArmRecomputation() { Result->setText(QStringLiteral("untouched")); }
+  [[nodiscard]] bool Recomputed() const { return Text("Result") != "untouched"; }
+
   TextField* Video1 = nullptr;
   TextField* Video2 = nullptr;
   TextField* MLength = nullptr;
@@ -80,9 +67,12 @@ class HdWindow : public CalculatorWindow {
   QLabel* Result = nullptr;
 
  private:
-  [[nodiscard]] QPoint Start(const QString& name) const {
-    const auto* option = Option(name);
-    return option->mapTo(window.data(), QPoint(option->height() / 2, option->height() / 2));
+  void FindControls() override {
+    Take(Video1, "Video1");
+    Take(Video2, "Video2");
+    Take(MLength, "MLength");
+    Take(MP2, "MP2");
+    Take(Result, "Result");
   }
 };
 

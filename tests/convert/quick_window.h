@@ -24,14 +24,11 @@ inline constexpr std::array FieldNames{"Time1", "Time2", "Time3", "Min", "Frames
                                        "B",     "KB",    "MB",    "GB"};
 
 /// The quick converter, open, with its controls at hand.
-class QuickWindow : public CalculatorWindow {
+class QuickWindow : public RecordingWindow {
  protected:
-  void OpenConverter() {
-    window = Open(WindowId::QuickC);
-    Systems = {Find<QRadioButton>(window, QStringLiteral("System(0)")),
-               Find<QRadioButton>(window, QStringLiteral("System(1)")),
-               Find<QRadioButton>(window, QStringLiteral("System(2)"))};
-  }
+  QuickWindow()
+      : RecordingWindow(WindowId::QuickC, {{"MovieLength", &Settings::MovieLength},
+                                           {"QuickSizeMB", &Settings::QuickSizeMB}}) {}
 
   [[nodiscard]] TextField* FieldNamed(const std::string& name) const {
     return Field(QString::fromStdString(name));
@@ -39,8 +36,7 @@ class QuickWindow : public CalculatorWindow {
 
   /// The running time as the fields show it: "1:40:00.00 100 150000".
   [[nodiscard]] std::string Time() const {
-    return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3") + " " + Text("Min") + " " +
-           Text("Frames");
+    return Duration() + " " + Text("Min") + " " + Text("Frames");
   }
 
   /// The size as the fields show it: "1048576|1024|1|0.0009765625".
@@ -98,26 +94,17 @@ class QuickWindow : public CalculatorWindow {
   /// Leaves the field that has the focus, for a control that has no handler of the focus.
   void Leave() { Systems.front()->setFocus(); }
 
-  /// Marks what a recomputation writes into the record; Stored() tells what was written since.
-  void Forget() {
-    record.MovieLength = Untouched;
-    record.QuickSizeMB = Untouched;
-  }
-  [[nodiscard]] std::set<std::string> Stored() const {
-    std::set<std::string> names;
-    if (record.MovieLength != Untouched) {
-      names.insert("MovieLength");
-    }
-    if (record.QuickSizeMB != Untouched) {
-      names.insert("QuickSizeMB");
-    }
-    return names;
-  }
+  /// A recomputation shows in what it stores.
+  void ArmRecomputation() {}
 
   std::array<QRadioButton*, 3> Systems{};
 
  private:
-  static constexpr double Untouched = 7.25;
+  void FindControls() override {
+    Take(Systems[0], "System(0)");
+    Take(Systems[1], "System(1)");
+    Take(Systems[2], "System(2)");
+  }
 };
 
 }  // namespace brindle

@@ -25,7 +25,7 @@
 
 #include "base/numbers/numeric_text.h"
 #include "tests/split/avi_split_window.h"
-#include "tests/support/handler_event.h"
+#include "tests/support/handler_table.h"
 #include "tests/support/named_case.h"
 
 namespace brindle {
@@ -36,211 +36,177 @@ using namespace Qt::StringLiterals;
 constexpr const char* NothingOfTwo = "- -";
 constexpr const char* NothingOfThree = "- - - -";
 
-// The input fields in this order: AVIsize, Frames, Size1, Size2, KeyFs.
-using Inputs = std::array<std::string, 5>;
-constexpr std::size_t Size2Place = 3;
+const Names Fields{"AVIsize", "Frames", "KeyFs", "Size1", "Size2"};
 
-// Values of the record by name.
-using Stored = std::map<std::string, double>;
-
-// One event of one control, and all that it does: to five empty fields of three segments, and to
-// filled ones (whether the window recomputes, what it stores).
-struct HandlerCase {
-  std::string control;
-  Event event = Event::KeyUp;
-  Inputs blank;
-  bool recomputes = false;
-  Stored stored;
-};
-
-void PrintTo(const HandlerCase& instance, std::ostream* out) { *out << instance.control; }
-
-const auto HandlerName = [](const auto& instance) {
-  std::string name;
-  for (const char c : instance.param.control) {
-    if (c != '(' && c != ')') {
-      name += c;
-    }
-  }
-  return name + EventName(instance.param.event);
-};
-
-// An event without a handler.
-HandlerCase Absent(std::string control, Event event) {
-  return {std::move(control), event, {}, false, {}};
-}
-
-class SplitHandlers : public AviSplitWindow, public ::testing::WithParamInterface<HandlerCase> {
+class SplitHandlers : public HandlerTable<AviSplitWindow> {
  protected:
-  static constexpr double Untouched = 7.25;
-  static constexpr std::int16_t UntouchedInteger = 77;
-
-  // Opens the window, comes to where the event can be caused, and fills the fields.
-  void Begin(const Inputs& inputs) {
-    OpenCalculator();
-    const auto control = QString::fromStdString(GetParam().control);
-    target_ = Find(window, control);
-    elsewhere_ = control == u"SetF(0)"_s ? Find(window, u"SetF(1)"_s) : FirstRange;
-    Prepare(GetParam().event, target_, elsewhere_);
-    const std::array fields{AVIsize, Frames, Size1, Size2, KeyFs};
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-      fields.at(i)->setText(QString::fromStdString(inputs.at(i)));
-    }
-    record.MovieLength = Untouched;  // whole frames, so that a recomputation does not change it
-    record.SplitAVISize = Untouched;
-    record.SplitSize1 = Untouched;
-    record.SplitSize2 = Untouched;
-    record.SplitSegmentsMode = Untouched;
-    record.KeyframeInterval = UntouchedInteger;
-    record.FrameRateSystem = UntouchedInteger;
-    ArmRecomputation();
-  }
-
-  void CauseIt() { Cause(GetParam().event, target_, elsewhere_); }
-
-  [[nodiscard]] Inputs InputsShown() const {
-    return {Text("AVIsize"), Text("Frames"), Text("Size1"), Text("Size2"), Text("KeyFs")};
-  }
-
-  [[nodiscard]] Stored StoredNow() const {
-    Stored stored{{"MovieLength", record.MovieLength},
-                  {"SplitAVISize", record.SplitAVISize},
-                  {"SplitSize1", record.SplitSize1},
-                  {"SplitSize2", record.SplitSize2},
-                  {"SplitSegmentsMode", record.SplitSegmentsMode},
-                  {"KeyframeInterval", static_cast<double>(record.KeyframeInterval)},
-                  {"FrameRateSystem", static_cast<double>(record.FrameRateSystem)}};
-    for (auto it = stored.begin(); it != stored.end();) {
-      it = it->second == Untouched || it->second == UntouchedInteger ? stored.erase(it) : ++it;
-    }
-    return stored;
-  }
-
- private:
-  QWidget* target_ = nullptr;
-  QWidget* elsewhere_ = nullptr;
+  void OpenForEvent() { OpenForRow(GetParam().control == "SetF(0)" ? u"SetF(1)"_s : u"SetF(0)"_s); }
 };
 
 TEST_P(SplitHandlers, FillBlankFields) {
   record.SplitSegmentsMode = 1;
-  Begin({});
-  CauseIt();
-  EXPECT_EQ(InputsShown(), GetParam().blank);
+  OpenForEvent();
+  EmptyFields(Fields);
+  Happen();
+  ExpectFills(Fields);
   EXPECT_FALSE(Recomputed());
-  EXPECT_EQ(StoredNow(), Stored());
+  EXPECT_EQ(Stored(), Names());
 }
 
 TEST_P(SplitHandlers, RecomputeAndStore) {
   record.SplitSegmentsMode = 1;
-  Begin({"1000", "75000", "300", "200", "5"});
-  CauseIt();
+  OpenForEvent();
+  AVIsize->setText(u"1000"_s);
+  Frames->setText(u"75000"_s);  // whole, so that a recomputation does not change the running time
+  Size1->setText(u"300"_s);
+  Size2->setText(u"200"_s);
+  KeyFs->setText(u"5"_s);
+  Happen();
   EXPECT_EQ(Recomputed(), GetParam().recomputes);
-  EXPECT_EQ(StoredNow(), GetParam().stored);
+  ExpectStores();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, SplitHandlers,
-    ::testing::Values(
-        Absent("AVIsize", Event::KeyPress),
-        HandlerCase{
-            "AVIsize", Event::KeyUp, {"", "1", "0", "0", "1"}, true, {{"SplitAVISize", 1000}}},
-        Absent("AVIsize", Event::GotFocus), Absent("AVIsize", Event::LostFocus),
-        HandlerCase{
-            "AVIsize", Event::MouseDown, {"", "1", "0", "0", "1"}, true, {{"SplitAVISize", 1000}}},
-        Absent("AVIsize", Event::MouseUp),
-        // The running time is that of the text before the key.
-        HandlerCase{"Frames", Event::KeyPress, {}, false, {{"MovieLength", 50}}},
-        HandlerCase{"Frames", Event::KeyUp, {"1", "", "1", "0", "1"}, true, {{"MovieLength", 50}}},
-        Absent("Frames", Event::GotFocus), Absent("Frames", Event::LostFocus),
-        HandlerCase{
-            "Frames", Event::MouseDown, {"1", "", "1", "0", "1"}, true, {{"MovieLength", 50}}},
-        HandlerCase{"Frames", Event::MouseUp, {}, false, {{"MovieLength", 50}}},
-        Absent("Size1", Event::KeyPress),
-        HandlerCase{"Size1", Event::KeyUp, {"1", "1", "", "1", "1"}, true, {{"SplitSize1", 300}}},
-        Absent("Size1", Event::GotFocus), Absent("Size1", Event::LostFocus),
-        HandlerCase{
-            "Size1", Event::MouseDown, {"1", "1", "", "1", "1"}, true, {{"SplitSize1", 300}}},
-        Absent("Size1", Event::MouseUp), Absent("Size2", Event::KeyPress),
-        HandlerCase{"Size2", Event::KeyUp, {"1", "1", "1", "", "1"}, true, {{"SplitSize2", 200}}},
-        Absent("Size2", Event::GotFocus), Absent("Size2", Event::LostFocus),
-        HandlerCase{
-            "Size2", Event::MouseDown, {"1", "1", "1", "", "1"}, true, {{"SplitSize2", 200}}},
-        Absent("Size2", Event::MouseUp),
-        HandlerCase{"KeyFs", Event::KeyPress, {}, false, {{"KeyframeInterval", 5}}},
-        HandlerCase{
-            "KeyFs", Event::KeyUp, {"1", "1", "1", "0", ""}, true, {{"KeyframeInterval", 5}}},
-        Absent("KeyFs", Event::GotFocus), Absent("KeyFs", Event::LostFocus),
-        HandlerCase{
-            "KeyFs", Event::MouseDown, {"1", "1", "1", "0", ""}, true, {{"KeyframeInterval", 5}}},
-        Absent("KeyFs", Event::MouseUp)),
-    HandlerName);
+    Rows({{.control = "AVIsize", .event = Event::KeyPress},
+          {.control = "AVIsize",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = {"SplitAVISize=1000"},
+           .fills = {"Frames=1", "Size1=0", "Size2=0", "KeyFs=1"}},
+          {.control = "AVIsize", .event = Event::GotFocus},
+          {.control = "AVIsize", .event = Event::LostFocus},
+          {.control = "AVIsize",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = {"SplitAVISize=1000"},
+           .fills = {"Frames=1", "Size1=0", "Size2=0", "KeyFs=1"}},
+          {.control = "AVIsize", .event = Event::MouseUp},
+          // The running time is that of the text before the key.
+          {.control = "Frames", .event = Event::KeyPress, .stores = {"MovieLength=50"}},
+          {.control = "Frames",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = {"MovieLength=50"},
+           .fills = {"AVIsize=1", "Size1=1", "Size2=0", "KeyFs=1"}},
+          {.control = "Frames", .event = Event::GotFocus},
+          {.control = "Frames", .event = Event::LostFocus},
+          {.control = "Frames",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = {"MovieLength=50"},
+           .fills = {"AVIsize=1", "Size1=1", "Size2=0", "KeyFs=1"}},
+          {.control = "Frames", .event = Event::MouseUp, .stores = {"MovieLength=50"}},
+          {.control = "Size1", .event = Event::KeyPress},
+          {.control = "Size1",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = {"SplitSize1=300"},
+           .fills = {"AVIsize=1", "Frames=1", "Size2=1", "KeyFs=1"}},
+          {.control = "Size1", .event = Event::GotFocus},
+          {.control = "Size1", .event = Event::LostFocus},
+          {.control = "Size1",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = {"SplitSize1=300"},
+           .fills = {"AVIsize=1", "Frames=1", "Size2=1", "KeyFs=1"}},
+          {.control = "Size1", .event = Event::MouseUp},
+          {.control = "Size2", .event = Event::KeyPress},
+          {.control = "Size2",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = {"SplitSize2=200"},
+           .fills = {"AVIsize=1", "Frames=1", "Size1=1", "KeyFs=1"}},
+          {.control = "Size2", .event = Event::GotFocus},
+          {.control = "Size2", .event = Event::LostFocus},
+          {.control = "Size2",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = {"SplitSize2=200"},
+           .fills = {"AVIsize=1", "Frames=1", "Size1=1", "KeyFs=1"}},
+          {.control = "Size2", .event = Event::MouseUp},
+          {.control = "KeyFs", .event = Event::KeyPress, .stores = {"KeyframeInterval=5"}},
+          {.control = "KeyFs",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .stores = {"KeyframeInterval=5"},
+           .fills = {"AVIsize=1", "Frames=1", "Size1=1", "Size2=0"}},
+          {.control = "KeyFs", .event = Event::GotFocus},
+          {.control = "KeyFs", .event = Event::LostFocus},
+          {.control = "KeyFs",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .stores = {"KeyframeInterval=5"},
+           .fills = {"AVIsize=1", "Frames=1", "Size1=1", "Size2=0"}},
+          {.control = "KeyFs", .event = Event::MouseUp}}),
+    RowName);
 
-std::vector<HandlerCase> AllAbsent(const std::vector<std::string>& controls,
-                                   const std::vector<Event>& events) {
-  std::vector<HandlerCase> cases;
-  for (const auto& control : controls) {
-    for (const auto event : events) {
-      cases.push_back(Absent(control, event));
-    }
-  }
-  return cases;
-}
+INSTANTIATE_TEST_SUITE_P(Results, SplitHandlers,
+                         Rows(WithoutHandler({"Size3", "SetF(0)", "SetF(1)", "SetF(2)", "SetF(3)",
+                                              "SetF(4)", "SetF(5)", "SetF(6)", "SetF(7)"},
+                                             {Event::KeyPress, Event::KeyUp, Event::GotFocus,
+                                              Event::LostFocus, Event::MouseDown, Event::MouseUp})),
+                         RowName);
 
 INSTANTIATE_TEST_SUITE_P(
-    Results, SplitHandlers,
-    ::testing::ValuesIn(AllAbsent({"Size3", "SetF(0)", "SetF(1)", "SetF(2)", "SetF(3)", "SetF(4)",
-                                   "SetF(5)", "SetF(6)", "SetF(7)"},
-                                  {Event::KeyPress, Event::KeyUp, Event::GotFocus, Event::LostFocus,
-                                   Event::MouseDown, Event::MouseUp})),
-    HandlerName);
-
-INSTANTIATE_TEST_SUITE_P(Labels, SplitHandlers,
-                         ::testing::ValuesIn(AllAbsent(
-                             {"KeyFr", "Time1", "Time2", "Time3", "SegNo3Lab", "SegNo3Lab2"},
-                             {Event::KeyPress, Event::KeyUp, Event::MouseDown, Event::MouseUp})),
-                         HandlerName);
+    Labels, SplitHandlers,
+    Rows(WithoutHandler({"KeyFr", "Time1", "Time2", "Time3", "SegNo3Lab", "SegNo3Lab2"},
+                        {Event::KeyPress, Event::KeyUp, Event::MouseDown, Event::MouseUp})),
+    RowName);
 
 // An option does something when it becomes selected, and only then.
 INSTANTIATE_TEST_SUITE_P(Options, SplitHandlers,
-                         ::testing::ValuesIn(AllAbsent({"Segs(0)", "System(1)", "System(2)"},
-                                                       {Event::KeyPress, Event::KeyUp,
-                                                        Event::GotFocus, Event::LostFocus,
-                                                        Event::MouseDown})),
-                         HandlerName);
+                         Rows(WithoutHandler({"Segs(0)", "System(1)", "System(2)"},
+                                             {Event::KeyPress, Event::KeyUp, Event::GotFocus,
+                                              Event::LostFocus, Event::MouseDown})),
+                         RowName);
 
 INSTANTIATE_TEST_SUITE_P(SelectedOptions, SplitHandlers,
-                         ::testing::ValuesIn(AllAbsent({"Segs(1)", "System(0)"},
-                                                       {Event::MouseDown, Event::MouseUp})),
-                         HandlerName);
+                         Rows(WithoutHandler({"Segs(1)", "System(0)"},
+                                             {Event::MouseDown, Event::MouseUp})),
+                         RowName);
 
 // With two segments the second size is a result and is not filled.
 class SplitHandlersOfTwo : public SplitHandlers {};
 
 TEST_P(SplitHandlersOfTwo, FillBlankFieldsButTheSecondSize) {
-  Begin({});
-  CauseIt();
-  auto expected = GetParam().blank;
-  expected.at(Size2Place) = "";
-  EXPECT_EQ(InputsShown(), expected);
+  OpenForEvent();
+  EmptyFields(Fields);
+  Happen();
+  ExpectFills(Fields);
   EXPECT_FALSE(Recomputed());
-  EXPECT_EQ(StoredNow(), Stored());
+  EXPECT_EQ(Stored(), Names());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, SplitHandlersOfTwo,
-    ::testing::Values(HandlerCase{"AVIsize", Event::KeyUp, {"", "1", "0", "0", "1"}, false, {}},
-                      HandlerCase{"AVIsize", Event::MouseDown, {"", "1", "0", "0", "1"}, false, {}},
-                      HandlerCase{"Frames", Event::KeyUp, {"1", "", "1", "0", "1"}, false, {}},
-                      HandlerCase{"Frames", Event::MouseDown, {"1", "", "1", "0", "1"}, false, {}},
-                      HandlerCase{"Size1", Event::KeyUp, {"1", "1", "", "1", "1"}, false, {}},
-                      HandlerCase{"Size1", Event::MouseDown, {"1", "1", "", "1", "1"}, false, {}},
-                      HandlerCase{"Size2", Event::KeyUp, {"1", "1", "1", "", "1"}, false, {}},
-                      HandlerCase{"Size2", Event::MouseDown, {"1", "1", "1", "", "1"}, false, {}},
-                      HandlerCase{"KeyFs", Event::KeyUp, {"1", "1", "1", "0", ""}, false, {}},
-                      HandlerCase{"KeyFs", Event::MouseDown, {"1", "1", "1", "0", ""}, false, {}},
-                      Absent("Frames", Event::KeyPress), Absent("Frames", Event::MouseUp),
-                      Absent("KeyFs", Event::KeyPress)),
-    HandlerName);
+    Rows(
+        {{.control = "AVIsize", .event = Event::KeyUp, .fills = {"Frames=1", "Size1=0", "KeyFs=1"}},
+         {.control = "AVIsize",
+          .event = Event::MouseDown,
+          .fills = {"Frames=1", "Size1=0", "KeyFs=1"}},
+         {.control = "Frames", .event = Event::KeyUp, .fills = {"AVIsize=1", "Size1=1", "KeyFs=1"}},
+         {.control = "Frames",
+          .event = Event::MouseDown,
+          .fills = {"AVIsize=1", "Size1=1", "KeyFs=1"}},
+         {.control = "Size1", .event = Event::KeyUp, .fills = {"AVIsize=1", "Frames=1", "KeyFs=1"}},
+         {.control = "Size1",
+          .event = Event::MouseDown,
+          .fills = {"AVIsize=1", "Frames=1", "KeyFs=1"}},
+         {.control = "Size2",
+          .event = Event::KeyUp,
+          .fills = {"AVIsize=1", "Frames=1", "Size1=1", "KeyFs=1"}},
+         {.control = "Size2",
+          .event = Event::MouseDown,
+          .fills = {"AVIsize=1", "Frames=1", "Size1=1", "KeyFs=1"}},
+         {.control = "KeyFs", .event = Event::KeyUp, .fills = {"AVIsize=1", "Frames=1", "Size1=1"}},
+         {.control = "KeyFs",
+          .event = Event::MouseDown,
+          .fills = {"AVIsize=1", "Frames=1", "Size1=1"}},
+         {.control = "Frames", .event = Event::KeyPress},
+         {.control = "Frames", .event = Event::MouseUp},
+         {.control = "KeyFs", .event = Event::KeyPress}}),
+    RowName);
 
 struct OpenCase {
   std::string name;
@@ -434,7 +400,7 @@ TEST_F(SplitLoading, AStrangeFrameRateSystemSelectsNothingAndKeepsTheRunningTime
   EXPECT_EQ(Text("Frames"), "0");
   EXPECT_EQ(Text("KeyFr"), "");
   EXPECT_EQ(Ranges(), NothingOfTwo);
-  ClickOption(u"System(0)"_s);
+  Choose(u"System(0)"_s);
   EXPECT_EQ(Text("Frames"), Pal);
   EXPECT_EQ(Ranges(), "75000-150000 0-74999");
 }
@@ -446,7 +412,7 @@ TEST_F(SplitLoading, EscapeClosesAndReopeningShowsWhatWasTyped) {
   Enter(Size1, u"300.25"_s);
   Enter(Size2, u"200"_s);
   Enter(KeyFs, u"4"_s);
-  ClickOption(u"System(2)"_s);
+  Choose(u"System(2)"_s);
   const auto ranges = Ranges();
   const auto frames = Text("Frames");
   Key(Qt::Key_Escape);
@@ -648,7 +614,7 @@ TEST_F(SplitTyping, DecimalsThatFillTheFileLeaveNoNoise) {
   Enter(Size2, u"67.2"_s);
   EXPECT_EQ(Sizes(), "100.3 33.1 67.2 0");
   EXPECT_EQ(Ranges(), "49500-150000 0-49499 149750-150000 0-149749");
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"Segs(0)"_s);
   EXPECT_EQ(Sizes(), "100.3 33.1 67.2");
 }
 
@@ -742,7 +708,7 @@ TEST_F(SplitTyping, AnIntervalBelowAFrameLeavesNoKeyFrames) {
 TEST_F(SplitTyping, NothingOfNothingHasNoRanges) {
   OpenCalculator();
   Enter(AVIsize, u"0"_s);
-  ClickOption(u"System(1)"_s);
+  Choose(u"System(1)"_s);
   EXPECT_EQ(Sizes(), "0 0 0");
   EXPECT_EQ(Ranges(), NothingOfTwo);
   EXPECT_EQ(Text("KeyFr"), "599");
@@ -859,7 +825,7 @@ TEST_P(SplitOfUnrepairedText, CountsItAsNothing) {
   Field(QString::fromLatin1(fieldName))->setFocus();
   Key(Qt::Key_End);
   KeyDown(Qt::Key_X, u"x"_s);
-  ClickOption(u"System(1)"_s);
+  Choose(u"System(1)"_s);
   EXPECT_EQ(Text(mode == 0 ? "Size2" : "Size3"), computedSize);
   EXPECT_EQ(Ranges(), ranges);
 }
@@ -886,7 +852,7 @@ class SplitSystems : public AviSplitWindow, public ::testing::WithParamInterface
   void SelectIt() {
     record.FrameRateSystem = GetParam().system == 0 ? 1 : 0;
     OpenCalculator();
-    ClickOption(u"System(%1)"_s.arg(GetParam().system));
+    Choose(u"System(%1)"_s.arg(GetParam().system));
   }
 };
 
@@ -931,18 +897,18 @@ TEST_F(SplitOptions, AnotherRateAndBackKeepsTheRunningTime) {
   record.MovieLength = 1001 / 1500.0;
   OpenCalculator();
   EXPECT_EQ(Text("Frames"), "1001");
-  ClickOption(u"System(1)"_s);  // 959.999 frames
+  Choose(u"System(1)"_s);  // 959.999 frames
   EXPECT_EQ(Text("Frames"), "959");
   EXPECT_EQ(record.MovieLength, 1001 / 1500.0);
-  ClickOption(u"System(0)"_s);
+  Choose(u"System(0)"_s);
   EXPECT_EQ(Text("Frames"), "1001");
 }
 
 TEST_F(SplitOptions, ARateThatIsSelectedAlreadyChangesNothing) {
   OpenCalculator();
   ArmRecomputation();
-  ClickOption(u"System(0)"_s);
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"System(0)"_s);
+  Choose(u"Segs(0)"_s);
   EXPECT_FALSE(Recomputed());
 }
 
@@ -951,7 +917,7 @@ TEST_F(SplitOptions, ARateFillsNoBlankFieldsButTheInterval) {
   for (auto* field : {AVIsize, Frames, Size1, Size2, KeyFs}) {
     field->setText({});
   }
-  ClickOption(u"System(1)"_s);
+  Choose(u"System(1)"_s);
   EXPECT_EQ(Sizes(), "   0");
   EXPECT_EQ(Text("Frames"), "143856");
   EXPECT_EQ(Text("KeyFs"), "1");
@@ -963,7 +929,7 @@ TEST_F(SplitOptions, SegmentsFillAllBlankFields) {
   for (auto* field : {AVIsize, Frames, Size1, KeyFs}) {
     field->setText({});
   }
-  ClickOption(u"Segs(1)"_s);
+  Choose(u"Segs(1)"_s);
   EXPECT_EQ(Sizes(), "1 1 0 0");  // the second, computed before, is clamped as one of three
   EXPECT_EQ(Text("Frames"), Pal);
   EXPECT_EQ(Text("KeyFs"), "1");
@@ -973,14 +939,14 @@ TEST_F(SplitOptions, SegmentsAreStoredAndRecomputed) {
   record.SplitSize1 = 400;
   OpenCalculator();
   ArmRecomputation();
-  ClickOption(u"Segs(1)"_s);
+  Choose(u"Segs(1)"_s);
   EXPECT_EQ(record.SplitSegmentsMode, 1);
   EXPECT_TRUE(Recomputed());
   EXPECT_EQ(Sizes(), "1300 400 900 0");
   EXPECT_EQ(Ranges(), "46000-150000 0-45999 149750-150000 0-149749");
   Enter(Size2, u"500"_s);
   ArmRecomputation();
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"Segs(0)"_s);
   EXPECT_EQ(record.SplitSegmentsMode, 0);
   EXPECT_TRUE(Recomputed());
   EXPECT_EQ(Sizes(), "1300 400 900");
@@ -995,11 +961,11 @@ TEST_F(SplitOptions, TheSecondSizeOfTwoIsAResult) {
   Type(u"9"_s);
   Paste(u"9"_s);
   EXPECT_EQ(Text("Size2"), "600");
-  ClickOption(u"Segs(1)"_s);
+  Choose(u"Segs(1)"_s);
   EXPECT_FALSE(Size2->isReadOnly());
   Enter(Size2, u"9"_s);
   EXPECT_EQ(Text("Size2"), "9");
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"Segs(0)"_s);
   EXPECT_TRUE(Size2->isReadOnly());
 }
 
@@ -1097,10 +1063,10 @@ TEST_F(SplitPlaces, OfTwoAndThreeSegmentsAreTheSame) {
   ExpectThirdSegment(false);
   const auto two = Places();
   ASSERT_GT(two.size(), 40U);
-  ClickOption(u"Segs(1)"_s);
+  Choose(u"Segs(1)"_s);
   ExpectThirdSegment(true);
   ExpectSame(two, Places());
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"Segs(0)"_s);
   ExpectThirdSegment(false);
   ExpectSame(two, Places());
 }
@@ -1114,7 +1080,7 @@ TEST_F(SplitPlaces, AreTheSameHoweverTheWindowOpens) {
   OpenCalculator();
   ExpectThirdSegment(true);
   ExpectSame(two, Places());
-  ClickOption(u"Segs(0)"_s);
+  Choose(u"Segs(0)"_s);
   ExpectThirdSegment(false);
   ExpectSame(two, Places());
 }
@@ -1225,7 +1191,7 @@ TEST_P(SplitExtremes, ShowNumbersOrNothing) {
     EXPECT_LE(field->text().size(), 400);
     ExpectNumbers();
     for (const auto& option : {u"Segs(0)"_s, u"System(1)"_s, u"Segs(1)"_s, u"System(0)"_s}) {
-      ClickOption(option);
+      Choose(option);
       ExpectNumbers();
     }
   }

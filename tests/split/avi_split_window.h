@@ -15,19 +15,16 @@ namespace brindle {
 
 /// The AVI split calculator, open, with its fields at hand. The built-in figures are 100 minutes
 /// PAL and two segments, 700 of 1300 MB, with a key frame every 10 seconds.
-class AviSplitWindow : public CalculatorWindow {
+class AviSplitWindow : public RecordingWindow {
  protected:
-  void OpenCalculator() {
-    window = Open(WindowId::AVISplit);
-    AVIsize = Find<TextField>(window, QStringLiteral("AVIsize"));
-    Frames = Find<TextField>(window, QStringLiteral("Frames"));
-    Size1 = Find<TextField>(window, QStringLiteral("Size1"));
-    Size2 = Find<TextField>(window, QStringLiteral("Size2"));
-    Size3 = Find<TextField>(window, QStringLiteral("Size3"));
-    KeyFs = Find<TextField>(window, QStringLiteral("KeyFs"));
-    KeyFr = Find<QLabel>(window, QStringLiteral("KeyFr"));
-    FirstRange = Find<TextField>(window, QStringLiteral("SetF(0)"));
-  }
+  AviSplitWindow()
+      : RecordingWindow(WindowId::AVISplit, {{"MovieLength", &Settings::MovieLength},
+                                             {"SplitAVISize", &Settings::SplitAVISize},
+                                             {"SplitSize1", &Settings::SplitSize1},
+                                             {"SplitSize2", &Settings::SplitSize2},
+                                             {"SplitSegmentsMode", &Settings::SplitSegmentsMode},
+                                             {"KeyframeInterval", &Settings::KeyframeInterval},
+                                             {"FrameRateSystem", &Settings::FrameRateSystem}}) {}
 
   /// Opens it for three segments of these sizes.
   void OpenThree(double megaBytes, double first, double second) {
@@ -52,8 +49,6 @@ class AviSplitWindow : public CalculatorWindow {
     Key(Qt::Key_Delete);
   }
 
-  void ClickOption(const QString& name) { Click(Find(window, name)); }
-
   /// The visible sizes, the whole file's first: "1300 700 600".
   [[nodiscard]] std::string Sizes() const {
     const auto sizes = Text("AVIsize") + " " + Text("Size1") + " " + Text("Size2");
@@ -71,11 +66,6 @@ class AviSplitWindow : public CalculatorWindow {
     return ranges;
   }
 
-  /// "1:40:00.00".
-  [[nodiscard]] std::string Duration() const {
-    return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3");
-  }
-
   /// Makes the next recomputation visible.
   void ArmRecomputation() { KeyFr->setText(QStringLiteral("untouched")); }
   [[nodiscard]] bool Recomputed() const { return Text("KeyFr") != "untouched"; }
@@ -88,6 +78,18 @@ class AviSplitWindow : public CalculatorWindow {
   TextField* KeyFs = nullptr;
   QLabel* KeyFr = nullptr;
   TextField* FirstRange = nullptr;
+
+ private:
+  void FindControls() override {
+    Take(AVIsize, "AVIsize");
+    Take(Frames, "Frames");
+    Take(Size1, "Size1");
+    Take(Size2, "Size2");
+    Take(Size3, "Size3");
+    Take(KeyFs, "KeyFs");
+    Take(KeyFr, "KeyFr");
+    Take(FirstRange, "SetF(0)");
+  }
 };
 
 }  // namespace brindle

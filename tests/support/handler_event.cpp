@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include <QAbstractButton>
 #include <QWidget>
 
 #include "tests/support/user.h"
@@ -41,7 +42,11 @@ void Prepare(Event event, QWidget* control, QWidget* elsewhere) {
 void Cause(Event event, QWidget* control, QWidget* elsewhere) {
   switch (event) {
     case Event::Click:
-      KeyDown(Qt::Key_Down);  // picks the next entry
+      if (qobject_cast<QAbstractButton*>(control) != nullptr) {
+        Click(control);
+      } else {
+        KeyDown(Qt::Key_Down);  // picks the next entry
+      }
       break;
     case Event::KeyPress:
       KeyDown(Qt::Key_Backspace);

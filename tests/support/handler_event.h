@@ -19,7 +19,7 @@ enum class Event { Click, KeyPress, KeyUp, GotFocus, LostFocus, MouseDown, Mouse
 /// `elsewhere` where it is to come from there, and the mouse button down where it is to be let go.
 void Prepare(Event event, QWidget* control, QWidget* elsewhere);
 
-/// Causes one event of a control, as a user does. A click picks the next entry of a list.
+/// Causes one event of a control, as a user does. That of a list picks its next entry.
 void Cause(Event event, QWidget* control, QWidget* elsewhere);
 
 }  // namespace brindle

@@ -3,6 +3,7 @@
 
 #include "video/advanced.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -12,19 +13,16 @@
 #include <string_view>
 #include <tuple>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QObject>
-#include <QPoint>
 #include <QPointer>
 #include <QString>
 #include <QTest>
 #include <QWidget>
-#include <QWindow>
 #include <gtest/gtest.h>
 
 #include "base/input/text_field.h"
@@ -32,7 +30,7 @@
 #include "base/settings/settings.h"
 #include "base/windows/window_list.h"
 #include "tests/support/calculator_window.h"
-#include "tests/support/handler_event.h"
+#include "tests/support/handler_table.h"
 #include "tests/support/named_case.h"
 #include "tests/support/user.h"
 
@@ -54,7 +52,7 @@ constexpr double Every400Ms = 0.05859375;
 constexpr std::array FieldNames{"Itime", "Iframe1", "Iframe2", "Iframe3"};
 
 /// All of the record that the window may write.
-struct Stored {
+struct WhatIsStored {
   double video = 0;
   double audio = 0;
   int option = 0;
@@ -66,19 +64,19 @@ struct Stored {
   double frames2 = 0;
   double frames3 = 0;
 
-  bool operator==(const Stored&) const = default;
+  bool operator==(const WhatIsStored&) const = default;
 };
 
-void PrintTo(const Stored& stored, std::ostream* out) {
+void PrintTo(const WhatIsStored& stored, std::ostream* out) {
   *out << "video " << stored.video << ", audio " << stored.audio << ", option " << stored.option
        << ", system " << stored.system << ", on " << stored.videoOn << ' ' << stored.audioOn
        << ", intervals " << stored.time << ' ' << stored.frames1 << ' ' << stored.frames2 << ' '
        << stored.frames3;
 }
 
-class AdvancedTest : public CalculatorWindow {
+class AdvancedTest : public RecordingWindow {
  protected:
-  void OpenAdvanced() { window = Open(WindowId::Advanced); }
+  AdvancedTest() : RecordingWindow(WindowId::Advanced, {}) {}
 
   /// Stores intervals that differ from each other and from what the fields hold at creation.
   void SetIntervals() {
@@ -103,7 +101,7 @@ class AdvancedTest : public CalculatorWindow {
     record.AudioInterleaveOverhead = 60;
   }
 
-  [[nodiscard]] Stored Now() const {
+  [[nodiscard]] WhatIsStored Now() const {
     return {.video = record.VideoFrameOverhead,
             .audio = record.AudioInterleaveOverhead,
             .option = record.InterleaveOption,
@@ -121,14 +119,6 @@ class AdvancedTest : public CalculatorWindow {
     return QString::fromLatin1(FieldNames.at(static_cast<std::size_t>(option - 1)));
   }
   [[nodiscard]] TextField* FieldOf(int option) const { return Field(FieldName(option)); }
-
-  /// Clicks a box or an option where its caption begins: it may be wider than that.
-  void Choose(const QString& name) const {
-    const auto* button = Find<QAbstractButton>(window, name);
-    const QPoint start(button->height() / 2, button->height() / 2);
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                      button->mapTo(window.data(), start));
-  }
 
   /// Types over what stands in the field; pastes, so that any text goes.
   void Enter(int option, const QString& text) const {
@@ -204,7 +194,7 @@ class AdvancedTest : public CalculatorWindow {
 };
 
 TEST_F(AdvancedTest, OpensWithTheBuiltInSettings) {
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(window->windowTitle(), u"Advanced"_s);
   EXPECT_TRUE(IsChecked(u"VOver"_s));
   EXPECT_TRUE(IsChecked(u"AOver"_s));
@@ -217,7 +207,7 @@ TEST_F(AdvancedTest, OpensWithTheBuiltInSettings) {
 }
 
 TEST_F(AdvancedTest, FocusIsInTheFirstControl) {
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(QApplication::focusWidget(), Find(window, u"VOver"_s));
 }
 
@@ -226,7 +216,7 @@ TEST_F(AdvancedTest, FieldsShowTheStoredNumbersAsTheyAre) {
   record.InterleaveFrames1 = -20;
   record.InterleaveFrames2 = 0;
   record.InterleaveFrames3 = 1e300;
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(Text("Itime"), "12.5");
   EXPECT_EQ(Text("Iframe1"), "-20");
   EXPECT_EQ(Text("Iframe2"), "0");
@@ -275,10 +265,10 @@ TEST_P(AdvancedLoads, FromTheRecord) {
   record.FrameRateSystem = static_cast<std::int16_t>(row.system);
   SetBoxes(static_cast<std::int16_t>(row.videoOn), static_cast<std::int16_t>(row.audioOn));
 
-  OpenAdvanced();
+  OpenCalculator();
 
-  EXPECT_EQ(Now(), (Stored{row.video, row.audio, row.storedOption, row.system, row.videoOn,
-                           row.audioOn, 500, 2, 3, 4}));
+  EXPECT_EQ(Now(), (WhatIsStored{row.video, row.audio, row.storedOption, row.system, row.videoOn,
+                                 row.audioOn, 500, 2, 3, 4}));
   EXPECT_EQ(Selected(), row.selected);
   EXPECT_EQ(IsChecked(u"VOver"_s), row.videoOn == 1);
   EXPECT_EQ(IsChecked(u"AOver"_s), row.audioOn == 1);
@@ -349,7 +339,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(AdvancedTest, ARecordOfZerosLoadsAndTakesAnOption) {
   record = Settings();
   record.AppFolder = folder.path();
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(Selected(), 0);
   EXPECT_EQ(Enabled(), "");
   Choose(u"AOver"_s);
@@ -364,16 +354,16 @@ TEST_F(AdvancedTest, ARecordOfZerosLoadsAndTakesAnOption) {
 
 TEST_F(AdvancedTest, AStrangeFrameRateCountsNoFramesUntilAnOptionChangesIt) {
   record.FrameRateSystem = 7;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   Choose(u"AOver"_s);
-  EXPECT_EQ(Now(), (Stored{0, 0, 9, 7, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 0, 9, 7, 1, 1, 400, 1, 1, 1}));
   EXPECT_EQ(Enabled(), "1234");
 
   Choose(OptionName(3));
-  EXPECT_EQ(Now(), (Stored{0, EveryFrameAt23, 3, 1, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, EveryFrameAt23, 3, 1, 1, 1, 400, 1, 1, 1}));
   Choose(u"VOver"_s);
   Choose(u"VOver"_s);
   EXPECT_EQ(record.VideoFrameOverhead, FramesAt23);
@@ -384,30 +374,30 @@ TEST_F(AdvancedTest, OkWithNoOptionSelectedCountsNoInterleaving) {
   record.AdvancedCaller = 1;
   auto* opener = Open(WindowId::BitrateCalc);
   EXPECT_EQ(InterlOf(opener), "ON");
-  OpenAdvanced();
+  OpenCalculator();
   ClickOk();
-  EXPECT_EQ(Now(), (Stored{0, 0, 9, 7, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 0, 9, 7, 1, 1, 400, 1, 1, 1}));
   EXPECT_EQ(InterlOf(opener), "OFF");
 }
 
 TEST_F(AdvancedTest, UntickingTheFramesBoxCountsNoFrames) {
   SetIntervals();
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   EXPECT_FALSE(IsChecked(u"VOver"_s));
-  EXPECT_EQ(Now(), (Stored{0, 23.4375 / 80, 2, 0, 0, 1, 500, 2, 3, 4}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 23.4375 / 80, 2, 0, 0, 1, 500, 2, 3, 4}));
   EXPECT_EQ(Enabled(), "1234 Iframe1");
   Choose(u"VOver"_s);
   EXPECT_TRUE(IsChecked(u"VOver"_s));
-  EXPECT_EQ(Now(), (Stored{FramesAt25, 23.4375 / 80, 2, 0, 1, 1, 500, 2, 3, 4}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt25, 23.4375 / 80, 2, 0, 1, 1, 500, 2, 3, 4}));
 }
 
 TEST_F(AdvancedTest, UntickingTheInterleavingBoxDisablesItsOptionsAndFields) {
   SetIntervals();
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"AOver"_s);
   EXPECT_FALSE(IsChecked(u"AOver"_s));
-  EXPECT_EQ(Now(), (Stored{FramesAt25, 0, 2, 0, 1, 0, 500, 2, 3, 4}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt25, 0, 2, 0, 1, 0, 500, 2, 3, 4}));
   EXPECT_EQ(Enabled(), "");
   EXPECT_EQ(Selected(), 2);
 }
@@ -418,7 +408,7 @@ TEST_F(AdvancedTest, TickingTheInterleavingBoxEnablesTheChosenFieldOnly) {
   for (int option = 1; option <= 4; ++option) {
     SetOption(option);
     SetBoxes(0, 0);
-    OpenAdvanced();
+    OpenCalculator();
     EXPECT_EQ(Enabled(), "");
     Choose(u"AOver"_s);
     EXPECT_EQ(record.AudioOverheadOn, 1);
@@ -431,14 +421,14 @@ TEST_F(AdvancedTest, TickingTheInterleavingBoxEnablesTheChosenFieldOnly) {
 }
 
 TEST_F(AdvancedTest, BothBoxesUntickedCountNothing) {
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
-  EXPECT_EQ(Now(), (Stored{0, 0, 2, 0, 0, 0, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 0, 2, 0, 0, 0, 400, 1, 1, 1}));
 }
 
 TEST_F(AdvancedTest, BoxesAreTickedByTheKeyboardToo) {
-  OpenAdvanced();
+  OpenCalculator();
   TabTo(Find(window, u"AOver"_s));
   Key(Qt::Key_Space);
   EXPECT_EQ(record.AudioOverheadOn, 0);
@@ -452,7 +442,7 @@ TEST_F(AdvancedTest, BoxesAreTickedByTheKeyboardToo) {
 // Opening counts interleaving whatever its box says; the first click on a box puts it right.
 TEST_F(AdvancedTest, AnUntickedInterleavingBoxCountsOnlyUntilABoxIsClicked) {
   SetBoxes(0, 0);
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(record.AudioInterleaveOverhead, EveryFrameAt25);
   Choose(u"VOver"_s);
   EXPECT_EQ(record.VideoFrameOverhead, FramesAt25);
@@ -461,7 +451,7 @@ TEST_F(AdvancedTest, AnUntickedInterleavingBoxCountsOnlyUntilABoxIsClicked) {
 
 TEST_F(AdvancedTest, AStrangeFlagIsStoredAnewAtTheFirstClickOfItsBox) {
   SetBoxes(2, 2);
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   EXPECT_EQ(record.VideoOverheadOn, 1);
@@ -471,7 +461,7 @@ TEST_F(AdvancedTest, AStrangeFlagIsStoredAnewAtTheFirstClickOfItsBox) {
 // The box changes nothing in the frame rate while it is not ticked.
 TEST_F(AdvancedTest, AnUntickedInterleavingBoxLeavesOptionAndFrameRate) {
   SetBoxes(1, 0);
-  OpenAdvanced();
+  OpenCalculator();
   record.FrameRateSystem = 2;  // by another window
   record.InterleaveOption = 1;
   Choose(u"VOver"_s);
@@ -480,7 +470,7 @@ TEST_F(AdvancedTest, AnUntickedInterleavingBoxLeavesOptionAndFrameRate) {
 }
 
 TEST_F(AdvancedTest, TheFramesAreCountedAtTheRateFromBeforeTheOptionChangesItBack) {
-  OpenAdvanced();
+  OpenCalculator();
   record.FrameRateSystem = 1;  // by another window
   Choose(u"AOver"_s);
   EXPECT_EQ(record.VideoFrameOverhead, FramesAt23);
@@ -501,7 +491,7 @@ TEST_P(AdvancedChoice, ChangesTheFrameRateButCountsFramesAtTheOldOne) {
   if (from == 1) {
     record.FrameRateSystem = 1;
   }
-  OpenAdvanced();
+  OpenCalculator();
   ASSERT_EQ(Selected(), from);
   ArmRecomputation();
 
@@ -513,17 +503,17 @@ TEST_P(AdvancedChoice, ChangesTheFrameRateButCountsFramesAtTheOldOne) {
   const int before = from == 1 ? 1 : from - 2;
   const int after = to == 1 ? before : to - 2;
   const auto expected = from == to  // not a click: it was selected before
-                            ? Stored{50, 60, from, before, 1, 1, 500, 2, 3, 4}
-                            : Stored{frames.at(static_cast<std::size_t>(before)),
-                                     intervals.at(static_cast<std::size_t>(to - 1)),
-                                     to,
-                                     after,
-                                     1,
-                                     1,
-                                     500,
-                                     2,
-                                     3,
-                                     4};
+                            ? WhatIsStored{50, 60, from, before, 1, 1, 500, 2, 3, 4}
+                            : WhatIsStored{frames.at(static_cast<std::size_t>(before)),
+                                           intervals.at(static_cast<std::size_t>(to - 1)),
+                                           to,
+                                           after,
+                                           1,
+                                           1,
+                                           500,
+                                           2,
+                                           3,
+                                           4};
   EXPECT_EQ(Now(), expected);
   EXPECT_EQ(Selected(), to);
   EXPECT_EQ(Enabled(), "1234 " + FieldName(to).toStdString());
@@ -538,28 +528,28 @@ INSTANTIATE_TEST_SUITE_P(FromTo, AdvancedChoice,
 
 TEST_F(AdvancedTest, AnOptionWithoutTheFramesBoxCountsNoFrames) {
   SetBoxes(0, 1);
-  OpenAdvanced();
+  OpenCalculator();
   Choose(OptionName(4));
-  EXPECT_EQ(Now(), (Stored{0, EveryFrameAt29, 4, 2, 0, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, EveryFrameAt29, 4, 2, 0, 1, 400, 1, 1, 1}));
 }
 
 TEST_F(AdvancedTest, OptionsCannotBeClickedWhileTheBoxIsUnticked) {
   SetBoxes(1, 0);
-  OpenAdvanced();
+  OpenCalculator();
   ArmRecomputation();
   for (int option = 1; option <= 4; ++option) {
     Choose(OptionName(option));
   }
-  EXPECT_EQ(Now(), (Stored{50, 60, 2, 0, 1, 0, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{50, 60, 2, 0, 1, 0, 400, 1, 1, 1}));
   EXPECT_EQ(Selected(), 2);
 }
 
 TEST_F(AdvancedTest, ArrowKeysChooseTheOptionBelow) {
-  OpenAdvanced();
+  OpenCalculator();
   TabTo(Find(window, OptionName(2)));
   Key(Qt::Key_Down);
   EXPECT_EQ(Selected(), 3);
-  EXPECT_EQ(Now(), (Stored{FramesAt25, EveryFrameAt23, 3, 1, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt25, EveryFrameAt23, 3, 1, 1, 1, 400, 1, 1, 1}));
   EXPECT_EQ(Enabled(), "1234 Iframe2");
 }
 
@@ -585,7 +575,7 @@ class EnabledChanges : public QObject {
 };
 
 TEST_F(AdvancedTest, AChoiceTouchesOnlyTheTwoFieldsThatChange) {
-  OpenAdvanced();
+  OpenCalculator();
   EnabledChanges changes;
   for (int option = 1; option <= 4; ++option) {
     changes.Watch(FieldOf(option));
@@ -616,7 +606,7 @@ TEST_P(AdvancedInterval, IsTakenAsItStandsByAClick) {
   for (int option = 1; option <= 4; ++option) {
     SetOption(option);
     SetBoxes(1, 1);
-    OpenAdvanced();
+    OpenCalculator();
     Enter(option, text);
     ArmRecomputation();
     const double scale = option == 3 ? 23.976 / 25 : option == 4 ? 29.97 / 25 : 1;
@@ -670,47 +660,39 @@ INSTANTIATE_TEST_SUITE_P(
                       IntervalCase{"AboveTheLimits", "1000000", 0.0000234375, 5.859375e-7}),
     NameOf);
 
-class AdvancedFieldEvents : public AdvancedTest,
-                            public ::testing::WithParamInterface<std::tuple<int, Event>> {};
+class AdvancedFieldEvents : public HandlerTable<AdvancedTest> {};
 
 // The focus selects; no event stores, recomputes or repairs anything.
 TEST_P(AdvancedFieldEvents, OnlySelectWhenTheFocusComes) {
-  const auto [option, event] = GetParam();
-  SetOption(option);
-  OpenAdvanced();
-  auto* field = FieldOf(option);
-  auto* elsewhere = Find(window, u"Command1"_s);
-  Prepare(event, field, elsewhere);
-  for (const auto* name : FieldNames) {
-    Field(QString::fromLatin1(name))->setText(u"12345678901x"_s);
-  }
+  const auto& [control, event] = std::tie(GetParam().control, GetParam().event);
+  const auto* place = std::find(FieldNames.begin(), FieldNames.end(), control);
+  SetOption(static_cast<int>(place - FieldNames.begin()) + 1);
+  OpenForRow(u"Command1"_s);
+  SetFields(Names(FieldNames.begin(), FieldNames.end()), u"12345678901x"_s);
   ArmRecomputation();
   const auto before = Now();
   const auto enabledBefore = Enabled();
 
-  Cause(event, field, elsewhere);
+  Happen();
 
   EXPECT_EQ(Now(), before);
   EXPECT_EQ(Enabled(), enabledBefore);
-  EXPECT_EQ(field->selectedText(), event == Event::GotFocus ? u"1234567890"_s : QString());
+  EXPECT_EQ(Field(QString::fromStdString(control))->selectedText(),
+            event == Event::GotFocus ? u"1234567890"_s : QString());
   for (const auto* name : FieldNames) {
-    const bool backspaced = event == Event::KeyPress && field->objectName().toStdString() == name;
-    EXPECT_EQ(Text(name), backspaced ? "12345678901" : "12345678901x");
+    const bool isBackspaced = event == Event::KeyPress && name == control;
+    EXPECT_EQ(Text(name), isBackspaced ? "12345678901" : "12345678901x");
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    EveryField, AdvancedFieldEvents,
-    ::testing::Combine(::testing::Range(1, 5),
-                       ::testing::Values(Event::KeyPress, Event::KeyUp, Event::GotFocus,
-                                         Event::LostFocus, Event::MouseDown, Event::MouseUp)),
-    [](const auto& instance) {
-      return std::string(FieldNames.at(static_cast<std::size_t>(std::get<0>(instance.param) - 1))) +
-             EventName(std::get<1>(instance.param));
-    });
+INSTANTIATE_TEST_SUITE_P(EveryField, AdvancedFieldEvents,
+                         Rows(WithoutHandler({FieldNames.begin(), FieldNames.end()},
+                                             {Event::KeyPress, Event::KeyUp, Event::GotFocus,
+                                              Event::LostFocus, Event::MouseDown, Event::MouseUp})),
+                         RowName);
 
 TEST_F(AdvancedTest, TypingInAFieldStoresNothingYet) {
-  OpenAdvanced();
+  OpenCalculator();
   TabTo(FieldOf(2));
   EXPECT_EQ(FieldOf(2)->selectedText(), u"1"_s);
   ArmRecomputation();
@@ -718,18 +700,18 @@ TEST_F(AdvancedTest, TypingInAFieldStoresNothingYet) {
   EXPECT_EQ(Text("Iframe1"), "-3.5x");
   Key(Qt::Key_Tab);
   EXPECT_EQ(Text("Iframe1"), "-3.5x");
-  EXPECT_EQ(Now(), (Stored{50, 60, 2, 0, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{50, 60, 2, 0, 1, 1, 400, 1, 1, 1}));
 }
 
 TEST_F(AdvancedTest, TheClickThatBringsTheFocusKeepsTheSelection) {
   record.InterleaveFrames1 = 123456789012;
-  OpenAdvanced();
+  OpenCalculator();
   Click(FieldOf(2));
   EXPECT_EQ(FieldOf(2)->selectedText(), u"1234567890"_s);
 }
 
 TEST_F(AdvancedTest, TabbingThroughTheWindowStoresNothing) {
-  OpenAdvanced();
+  OpenCalculator();
   ArmRecomputation();
   auto* first = QApplication::focusWidget();
   int stops = 0;
@@ -738,7 +720,7 @@ TEST_F(AdvancedTest, TabbingThroughTheWindowStoresNothing) {
     ++stops;
   } while (QApplication::focusWidget() != first && stops < 50);
   EXPECT_EQ(stops, 5) << "two boxes, the options, the field and the button";
-  EXPECT_EQ(Now(), (Stored{50, 60, 2, 0, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{50, 60, 2, 0, 1, 1, 400, 1, 1, 1}));
 }
 
 struct AcceptedCase {
@@ -752,7 +734,7 @@ class AdvancedAccepts : public AdvancedTest {
  protected:
   void ExpectAccepted(int option, const AcceptedCase& row) {
     SetOption(option);
-    OpenAdvanced();
+    OpenCalculator();
     Enter(option, QString::fromLatin1(row.text.data(), static_cast<qsizetype>(row.text.size())));
     auto written = Text(FieldName(option));
     QObject::connect(FieldOf(option), &QLineEdit::textChanged, FieldOf(option),
@@ -839,39 +821,39 @@ TEST_F(AdvancedTest, OkRepairsAndStoresTheDisabledFieldsToo) {
   record.InterleaveFrames1 = -3.5;
   record.InterleaveFrames2 = 0;
   record.InterleaveFrames3 = 20000;
-  OpenAdvanced();
+  OpenCalculator();
   ClickOk();
-  EXPECT_EQ(Now(), (Stored{FramesAt25, 0.5859375, 1, 0, 1, 1, 40, 4, 1, 10000}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt25, 0.5859375, 1, 0, 1, 1, 40, 4, 1, 10000}));
 }
 
 TEST_F(AdvancedTest, OkStoresTheFieldsThoughBothBoxesAreUnticked) {
   SetBoxes(0, 0);
   record.InterleaveTime = -500;
   record.InterleaveFrames1 = -20;
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(record.AudioInterleaveOverhead, EveryFrameAt25);
   ClickOk();
-  EXPECT_EQ(Now(), (Stored{0, 0, 2, 0, 0, 0, 40, 20, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 0, 2, 0, 0, 0, 40, 20, 1, 1}));
 }
 
 // Frames by the rate that another window chose; then the selected option sets it back.
 TEST_F(AdvancedTest, OkCountsFramesAtTheRateFromBeforeTheOptionSetsIt) {
-  OpenAdvanced();
+  OpenCalculator();
   record.FrameRateSystem = 1;
   ClickOk();
-  EXPECT_EQ(Now(), (Stored{FramesAt23, EveryFrameAt25, 2, 0, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt23, EveryFrameAt25, 2, 0, 1, 1, 400, 1, 1, 1}));
 }
 
 TEST_F(AdvancedTest, OkCountsFramesAtTheRateThatTheLastChoiceSet) {
-  OpenAdvanced();
+  OpenCalculator();
   Choose(OptionName(4));
   EXPECT_EQ(record.VideoFrameOverhead, FramesAt25);
   ClickOk();
-  EXPECT_EQ(Now(), (Stored{FramesAt29, EveryFrameAt29, 4, 2, 1, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{FramesAt29, EveryFrameAt29, 4, 2, 1, 1, 400, 1, 1, 1}));
 }
 
 TEST_F(AdvancedTest, OkByTheKeyboard) {
-  OpenAdvanced();
+  OpenCalculator();
   TabTo(FieldOf(2));
   TypeOver(u"-3.5"_s);
   TabTo(Find(window, u"Command1"_s));
@@ -883,11 +865,11 @@ TEST_F(AdvancedTest, OkByTheKeyboard) {
 }
 
 TEST_F(AdvancedTest, AnAcceptedIntervalStandsThereWhenTheWindowIsOpenedAgain) {
-  OpenAdvanced();
+  OpenCalculator();
   Choose(OptionName(3));
   Enter(3, u"-3.5"_s);
   ClickOk();
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(Selected(), 3);
   EXPECT_EQ(Text("Iframe2"), "4");
   EXPECT_EQ(Enabled(), "1234 Iframe2");
@@ -899,7 +881,7 @@ TEST_F(AdvancedTest, OkRefreshesTheVideoWindowThatOpenedIt) {
   ASSERT_EQ(ResultOf(video), "841");
   ASSERT_EQ(ResultOf(audio), "205");
   record.AdvancedCaller = 1;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   EXPECT_EQ(ResultOf(video), "841");
@@ -916,7 +898,7 @@ TEST_F(AdvancedTest, OkRefreshesTheAudioWindowThatOpenedIt) {
   auto* video = Open(WindowId::BitrateCalc);
   auto* audio = Open(WindowId::AudioCalc);
   record.AdvancedCaller = 2;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   EXPECT_EQ(ResultOf(audio), "205");
@@ -936,7 +918,7 @@ TEST_F(AdvancedTest, OkTurnsTheLabelOnAgain) {
   ASSERT_EQ(InterlOf(video), "OFF");
   ASSERT_EQ(ResultOf(video), "851");
   record.AdvancedCaller = 1;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   EXPECT_EQ(InterlOf(video), "OFF");
   ClickOk();
@@ -947,14 +929,14 @@ TEST_F(AdvancedTest, OkTurnsTheLabelOnAgain) {
 TEST_F(AdvancedTest, OkForAnyoneElseRefreshesAndMakesNothing) {
   for (const int caller : {3, -1, 32767, 0}) {
     record.AdvancedCaller = static_cast<std::int16_t>(caller);
-    OpenAdvanced();
+    OpenCalculator();
     ClickOk();
     EXPECT_EQ(Existing(u"BitrateCalc"_s), nullptr) << caller;
     EXPECT_EQ(Existing(u"AudioCalc"_s), nullptr) << caller;
   }
   auto* video = Open(WindowId::BitrateCalc);
   auto* audio = Open(WindowId::AudioCalc);
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   ClickOk();
@@ -982,7 +964,7 @@ class AdvancedOpener : public AdvancedTest, public ::testing::WithParamInterface
 
 TEST_P(AdvancedOpener, IsLoadedByOkWithoutBeingShown) {
   record.AdvancedCaller = GetParam().caller;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   ASSERT_EQ(Existing(Name()), nullptr);
@@ -997,7 +979,7 @@ TEST_P(AdvancedOpener, IsLoadedByOkWithoutBeingShown) {
 
 TEST_P(AdvancedOpener, ThatOkLoadedIsLoadedAfreshByItsNextShow) {
   record.AdvancedCaller = GetParam().caller;
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   ClickOk();
@@ -1011,11 +993,11 @@ TEST_P(AdvancedOpener, ThatOkLoadedIsLoadedAfreshByItsNextShow) {
 
 TEST_P(AdvancedOpener, ThatOkLoadedIsLoadedAfreshByTheNextOk) {
   record.AdvancedCaller = GetParam().caller;
-  OpenAdvanced();
+  OpenCalculator();
   ClickOk();
   ASSERT_NE(Existing(Name()), nullptr);
   record.MovieLength = 55;  // another window
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   ClickOk();
@@ -1029,7 +1011,7 @@ TEST_P(AdvancedOpener, ThatOkLoadedIsLoadedAfreshByTheNextOk) {
 
 TEST_P(AdvancedOpener, IsNotMadeByClosingWithoutOk) {
   record.AdvancedCaller = GetParam().caller;
-  OpenAdvanced();
+  OpenCalculator();
   window->close();
   EXPECT_EQ(Existing(Name()), nullptr);
   EXPECT_EQ(window, nullptr);
@@ -1039,7 +1021,7 @@ TEST_P(AdvancedOpener, StaysWhereItIsAtOk) {
   record.AdvancedCaller = GetParam().caller;
   auto* opener = Open(GetParam().id);
   opener->showMinimized();
-  OpenAdvanced();
+  OpenCalculator();
   Choose(u"VOver"_s);
   Choose(u"AOver"_s);
   ClickOk();
@@ -1087,7 +1069,7 @@ TEST_P(AdvancedClosing, KeepsWhatTheClicksStoredAndRepairsNothing) {
   }
   RunDeletions();
   EXPECT_EQ(window, nullptr);
-  EXPECT_EQ(Now(), (Stored{0, 23.4375 / (2.5 * (1000 / 29.97)), 4, 2, 0, 1, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 23.4375 / (2.5 * (1000 / 29.97)), 4, 2, 0, 1, 400, 1, 1, 1}));
   EXPECT_EQ(ResultOf(video), "841");
   EXPECT_EQ(TextIn(video, u"Stat(2)"_s), "6.9MB");
   EXPECT_EQ(InterlOf(video), "ON");
@@ -1108,7 +1090,7 @@ TEST_P(AdvancedClosing, LeavesAnOpenerOnThoughNothingIsCounted) {
   }
   RunDeletions();
   EXPECT_EQ(window, nullptr);
-  EXPECT_EQ(Now(), (Stored{0, 0, 2, 0, 0, 0, 400, 1, 1, 1}));
+  EXPECT_EQ(Now(), (WhatIsStored{0, 0, 2, 0, 0, 0, 400, 1, 1, 1}));
   EXPECT_EQ(ResultOf(audio), "205");
   EXPECT_EQ(InterlOf(audio), "ON");
 }
@@ -1118,11 +1100,11 @@ INSTANTIATE_TEST_SUITE_P(Ways, AdvancedClosing, ::testing::Bool(), [](const auto
 });
 
 TEST_F(AdvancedTest, WhatWasTypedBeforeEscapeIsGone) {
-  OpenAdvanced();
+  OpenCalculator();
   Enter(2, u"50"_s);
   Key(Qt::Key_Escape);
   RunDeletions();
-  OpenAdvanced();
+  OpenCalculator();
   EXPECT_EQ(Text("Iframe1"), "1");
   EXPECT_EQ(record.AudioInterleaveOverhead, EveryFrameAt25);
 }

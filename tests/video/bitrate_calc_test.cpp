@@ -17,7 +17,7 @@
 #include <gtest/gtest.h>
 
 #include "base/numbers/numeric_text.h"
-#include "tests/support/handler_event.h"
+#include "tests/support/handler_table.h"
 #include "tests/video/bitrate_window.h"
 
 namespace brindle {
@@ -25,129 +25,100 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// One event of one control, and all that it does: whether the window recomputes, and which of the
-// five input fields, all of them emptied before, hold something afterwards.
-struct HandlerCase {
-  std::string control;
-  Event event = Event::Click;
-  bool recomputes = false;
-  std::set<std::string> filled;
-};
+const Names All{"Audio", "Capacity", "CDs", "Extra", "MLength"};
 
-void PrintTo(const HandlerCase& instance, std::ostream* out) { *out << instance.control; }
-
-const std::set<std::string> None;
-const std::set<std::string> All{"Audio", "Capacity", "CDs", "Extra", "MLength"};
-
-std::set<std::string> AllBut(const std::string& name) {
+Names AllBut(const std::string& name) {
   auto names = All;
   names.erase(name);
   return names;
 }
 
-class BitrateHandlers : public BitrateWindow, public ::testing::WithParamInterface<HandlerCase> {};
+class BitrateHandlers : public HandlerTable<BitrateWindow> {};
 
 TEST_P(BitrateHandlers, DoWhatTheirTableSays) {
-  const auto& [control, event, recomputes, filled] = GetParam();
-  OpenCalculator();
-  auto* target = Find(window, QString::fromStdString(control));
-  auto* elsewhere = Result;  // has no handlers
-  Prepare(event, target, elsewhere);
-  for (const auto& name : All) {
-    Field(QString::fromStdString(name))->setText({});
-  }
-  ArmRecomputation();
-  const auto overheadBefore = Text("Stat(2)");
-
-  Cause(event, target, elsewhere);
-
-  EXPECT_EQ(Text("Stat(2)") != overheadBefore, recomputes);
-  std::set<std::string> holding;
-  for (const auto& name : All) {
-    if (!Text(name.c_str()).empty()) {
-      holding.insert(name);
-    }
-  }
-  EXPECT_EQ(holding, filled);
+  OpenForRow(u"Result"_s);
+  EmptyFields(All);
+  Happen();
+  EXPECT_EQ(Recomputed(), GetParam().recomputes);
+  ExpectFills(All);
 }
-
-const auto HandlerName = [](const auto& instance) {
-  return instance.param.control + EventName(instance.param.event);
-};
 
 INSTANTIATE_TEST_SUITE_P(
     Lists, BitrateHandlers,
-    ::testing::Values(HandlerCase{"Audio", Event::Click, true, {"Audio"}},
-                      HandlerCase{"Audio", Event::KeyPress, false, None},
-                      HandlerCase{"Audio", Event::KeyUp, true, None},
-                      HandlerCase{"Audio", Event::GotFocus, false, AllBut("Audio")},
-                      HandlerCase{"Audio", Event::LostFocus, true, None},
-                      HandlerCase{"Audio", Event::MouseDown, false, None},
-                      HandlerCase{"Audio", Event::MouseUp, false, None},
-                      HandlerCase{"CDs", Event::Click, true, {"CDs"}},
-                      HandlerCase{"CDs", Event::KeyPress, false, None},
-                      HandlerCase{"CDs", Event::KeyUp, true, None},
-                      HandlerCase{"CDs", Event::GotFocus, false, AllBut("CDs")},
-                      HandlerCase{"CDs", Event::LostFocus, true, All},
-                      HandlerCase{"CDs", Event::MouseDown, false, None},
-                      HandlerCase{"CDs", Event::MouseUp, false, None},
-                      HandlerCase{"Capacity", Event::Click, true, {"Capacity"}},
-                      HandlerCase{"Capacity", Event::KeyPress, false, None},
-                      HandlerCase{"Capacity", Event::KeyUp, true, None},
-                      HandlerCase{"Capacity", Event::GotFocus, false, AllBut("Capacity")},
-                      HandlerCase{"Capacity", Event::LostFocus, true, All},
-                      HandlerCase{"Capacity", Event::MouseDown, false, None},
-                      HandlerCase{"Capacity", Event::MouseUp, false, None}),
-    HandlerName);
+    Rows({{.control = "Audio", .event = Event::Click, .recomputes = true, .fills = {"Audio"}},
+          {.control = "Audio", .event = Event::KeyPress},
+          {.control = "Audio", .event = Event::KeyUp, .recomputes = true},
+          {.control = "Audio", .event = Event::GotFocus, .fills = AllBut("Audio")},
+          {.control = "Audio", .event = Event::LostFocus, .recomputes = true},
+          {.control = "Audio", .event = Event::MouseDown},
+          {.control = "Audio", .event = Event::MouseUp},
+          {.control = "CDs", .event = Event::Click, .recomputes = true, .fills = {"CDs"}},
+          {.control = "CDs", .event = Event::KeyPress},
+          {.control = "CDs", .event = Event::KeyUp, .recomputes = true},
+          {.control = "CDs", .event = Event::GotFocus, .fills = AllBut("CDs")},
+          {.control = "CDs", .event = Event::LostFocus, .recomputes = true, .fills = All},
+          {.control = "CDs", .event = Event::MouseDown},
+          {.control = "CDs", .event = Event::MouseUp},
+          {.control = "Capacity", .event = Event::Click, .recomputes = true, .fills = {"Capacity"}},
+          {.control = "Capacity", .event = Event::KeyPress},
+          {.control = "Capacity", .event = Event::KeyUp, .recomputes = true},
+          {.control = "Capacity", .event = Event::GotFocus, .fills = AllBut("Capacity")},
+          {.control = "Capacity", .event = Event::LostFocus, .recomputes = true, .fills = All},
+          {.control = "Capacity", .event = Event::MouseDown},
+          {.control = "Capacity", .event = Event::MouseUp}}),
+    RowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, BitrateHandlers,
-    ::testing::Values(HandlerCase{"MLength", Event::KeyPress, false, None},
-                      HandlerCase{"MLength", Event::KeyUp, true, AllBut("MLength")},
-                      HandlerCase{"MLength", Event::GotFocus, false, None},
-                      HandlerCase{"MLength", Event::LostFocus, true, All},
-                      HandlerCase{"MLength", Event::MouseDown, true, AllBut("MLength")},
-                      HandlerCase{"MLength", Event::MouseUp, false, None},
-                      HandlerCase{"Extra", Event::KeyPress, false, None},
-                      HandlerCase{"Extra", Event::KeyUp, true, None},
-                      HandlerCase{"Extra", Event::GotFocus, false, AllBut("Extra")},
-                      HandlerCase{"Extra", Event::LostFocus, false, None},
-                      HandlerCase{"Extra", Event::MouseDown, false, None},
-                      HandlerCase{"Extra", Event::MouseUp, true, None}),
-    HandlerName);
+    Rows({{.control = "MLength", .event = Event::KeyPress},
+          {.control = "MLength",
+           .event = Event::KeyUp,
+           .recomputes = true,
+           .fills = AllBut("MLength")},
+          {.control = "MLength", .event = Event::GotFocus},
+          {.control = "MLength", .event = Event::LostFocus, .recomputes = true, .fills = All},
+          {.control = "MLength",
+           .event = Event::MouseDown,
+           .recomputes = true,
+           .fills = AllBut("MLength")},
+          {.control = "MLength", .event = Event::MouseUp},
+          {.control = "Extra", .event = Event::KeyPress},
+          {.control = "Extra", .event = Event::KeyUp, .recomputes = true},
+          {.control = "Extra", .event = Event::GotFocus, .fills = AllBut("Extra")},
+          {.control = "Extra", .event = Event::LostFocus},
+          {.control = "Extra", .event = Event::MouseDown},
+          {.control = "Extra", .event = Event::MouseUp, .recomputes = true}}),
+    RowName);
 
 // The running time stands in the three fields, so that MLength is filled from them.
 INSTANTIATE_TEST_SUITE_P(
     TimeFields, BitrateHandlers,
-    ::testing::Values(HandlerCase{"Time1", Event::KeyPress, false, None},
-                      HandlerCase{"Time1", Event::KeyUp, true, All},
-                      HandlerCase{"Time1", Event::GotFocus, false, None},
-                      HandlerCase{"Time1", Event::LostFocus, true, {"MLength"}},
-                      HandlerCase{"Time1", Event::MouseDown, true, All},
-                      HandlerCase{"Time1", Event::MouseUp, false, None},
-                      HandlerCase{"Time2", Event::KeyPress, false, None},
-                      HandlerCase{"Time2", Event::KeyUp, true, All},
-                      HandlerCase{"Time2", Event::GotFocus, false, None},
-                      HandlerCase{"Time2", Event::LostFocus, true, {"MLength"}},
-                      HandlerCase{"Time2", Event::MouseDown, true, All},
-                      HandlerCase{"Time2", Event::MouseUp, false, None},
-                      HandlerCase{"Time3", Event::KeyPress, false, None},
-                      HandlerCase{"Time3", Event::KeyUp, true, All},
-                      HandlerCase{"Time3", Event::GotFocus, false, None},
-                      HandlerCase{"Time3", Event::LostFocus, true, {"MLength"}},
-                      HandlerCase{"Time3", Event::MouseDown, true, All},
-                      HandlerCase{"Time3", Event::MouseUp, false, None}),
-    HandlerName);
+    Rows({{.control = "Time1", .event = Event::KeyPress},
+          {.control = "Time1", .event = Event::KeyUp, .recomputes = true, .fills = All},
+          {.control = "Time1", .event = Event::GotFocus},
+          {.control = "Time1", .event = Event::LostFocus, .recomputes = true, .fills = {"MLength"}},
+          {.control = "Time1", .event = Event::MouseDown, .recomputes = true, .fills = All},
+          {.control = "Time1", .event = Event::MouseUp},
+          {.control = "Time2", .event = Event::KeyPress},
+          {.control = "Time2", .event = Event::KeyUp, .recomputes = true, .fills = All},
+          {.control = "Time2", .event = Event::GotFocus},
+          {.control = "Time2", .event = Event::LostFocus, .recomputes = true, .fills = {"MLength"}},
+          {.control = "Time2", .event = Event::MouseDown, .recomputes = true, .fills = All},
+          {.control = "Time2", .event = Event::MouseUp},
+          {.control = "Time3", .event = Event::KeyPress},
+          {.control = "Time3", .event = Event::KeyUp, .recomputes = true, .fills = All},
+          {.control = "Time3", .event = Event::GotFocus},
+          {.control = "Time3", .event = Event::LostFocus, .recomputes = true, .fills = {"MLength"}},
+          {.control = "Time3", .event = Event::MouseDown, .recomputes = true, .fills = All},
+          {.control = "Time3", .event = Event::MouseUp}}),
+    RowName);
 
 // Controls without any handler.
 INSTANTIATE_TEST_SUITE_P(Outputs, BitrateHandlers,
-                         ::testing::Values(HandlerCase{"Qual", Event::MouseDown, false, None},
-                                           HandlerCase{"Stat(0)", Event::MouseDown, false, None},
-                                           HandlerCase{"Interl", Event::MouseDown, false, None}),
-                         [](const auto& instance) {
-                           return "Control" + std::to_string(instance.index) +
-                                  EventName(instance.param.event);
-                         });
+                         Rows({{.control = "Qual", .event = Event::MouseDown},
+                               {.control = "Stat(0)", .event = Event::MouseDown},
+                               {.control = "Interl", .event = Event::MouseDown}}),
+                         RowName);
 
 class BitrateCalcTest : public BitrateWindow {};
 
@@ -155,7 +126,7 @@ TEST_F(BitrateCalcTest, OpensWithTheBuiltInFigures) {
   OpenCalculator();
   EXPECT_EQ(window->windowTitle(), u"Velbrin's Brindle 2 : Video Bitrate Calc"_s);
   EXPECT_EQ(Text("MLength"), "100");
-  EXPECT_EQ(Time(), "1:40:00.00");
+  EXPECT_EQ(Duration(), "1:40:00.00");
   EXPECT_EQ(Text("Audio"), "128");
   EXPECT_EQ(Text("CDs"), "1");
   EXPECT_EQ(Text("Capacity"), "700");
@@ -219,7 +190,7 @@ TEST_F(BitrateCalcTest, RunningTimeOf125AndAHalfShowsItsParts) {
   record.MovieLength = 125.5;
   OpenCalculator();
   EXPECT_EQ(Text("MLength"), "125.5");
-  EXPECT_EQ(Time(), "2:5:30.00");
+  EXPECT_EQ(Duration(), "2:5:30.00");
 }
 
 TEST_F(BitrateCalcTest, EveryKeyInTheRunningTimeShowsNewResults) {
@@ -234,7 +205,7 @@ TEST_F(BitrateCalcTest, EveryKeyInTheRunningTimeShowsNewResults) {
   EXPECT_EQ(Text("MLength"), "90");
   EXPECT_EQ(record.MovieLength, 90);
   EXPECT_EQ(Text("Result"), "950");
-  EXPECT_EQ(Time(), "1:30:00.00");
+  EXPECT_EQ(Duration(), "1:30:00.00");
 }
 
 TEST_F(BitrateCalcTest, MediaTooSmallLeaveBitrateSizeAndQualityEmpty) {
@@ -334,7 +305,7 @@ TEST_F(BitrateCalcTest, AnEmptiedRunningTimeLeavesTheStoredOneAndItsResults) {
   EXPECT_EQ(Text("MLength"), "");
   EXPECT_EQ(record.MovieLength, 100);
   EXPECT_EQ(Text("Result"), "841");
-  EXPECT_EQ(Time(), "1:40:00.00");
+  EXPECT_EQ(Duration(), "1:40:00.00");
   Key(Qt::Key_Tab);
   EXPECT_EQ(Text("MLength"), "1");
   EXPECT_EQ(record.MovieLength, 1);
@@ -354,7 +325,7 @@ TEST_F(BitrateCalcTest, TheTimeFieldsOfANegativeRunningTimeAreTakenBeforeItsSign
   Paste(u"-5"_s);
   EXPECT_EQ(Text("MLength"), "5");
   EXPECT_EQ(record.MovieLength, 5);
-  EXPECT_EQ(Time(), "-1:55:00.00");
+  EXPECT_EQ(Duration(), "-1:55:00.00");
 }
 
 TEST_F(BitrateCalcTest, FocusingDiscsFillsAnEmptyCapacity) {
@@ -612,7 +583,7 @@ TEST_F(BitrateCalcTest, EscapeClosesAndReopeningShowsWhatWasTyped) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   OpenCalculator();
   EXPECT_EQ(Text("MLength"), "125.5");
-  EXPECT_EQ(Time(), "2:5:30.00");
+  EXPECT_EQ(Duration(), "2:5:30.00");
 }
 
 TEST_F(BitrateCalcTest, ClosingRunsNoLostFocus) {

@@ -7,7 +7,6 @@
 
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QString>
 
 #include "base/input/editable_list.h"
 #include "base/input/spin_button.h"
@@ -17,34 +16,16 @@
 namespace brindle {
 
 /// The video bitrate calculator, open, with its controls at hand as a user sees them.
-class BitrateWindow : public CalculatorWindow {
+class BitrateWindow : public RecordingWindow {
  protected:
-  void OpenCalculator() {
-    window = Open(WindowId::BitrateCalc);
-    Audio = Find<EditableList>(window, QStringLiteral("Audio"));
-    CDs = Find<EditableList>(window, QStringLiteral("CDs"));
-    Capacity = Find<EditableList>(window, QStringLiteral("Capacity"));
-    MLength = Find<TextField>(window, QStringLiteral("MLength"));
-    Extra = Find<TextField>(window, QStringLiteral("Extra"));
-    Time1 = Find<TextField>(window, QStringLiteral("Time1"));
-    Time2 = Find<TextField>(window, QStringLiteral("Time2"));
-    Time3 = Find<TextField>(window, QStringLiteral("Time3"));
-    MLengthP = Find<SpinButton>(window, QStringLiteral("MLengthP"));
-    MLengthM = Find<SpinButton>(window, QStringLiteral("MLengthM"));
-    ExtraP = Find<SpinButton>(window, QStringLiteral("ExtraP"));
-    ExtraM = Find<SpinButton>(window, QStringLiteral("ExtraM"));
-    DivX3 = Find<QRadioButton>(window, QStringLiteral("DivX(0)"));
-    DivX4 = Find<QRadioButton>(window, QStringLiteral("DivX(1)"));
-    Result = Find<QLineEdit>(window, QStringLiteral("Result"));
-  }
-
-  /// The running time as the three fields show it: "1:40:00.00".
-  [[nodiscard]] std::string Time() const {
-    return Text("Time1") + ":" + Text("Time2") + ":" + Text("Time3");
-  }
+  BitrateWindow() : RecordingWindow(WindowId::BitrateCalc, {}) {}
 
   /// Makes the next recomputation visible: Stat(2) shows another size then.
-  void ArmRecomputation() { record.VideoFrameOverhead += 50; }
+  void ArmRecomputation() {
+    overheadBefore_ = Text("Stat(2)");
+    record.VideoFrameOverhead += 50;
+  }
+  [[nodiscard]] bool Recomputed() const { return Text("Stat(2)") != overheadBefore_; }
 
   EditableList* Audio = nullptr;
   EditableList* CDs = nullptr;
@@ -61,6 +42,27 @@ class BitrateWindow : public CalculatorWindow {
   QRadioButton* DivX3 = nullptr;
   QRadioButton* DivX4 = nullptr;
   QLineEdit* Result = nullptr;
+
+ private:
+  void FindControls() override {
+    Take(Audio, "Audio");
+    Take(CDs, "CDs");
+    Take(Capacity, "Capacity");
+    Take(MLength, "MLength");
+    Take(Extra, "Extra");
+    Take(Time1, "Time1");
+    Take(Time2, "Time2");
+    Take(Time3, "Time3");
+    Take(MLengthP, "MLengthP");
+    Take(MLengthM, "MLengthM");
+    Take(ExtraP, "ExtraP");
+    Take(ExtraM, "ExtraM");
+    Take(DivX3, "DivX(0)");
+    Take(DivX4, "DivX(1)");
+    Take(Result, "Result");
+  }
+
+  std::string overheadBefore_;
 };
 
 }  // namespace brindle

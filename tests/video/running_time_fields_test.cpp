@@ -43,14 +43,14 @@ TEST_F(RunningTimeFields, HoursMinutesAndSecondsGiveMinutes) {
   TypeTime(u"1"_s, u"30"_s, u"0"_s);
   EXPECT_EQ(record.MovieLength, 90);
   EXPECT_EQ(Text("MLength"), "90");
-  EXPECT_EQ(Time(), "1:30:00.00");
+  EXPECT_EQ(Duration(), "1:30:00.00");
 }
 
 TEST_F(RunningTimeFields, SecondsBecomeAFractionOfAMinute) {
   TypeTime(u"0"_s, u"1"_s, u"30"_s);
   EXPECT_EQ(record.MovieLength, 1.5);
   EXPECT_EQ(Text("MLength"), "1.5");
-  EXPECT_EQ(Time(), "0:1:30.00");
+  EXPECT_EQ(Duration(), "0:1:30.00");
 }
 
 TEST_F(RunningTimeFields, AllZeroBecomesOneMinute) {
@@ -120,16 +120,16 @@ TEST_F(RunningTimeFields, PlusStepsWhatTheMinutesShow) {
 TEST_F(RunningTimeFields, AKeyInSecondsThatNobodyChangedChangesNothing) {
   const double exact = 12947 / 23.976 / 60;
   OpenWith(exact);
-  ASSERT_EQ(Time(), "0:9:00.00");
+  ASSERT_EQ(Duration(), "0:9:00.00");
   TabTo(Time3);
   for (const auto key : {Qt::Key_Home, Qt::Key_End, Qt::Key_Left}) {
     Key(key);
-    EXPECT_EQ(Time(), "0:9:00.00");
+    EXPECT_EQ(Duration(), "0:9:00.00");
     EXPECT_EQ(record.MovieLength, exact);
   }
   Key(Qt::Key_C, Qt::ControlModifier);
   TabTo(MLength);
-  EXPECT_EQ(Time(), "0:9:00.00");
+  EXPECT_EQ(Duration(), "0:9:00.00");
   EXPECT_EQ(record.MovieLength, exact);
 }
 
@@ -140,12 +140,12 @@ TEST_F(RunningTimeFields, AlmostSixtySecondsTypedStay) {
   const double exact = record.MovieLength;
   EXPECT_DOUBLE_EQ(exact, 1 + 59.997 / 60);
   TabTo(MLength);
-  EXPECT_EQ(Time(), "0:2:00.00");
+  EXPECT_EQ(Duration(), "0:2:00.00");
   TabTo(Time3);
   Key(Qt::Key_Home);
   Key(Qt::Key_End);
   TabTo(MLength);
-  EXPECT_EQ(Time(), "0:2:00.00");
+  EXPECT_EQ(Duration(), "0:2:00.00");
   EXPECT_EQ(record.MovieLength, exact);
 }
 
@@ -156,7 +156,7 @@ TEST_F(RunningTimeFields, AFewHundredthsOfAMinuteCanBeTyped) {
   Type(u".05"_s);
   EXPECT_EQ(Text("MLength"), ".05");
   EXPECT_EQ(record.MovieLength, 0.05);
-  EXPECT_EQ(Time(), "0:0:03.00");
+  EXPECT_EQ(Duration(), "0:0:03.00");
 }
 
 TEST_F(RunningTimeFields, AZeroWithAPeriodIsOneMinuteOnceItIsLeft) {
@@ -181,7 +181,7 @@ TEST_F(RunningTimeFields, AClickOnManyHoursKeepsThem) {
   OpenWith(600000);
   Click(Time1);
   Click(Time2);
-  EXPECT_EQ(Time(), "10000:0:00.00");
+  EXPECT_EQ(Duration(), "10000:0:00.00");
   EXPECT_EQ(record.MovieLength, 600000);
 }
 
@@ -209,7 +209,7 @@ TEST_F(RunningTimeFields, HalfAMinuteCanBeTyped) {
   Type(u"5"_s);
   EXPECT_EQ(Text("MLength"), ".5");
   EXPECT_EQ(record.MovieLength, 0.5);
-  EXPECT_EQ(Time(), "0:0:30.00");
+  EXPECT_EQ(Duration(), "0:0:30.00");
 }
 
 TEST_F(RunningTimeFields, ANumberJustBegunInTheMinutesStaysUntilItIsLeft) {
@@ -255,7 +255,7 @@ TEST_F(RunningTimeFields, MinutesAboveAnHourAreCarriedAtOnce) {
   Type(u"0"_s);
   TabTo(Time2);
   Type(u"75"_s);
-  EXPECT_EQ(Time(), "1:15:00.00");
+  EXPECT_EQ(Duration(), "1:15:00.00");
   EXPECT_EQ(Text("MLength"), "75");
 }
 
@@ -326,13 +326,13 @@ TEST_F(RunningTimeFields, SixtySecondsAreCarriedOnce) {
   OpenWith(10.5);
   TabTo(Time3);
   Paste(u"60"_s);
-  EXPECT_EQ(Time(), "0:11:0");
+  EXPECT_EQ(Duration(), "0:11:0");
   for (int again = 0; again < 3; ++again) {
     KeyLetGo(Qt::Key_Left);
     Click(Time3);
   }
   TabTo(MLength);
-  EXPECT_EQ(Time(), "0:11:00.00");
+  EXPECT_EQ(Duration(), "0:11:00.00");
   EXPECT_EQ(record.MovieLength, 11);
 }
 
@@ -340,7 +340,7 @@ TEST_F(RunningTimeFields, SecondsAreCarriedWithTheirFraction) {
   OpenWith(10.5);
   TabTo(Time3);
   Paste(u"75.1"_s);
-  EXPECT_EQ(Time(), "0:11:15.1");
+  EXPECT_EQ(Duration(), "0:11:15.1");
   EXPECT_DOUBLE_EQ(record.MovieLength, 11 + 15.1 / 60);
 }
 
@@ -459,13 +459,13 @@ TEST_F(RunningTimeFields, EmptySecondsAreFilledByAComputationElsewhere) {
 TEST_F(RunningTimeFields, LengthTypedElsewhereIsShownInAllThree) {
   TabTo(MLength);
   TypeOver(u"125.5"_s);
-  EXPECT_EQ(Time(), "2:5:30.00");
+  EXPECT_EQ(Duration(), "2:5:30.00");
 }
 
 TEST_F(RunningTimeFields, ManyHoursFromTheLengthAreShownAsTheyAre) {
   TabTo(MLength);
   Paste(u"600000"_s);
-  EXPECT_EQ(Time(), "10000:0:00.00");
+  EXPECT_EQ(Duration(), "10000:0:00.00");
 }
 
 }  // namespace
