@@ -1,14 +1,18 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// The main of every test program: an application without a screen, in its own small world.
+// The main of every test program: an application without a screen, in its own small world, in which
+// no box that nobody expects stands for long.
 
+#include <chrono>
 #include <clocale>
 #include <cstring>
 #include <iostream>
 
 #include <QApplication>
 #include <gtest/gtest.h>
+
+#include "tests/support/modal_watchdog.h"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
@@ -25,5 +29,6 @@ int main(int argc, char** argv) {
     std::cerr << "the locale of this run does not write a decimal comma\n";
     return 1;
   }
+  const brindle::ModalWatchdog watchdog(std::chrono::seconds(20));
   return RUN_ALL_TESTS();
 }
