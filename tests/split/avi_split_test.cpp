@@ -837,6 +837,55 @@ INSTANTIATE_TEST_SUITE_P(
                       UnrepairedCase{"FirstOfTwo", 0, "Size1", "1300", "0-143856 0-"}),
     NameOf);
 
+// Three segments take the leading number of such a text.
+class LeadingNumberOfThree : public AviSplitWindow {
+ protected:
+  // Types over what stands in the field; none of the keys has gone up yet.
+  static void TypeHeld(TextField* field, const QString& text) {
+    field->setFocus();
+    for (const QChar c : text) {
+      KeyDown(Qt::Key_A, c);
+    }
+  }
+};
+
+TEST_F(LeadingNumberOfThree, OfTheFirstSizeIsSplitOff) {
+  OpenThree(1300, 400, 500);
+  TypeHeld(Size1, u"600abc"_s);
+  Choose(u"System(1)"_s);
+  EXPECT_EQ(Sizes(), "1300 600abc 500 200");
+  const auto ranges = Ranges();
+  EXPECT_NE(ranges, NothingOfThree);
+  Enter(Size1, u"600"_s);
+  EXPECT_EQ(Ranges(), ranges);
+}
+
+TEST_F(LeadingNumberOfThree, OfTheSecondSizeIsSplitOff) {
+  OpenThree(1300, 500, 400);
+  TypeHeld(Size2, u"600abc"_s);
+  Choose(u"System(1)"_s);
+  EXPECT_EQ(Sizes(), "1300 500 600abc 200");
+  const auto ranges = Ranges();
+  EXPECT_NE(ranges, NothingOfThree);
+  Enter(Size2, u"600"_s);
+  EXPECT_EQ(Ranges(), ranges);
+}
+
+TEST_F(LeadingNumberOfThree, OfTheFirstSizeLimitsTheSecond) {
+  OpenThree(1300, 400, 500);
+  TypeHeld(Size1, u"900abc"_s);
+  Click(KeyFs);
+  EXPECT_EQ(Sizes(), "1300 900abc 400 0");
+}
+
+// That one compares the whole text, which is no number.
+TEST_F(LeadingNumberOfThree, DoesNotCutTheFirstSizeToTheFile) {
+  OpenThree(1300, 400, 500);
+  TypeHeld(Size1, u"2000abc"_s);
+  Click(KeyFs);
+  EXPECT_EQ(Text("Size1"), "2000abc");
+}
+
 struct SystemCase {
   std::string name;
   int system = 0;

@@ -5,10 +5,13 @@
 
 #include <memory>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QString>
 #include <gtest/gtest.h>
@@ -138,6 +141,51 @@ TEST(Layout, ButtonsAndBoxesAreNamedByTheirCaption) {
   EXPECT_EQ(box->accessibleName(), u"Allow it"_s);
   EXPECT_EQ(box->toolTip(), u"Allows it"_s);
   EXPECT_FALSE(box->isChecked());
+}
+
+// What a frame shows that has never been painted before.
+QImage NewPicture() {
+  const std::unique_ptr<QGroupBox> frame(MakeFrame(u"Caption"_s, Table({})));
+  frame->resize(200, 100);
+  return frame->grab().toImage();
+}
+
+QPalette RedOnBlue() {
+  QPalette colours(Qt::blue);
+  colours.setColor(QPalette::WindowText, Qt::red);
+  return colours;
+}
+
+TEST(Layout, AFrameIsPaintedAnewInTheColoursOfTheProgram) {
+  const std::unique_ptr<QGroupBox> frame(MakeFrame(u"Caption"_s, Table({})));
+  frame->resize(200, 100);
+  const auto before = frame->grab().toImage();
+  EXPECT_EQ(before, NewPicture());
+  const auto usual = QApplication::palette();
+
+  QApplication::setPalette(RedOnBlue());
+  QCoreApplication::processEvents();
+  const auto after = frame->grab().toImage();
+  const auto afresh = NewPicture();
+  QApplication::setPalette(usual);
+  QCoreApplication::processEvents();
+
+  EXPECT_NE(after, before);
+  EXPECT_EQ(after, afresh);
+  EXPECT_EQ(frame->grab().toImage(), before);
+}
+
+TEST(Layout, AFrameIsPaintedAnewInColoursOfItsOwn) {
+  const std::unique_ptr<QGroupBox> frame(MakeFrame(u"Caption"_s, Table({})));
+  const std::unique_ptr<QGroupBox> unpainted(MakeFrame(u"Caption"_s, Table({})));
+  frame->resize(200, 100);
+  unpainted->resize(200, 100);
+  const auto before = frame->grab().toImage();
+  frame->setPalette(RedOnBlue());
+  unpainted->setPalette(RedOnBlue());
+  const auto after = frame->grab().toImage();
+  EXPECT_NE(after, before);
+  EXPECT_EQ(after, unpainted->grab().toImage());
 }
 
 }  // namespace

@@ -66,6 +66,16 @@ TEST(ReadTest, EveryByteIsGivenAsItStands) {
   EXPECT_EQ(folder.Bytes(FileName), bytes);
 }
 
+TEST(ReadTest, NoMoreThanAMebibyteIsRead) {
+  constexpr std::size_t mostRead = 1'048'576;
+  const TemporaryFolder folder;
+  const std::string bytes(mostRead, 'a');
+  folder.Put(FileName, bytes);
+  EXPECT_TRUE(WhatIsRead(folder.Path()) == bytes);
+  folder.Put(FileName, bytes + "b");
+  EXPECT_TRUE(WhatIsRead(folder.Path()) == bytes);
+}
+
 TEST(ReadTest, OnlyTheFileOfThatNameIsRead) {
   const TemporaryFolder folder;
   folder.Put(BackupName, OldBytes);

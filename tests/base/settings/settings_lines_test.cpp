@@ -652,6 +652,12 @@ TEST(SettingsLinesTest, EmptySourceLineIsALine) {
   EXPECT_EQ(read->record.WavTargetFile.toStdString(), "/b.wav");
 }
 
+TEST(SettingsLinesTest, LoneCrAtTheEndBelongsToTheLastText) {
+  const auto read = ReadFrom(TextsInFrontOf(42, "\r\n") + "/b.wav\r");
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->record.WavTargetFile.toStdString(), "/b.wav\r");
+}
+
 TEST(SettingsLinesTest, FileCutAnywhereInFrontOfItsLastLineIsUnusable) {
   const auto bytes = Joined(BuiltInTexts(), "\r\n");
   const auto lastLine = bytes.find("C:\\Out.wav");
