@@ -12,14 +12,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QObject>
 #include <QPoint>
 #include <QSlider>
 #include <QString>
-#include <QStringList>
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -194,21 +192,15 @@ TEST_F(AspectRaTest, OpensWithAnIncrementOf16WhateverWasStored) {
 
 TEST_F(AspectRaTest, ListsHoldTheirEntriesInTheirOrder) {
   OpenCalculator();
-  const auto entries = [](const QComboBox* list) {
-    QStringList texts;
-    for (int i = 0; i < list->count(); ++i) {
-      texts << list->itemText(i);
-    }
-    return texts.join(u" | "_s).toStdString();
-  };
-  EXPECT_EQ(entries(AR1), "1:1 | 4:3 (1.33:1) | 1.66:1 | 16:9 (1.778:1) | 1.85:1 | 2.35:1");
-  EXPECT_EQ(entries(MODUL), "2 | 4 | 8 | 16 | 32");
+  EXPECT_EQ(EntriesOf(AR1, " | "),
+            "1:1 | 4:3 (1.33:1) | 1.66:1 | 16:9 (1.778:1) | 1.85:1 | 2.35:1");
+  EXPECT_EQ(EntriesOf(MODUL), "2 4 8 16 32");
   for (int i = 0; i < MODUL->count(); ++i) {
     EXPECT_EQ(MODUL->itemData(i).toInt(), MODUL->itemText(i).toInt());
   }
 }
 
-TEST_F(AspectRaTest, SlidersKeepTheirRanges) {
+TEST_F(AspectRaTest, SlidersOpenWithTheirRanges) {
   OpenCalculator();
   EXPECT_EQ(HRES->minimum(), 320);
   EXPECT_EQ(HRES->maximum(), 720);
@@ -422,7 +414,7 @@ TEST_F(AspectRaTest, ARatioIsTakenBackKeyByKey) {
   EXPECT_EQ(record.CustomAspect, 0.5F);
 }
 
-TEST_F(AspectRaTest, ADigitInTheMiddleLeavesTheCursorBehindIt) {
+TEST_F(AspectRaTest, ADigitInTheMiddleLeavesTheCursorAfterIt) {
   OpenCustom(1.778F);
   TabTo(AR2);
   Key(Qt::Key_Home);
@@ -494,7 +486,7 @@ TEST_F(AspectRaTest, WhatEndsEnabledIsNeverDisabledOnTheWay) {
   EXPECT_EQ(counter.count, 1);
 }
 
-TEST_F(AspectRaTest, TheErrorIsNeverCutOff) {
+TEST_F(AspectRaTest, TheErrorOfAnExtremeRatioIsNotCutOff) {
   OpenCustom(1.778F);
   const auto* error = Find<QLabel>(window, u"Stats(5)"_s);
   TabTo(AR2);
@@ -712,7 +704,7 @@ TEST_F(AspectRaTest, DraggingTheHeightKeepsBothOnTheGridAndLinked) {
   EXPECT_EQ(Figures(), "720x576 414720 1620 1.25 -29.7%");
 }
 
-TEST_F(AspectRaTest, DraggingInFreeModeLeavesTheOther) {
+TEST_F(AspectRaTest, DraggingTheWidthInFreeModeLeavesTheHeight) {
   OpenFree(400, 208);
   Drag(HRES, [this] { EXPECT_EQ(VRES->value(), 208); });
   EXPECT_EQ(StoredResolution(), "720x208");

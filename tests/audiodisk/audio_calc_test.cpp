@@ -239,7 +239,7 @@ class AudioTyping : public AudioWindow {
   void SetUp() override { OpenWith(100, 550, 650); }
 };
 
-TEST_F(AudioTyping, RecomputesAndStoresAtEveryKey) {
+TEST_F(AudioTyping, EveryKeyInTheRunningTimeStoresAndRecomputes) {
   TabTo(MLength);
   TypeOver(u"5"_s);
   EXPECT_EQ(record.MovieLength, 5);
@@ -275,7 +275,7 @@ TEST_F(AudioTyping, RubbishBecomesItsLeadingNumber) {
   EXPECT_EQ(record.VideoOnlySize, 0);
 }
 
-TEST_F(AudioTyping, EveryFieldIsRepairedWhicheverIsTypedIn) {
+TEST_F(AudioTyping, AKeyInTheRunningTimeRepairsTheSizes) {
   Source->setText(u"1,5"_s);
   Target->setText(u"-800x"_s);
   TabTo(MLength);

@@ -21,7 +21,6 @@
 #include <QEvent>
 #include <QRadioButton>
 #include <QString>
-#include <QStringList>
 #include <QTest>
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -271,12 +270,7 @@ TEST_F(HDCalcTest, NumbersOpenAsPlainTexts) {
 
 TEST_F(HDCalcTest, ListHoldsTheUsualBitratesInTheirOrder) {
   OpenCalculator();
-  QStringList entries;
-  for (int i = 0; i < MP2->count(); ++i) {
-    entries << MP2->itemText(i);
-  }
-  EXPECT_EQ(entries.join(u' ').toStdString(),
-            "0 32 64 96 112 128 160 192 224 256 320 384 448 512 576 640");
+  EXPECT_EQ(EntriesOf(MP2), "0 32 64 96 112 128 160 192 224 256 320 384 448 512 576 640");
 }
 
 TEST_F(HDCalcTest, AFilmByBitrateAndItsAudioByVersion4) {
@@ -318,7 +312,7 @@ TEST_F(HDCalcTest, TheSameFiguresTypedGiveTheSameResult) {
   EXPECT_EQ(record.DivXOption, 1);
 }
 
-TEST_F(HDCalcTest, EveryKeyShowsANewResult) {
+TEST_F(HDCalcTest, EveryKeyInTheVideoBitrateShowsANewResult) {
   OpenFilmByBitrate();
   TabTo(Video1);
   Type(u"9"_s);

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QRadioButton>
 #include <QString>
 
 #include "base/input/editable_list.h"
@@ -44,10 +43,6 @@ class HdWindow : public RecordingWindow {
     SetFilm();
     record.HDVideoMode = 1;
     OpenCalculator();
-  }
-
-  [[nodiscard]] QRadioButton* Option(const QString& name) const {
-    return Find<QRadioButton>(window, name);
   }
 
   /// Empties the field that has the focus, as a person does.

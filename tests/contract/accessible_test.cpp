@@ -87,7 +87,7 @@ TEST_P(Accessible, TellsItsValue) {
   }
 }
 
-TEST_P(Accessible, OfferWhatCanBeDoneWithIt) {
+TEST_P(Accessible, OffersWhatCanBeDoneWithIt) {
   const auto& row = GetParam();
   const auto state = interface->state();
   switch (row.kind) {

@@ -741,7 +741,7 @@ TEST_F(QuickTimes, SecondsBeingTypedKeepTheirZerosAtAPressOfTheMouse) {
   EXPECT_EQ(Text("Time3"), "10.05");
 }
 
-TEST_F(QuickTimes, FollowEveryKey) {
+TEST_F(QuickTimes, FollowEveryKeyInTheMinutes) {
   Type(u"9"_s);  // over the selected minutes
   EXPECT_EQ(Time(), "0:9:00.00 9 13500");
   EXPECT_EQ(record.MovieLength, 9);

@@ -384,6 +384,8 @@ TEST_F(SplitLoading, StoresNothingElse) {
   EXPECT_EQ(record.SplitSize1, 2000);
   EXPECT_EQ(record.SplitSize2, 700);
   EXPECT_EQ(record.KeyframeInterval, 0);
+  EXPECT_EQ(record.SplitSegmentsMode, 1);
+  EXPECT_EQ(record.FrameRateSystem, 0);
 }
 
 TEST_F(SplitLoading, AStrangeFrameRateSystemSelectsNothingAndKeepsTheRunningTime) {
@@ -923,7 +925,7 @@ TEST_P(SplitSystems, ChangeThreeSegments) {
   EXPECT_EQ(Ranges(), GetParam().three);
 }
 
-TEST_P(SplitSystems, ReckonFramesEnteredAtTheirRate) {
+TEST_P(SplitSystems, CountFramesEnteredAtTheirRate) {
   SelectIt();
   Enter(Frames, QString::fromStdString(GetParam().frames));
   EXPECT_DOUBLE_EQ(record.MovieLength, 100);
@@ -1134,7 +1136,7 @@ TEST_F(SplitPlaces, AreTheSameHoweverTheWindowOpens) {
   ExpectSame(two, Places());
 }
 
-TEST_F(SplitPlaces, StayWhateverTheFigures) {
+TEST_F(SplitPlaces, StayWithLongFigures) {
   OpenCalculator();
   const auto before = Places();
   Enter(Frames, u"99999999"_s);

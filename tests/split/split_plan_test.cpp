@@ -34,15 +34,15 @@ struct IntervalCase {
   double frames = 0;
 };
 
-class ReckonsKeyFrameInterval : public ::testing::TestWithParam<IntervalCase> {};
+class ComputesKeyFrameInterval : public ::testing::TestWithParam<IntervalCase> {};
 
-TEST_P(ReckonsKeyFrameInterval, InWholeFrames) {
+TEST_P(ComputesKeyFrameInterval, InWholeFrames) {
   const auto& [name, seconds, framesPerSecond, frames] = GetParam();
   EXPECT_EQ(KeyFrameInterval(seconds, framesPerSecond), frames);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Cases, ReckonsKeyFrameInterval,
+    Cases, ComputesKeyFrameInterval,
     ::testing::Values(IntervalCase{"TenSecondsPal", 10, 25, 250},
                       IntervalCase{"TenSecondsFilmAt24", 10, 23.976, 240},
                       IntervalCase{"TenSecondsNtscAt30NotAt299", 10, 29.97, 300},

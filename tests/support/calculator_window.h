@@ -12,6 +12,7 @@
 #include <vector>
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -64,6 +65,16 @@ class CalculatorWindow : public WindowTest {
   }
   [[nodiscard]] SpinButton* Spin(const QString& name) const {
     return Find<SpinButton>(window, name);
+  }
+
+  /// The entries of a list: "1 2 3 4".
+  [[nodiscard]] static std::string EntriesOf(const QComboBox* list,
+                                             const std::string& separator = " ") {
+    std::string texts;
+    for (int i = 0; i < list->count(); ++i) {
+      texts += (i == 0 ? "" : separator) + list->itemText(i).toStdString();
+    }
+    return texts;
   }
 
   [[nodiscard]] bool IsEnabled(const QString& name) const {

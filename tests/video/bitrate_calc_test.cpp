@@ -140,8 +140,7 @@ TEST_F(BitrateCalcTest, OpensWithTheBuiltInFigures) {
   EXPECT_EQ(Text("Qual"), "Average");
 }
 
-TEST_F(BitrateCalcTest, FocusIsInTheFirstFieldAndItsHandlerHasRun) {
-  record.ExtraMaterial = 0;
+TEST_F(BitrateCalcTest, FocusIsInTheFirstField) {
   OpenCalculator();
   EXPECT_EQ(QApplication::focusWidget(), Audio);
 }
@@ -154,16 +153,9 @@ TEST_F(BitrateCalcTest, WhatIsTypedFirstReplacesTheFirstField) {
 
 TEST_F(BitrateCalcTest, ListsHoldTheUsualValuesInTheirOrder) {
   OpenCalculator();
-  const auto entries = [](const EditableList* list) {
-    QStringList texts;
-    for (int i = 0; i < list->count(); ++i) {
-      texts << list->itemText(i);
-    }
-    return texts.join(u' ').toStdString();
-  };
-  EXPECT_EQ(entries(Audio), "0 32 64 96 112 128 160 192 224 256 320 384 448 512 576 640");
-  EXPECT_EQ(entries(CDs), "1 2 3 4");
-  EXPECT_EQ(entries(Capacity), "648 650 654 700 800 880");
+  EXPECT_EQ(EntriesOf(Audio), "0 32 64 96 112 128 160 192 224 256 320 384 448 512 576 640");
+  EXPECT_EQ(EntriesOf(CDs), "1 2 3 4");
+  EXPECT_EQ(EntriesOf(Capacity), "648 650 654 700 800 880");
 }
 
 TEST_F(BitrateCalcTest, RunningTimeOfZeroOpensAsOneMinute) {
@@ -409,7 +401,7 @@ TEST_F(BitrateCalcTest, InterleavingIsOnlyLookedAtWhenTheWindowLoads) {
   EXPECT_EQ(Text("Interl"), "ON");
 }
 
-TEST_F(BitrateCalcTest, AdvancedTellsWhoOpensIt) {
+TEST_F(BitrateCalcTest, TheAdvancedButtonOpensAWindowAndStoresWhoDid) {
   windows.Add(WindowId::Advanced,
               [] { return std::make_unique<Form>(u"Advanced"_s, u"Advanced"_s); });
   OpenCalculator();
@@ -633,7 +625,7 @@ TEST_F(BitrateCalcTest, TheResultCanBeSelectedAndCopiedButNotChanged) {
 class RubbishInBitrateCalc : public BitrateWindow,
                              public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(RubbishInBitrateCalc, EndsInRepairedFields) {
+TEST_P(RubbishInBitrateCalc, EndsInARepairedField) {
   const std::vector<QString> rubbish{
       QString(100000, u'9'),
       QString(100000, u'x'),

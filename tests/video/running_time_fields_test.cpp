@@ -240,7 +240,7 @@ TEST_F(RunningTimeFields, ACommaTypedIntoTheSecondsIsAPeriod) {
   EXPECT_DOUBLE_EQ(record.MovieLength, 100 + 10.05 / 60);
 }
 
-TEST_F(RunningTimeFields, EachKeyShowsNewResults) {
+TEST_F(RunningTimeFields, HoursAndMinutesTypedShowTheNewLength) {
   TabTo(Time1);
   Type(u"2"_s);
   EXPECT_EQ(Text("MLength"), "160");
@@ -267,7 +267,7 @@ TEST_F(RunningTimeFields, ATrailingPeriodInTheSecondsStaysUntilTheNextDigit) {
   EXPECT_EQ(Text("Time3"), "12.5");
 }
 
-TEST_F(RunningTimeFields, ZerosBehindThePeriodCanBeTyped) {
+TEST_F(RunningTimeFields, ZerosAfterThePeriodCanBeTyped) {
   TabTo(Time3);
   Type(u"10.05"_s);
   EXPECT_EQ(Text("Time3"), "10.05");

@@ -188,7 +188,7 @@ TEST_F(SpinHoldTest, TheDelaysAreThoseOfTheRecord) {
   EXPECT_EQ(Text(), "102");
 }
 
-TEST_F(SpinHoldTest, ClosingTheWindowEndsEverything) {
+TEST_F(SpinHoldTest, ClosingTheWindowEndsTheSteps) {
   PressPlus();
   clock.Advance(0.6);
   const auto before = Text();

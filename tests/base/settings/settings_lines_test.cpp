@@ -658,7 +658,7 @@ TEST(SettingsLinesTest, LoneCrAtTheEndBelongsToTheLastText) {
   EXPECT_EQ(read->record.WavTargetFile.toStdString(), "/b.wav\r");
 }
 
-TEST(SettingsLinesTest, FileCutAnywhereInFrontOfItsLastLineIsUnusable) {
+TEST(SettingsLinesTest, FileCutAnywhereBeforeItsLastLineIsUnusable) {
   const auto bytes = Joined(BuiltInTexts(), "\r\n");
   const auto lastLine = bytes.find("C:\\Out.wav");
   for (std::size_t length = 0; length <= lastLine; ++length) {
