@@ -12,17 +12,18 @@
 
 namespace brindle {
 
-QLabel* MakeLabel(const QString& text) {
-  auto* label = new QLabel(text);
-  label->setTextFormat(Qt::PlainText);
-  return label;
+PlainLabel::PlainLabel(const QString& text) : QLabel(text) { setTextFormat(Qt::PlainText); }
+
+PlainLabel::PlainLabel(const QString& name, const QString& text, const QString& tooltip)
+    : PlainLabel(text) {
+  setObjectName(name);
+  setToolTip(tooltip);
 }
 
+QLabel* MakeLabel(const QString& text) { return new PlainLabel(text); }
+
 QLabel* MakeLabel(const QString& name, const QString& text, const QString& tooltip) {
-  auto* label = MakeLabel(text);
-  label->setObjectName(name);
-  label->setToolTip(tooltip);
-  return label;
+  return new PlainLabel(name, text, tooltip);
 }
 
 DescriptionLabel::DescriptionLabel(const QString& text) : QLabel(text) {

@@ -11,6 +11,13 @@
 namespace brindle {
 
 /// A label that shows plain text, never markup.
+class PlainLabel : public QLabel {
+ public:
+  explicit PlainLabel(const QString& text);
+  PlainLabel(const QString& name, const QString& text, const QString& tooltip = {});
+};
+
+/// The same for a label that nothing but its layout refers to.
 [[nodiscard]] QLabel* MakeLabel(const QString& text);
 [[nodiscard]] QLabel* MakeLabel(const QString& name, const QString& text,
                                 const QString& tooltip = {});

@@ -22,6 +22,7 @@
 #include <QStylePainter>
 #include <QWidget>
 
+#include "base/input/check_box.h"
 #include "base/input/editable_list.h"
 #include "base/input/labels.h"
 #include "base/input/push_button.h"
@@ -39,15 +40,6 @@ QString AccessibleName(const QString& label, const QWidget* control) {
     return label;
   }
   return label + (spin->Direction() == SpinDirection::Plus ? u" plus"_s : u" minus"_s);
-}
-
-template <class Button>
-Button* Captioned(const QString& name, const QString& caption, const QString& tooltip) {
-  auto* button = new Button(caption);
-  button->setObjectName(name);
-  button->setAccessibleName(caption);
-  button->setToolTip(tooltip);
-  return button;
 }
 
 // A value of fixed size begins where the fields of the frame begin. An option or box is no wider
@@ -124,11 +116,11 @@ RowHead::RowHead(QLabel* label) : widget_(label), text_(label->text()) {}
 RowHead::RowHead(QAbstractButton* button) : widget_(button), text_(button->text()) {}
 
 QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tooltip) {
-  return Captioned<PushButton>(name, caption, tooltip);
+  return new PushButton(name, caption, tooltip);
 }
 
 QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& tooltip) {
-  return Captioned<QCheckBox>(name, caption, tooltip);
+  return new CheckBox(name, caption, tooltip);
 }
 
 void Frame::paintEvent(QPaintEvent* event) {

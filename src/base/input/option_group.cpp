@@ -3,7 +3,10 @@
 
 #include "base/input/option_group.h"
 
+#include <initializer_list>
+#include <memory>
 #include <optional>
+#include <vector>
 
 #include <QRadioButton>
 #include <QString>
@@ -19,10 +22,17 @@ OptionButton::OptionButton(const QString& array, int index, const QString& capti
   setToolTip(tooltip);
 }
 
+OptionGroup::OptionGroup(const QString& name, std::initializer_list<Option> options) {
+  setObjectName(name);
+  for (const auto& option : options) {
+    Add(option.index, option.caption, option.tooltip);
+  }
+}
+
 OptionButton* OptionGroup::Add(int index, const QString& caption, const QString& tooltip) {
-  auto* button = new OptionButton(objectName(), index, caption, tooltip);
+  buttons_.push_back(std::make_unique<OptionButton>(objectName(), index, caption, tooltip));
+  auto* button = buttons_.back().get();
   exclusive_.addButton(button, index);
-  buttons_.push_back(button);
   connect(button, &QRadioButton::toggled, this, [this, index](bool selected) {
     if (selected) {
       StopTabAtSelected();
@@ -32,16 +42,23 @@ OptionButton* OptionGroup::Add(int index, const QString& caption, const QString&
   return button;
 }
 
-void OptionGroup::Select(int index) {
-  for (auto* button : buttons_) {
+OptionButton* OptionGroup::At(int index) const {
+  for (const auto& button : buttons_) {
     if (button->Index() == index) {
-      button->setChecked(true);
+      return button.get();
     }
+  }
+  return nullptr;
+}
+
+void OptionGroup::Select(int index) {
+  if (auto* button = At(index)) {
+    button->setChecked(true);
   }
 }
 
 void OptionGroup::StopTabAtSelected() {
-  for (auto* button : buttons_) {
+  for (const auto& button : buttons_) {
     button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
   }
 }
@@ -54,12 +71,21 @@ std::optional<int> OptionGroup::Selected() const {
 }
 
 OptionButton* OptionGroup::TabStop() const {
-  for (auto* button : buttons_) {
+  for (const auto& button : buttons_) {
     if (button->isChecked()) {
-      return button;
+      return button.get();
     }
   }
-  return buttons_.front();
+  return buttons_.front().get();
+}
+
+std::vector<OptionButton*> OptionGroup::Buttons() const {
+  std::vector<OptionButton*> all;
+  all.reserve(buttons_.size());
+  for (const auto& button : buttons_) {
+    all.push_back(button.get());
+  }
+  return all;
 }
 
 }  // namespace brindle

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <initializer_list>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -26,15 +28,26 @@ class OptionButton : public QRadioButton {
   int index_;
 };
 
-/// An array of options of which at most one is selected; at creation none is.
+/// What an option of an array is made from.
+struct Option {
+  int index = 0;
+  QString caption;
+  QString tooltip;
+};
+
+/// An array of options of which at most one is selected; none is at creation. The options belong to
+/// it, wherever they are laid out.
 class OptionGroup : public QObject {
   Q_OBJECT
 
  public:
-  explicit OptionGroup(const QString& name) { setObjectName(name); }
+  explicit OptionGroup(const QString& name, std::initializer_list<Option> options = {});
 
-  /// Adds the option with this index. Its parent becomes the layout's widget, as for any control.
+  /// Adds the option with this index.
   OptionButton* Add(int index, const QString& caption, const QString& tooltip);
+
+  /// The option with this index, for the layout; null where there is none.
+  [[nodiscard]] OptionButton* At(int index) const;
 
   /// Selects an option; an index that no option has changes nothing.
   void Select(int index);
@@ -45,7 +58,7 @@ class OptionGroup : public QObject {
   /// Where Tab stops: the selected option, or the first one if none is.
   [[nodiscard]] OptionButton* TabStop() const;
 
-  [[nodiscard]] const std::vector<OptionButton*>& Buttons() const { return buttons_; }
+  [[nodiscard]] std::vector<OptionButton*> Buttons() const;
 
  Q_SIGNALS:
   /// An option became selected, by the user or by the program.
@@ -56,7 +69,7 @@ class OptionGroup : public QObject {
   void StopTabAtSelected();
 
   QButtonGroup exclusive_;
-  std::vector<OptionButton*> buttons_;
+  std::vector<std::unique_ptr<OptionButton>> buttons_;
 };
 
 }  // namespace brindle

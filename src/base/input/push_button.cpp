@@ -4,6 +4,8 @@
 #include "base/input/push_button.h"
 
 #include <QKeyEvent>
+#include <QPushButton>
+#include <QString>
 
 namespace brindle {
 
@@ -19,6 +21,13 @@ QKeyEvent AsSpace(const QKeyEvent& event) {
 }
 
 }  // namespace
+
+PushButton::PushButton(const QString& name, const QString& caption, const QString& tooltip)
+    : QPushButton(caption) {
+  setObjectName(name);
+  setAccessibleName(caption);
+  setToolTip(tooltip);
+}
 
 void PushButton::keyPressEvent(QKeyEvent* event) {
   if (IsEnter(*event)) {

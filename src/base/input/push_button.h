@@ -4,16 +4,19 @@
 #pragma once
 
 #include <QPushButton>
+#include <QString>
 
 namespace brindle {
 
 /// A push button that Enter presses like the space bar: down with the key, clicked when it is let
-/// go, so that a key held for long answers no question that the click asks.
+/// go, so that a key held for long answers no question that the click asks. Its accessible name is
+/// its caption.
 class PushButton : public QPushButton {
   Q_OBJECT
 
  public:
-  using QPushButton::QPushButton;
+  PushButton() = default;
+  PushButton(const QString& name, const QString& caption, const QString& tooltip = {});
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

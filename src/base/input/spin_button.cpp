@@ -7,14 +7,17 @@
 
 #include <QEvent>
 #include <QMouseEvent>
+#include <QString>
 #include <QToolButton>
 
 namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-SpinButton::SpinButton(const QString& name, SpinDirection direction) : direction_(direction) {
+SpinButton::SpinButton(const QString& name, SpinDirection direction, const QString& tooltip)
+    : direction_(direction) {
   setObjectName(name);
+  setToolTip(tooltip);
   setFocusPolicy(Qt::NoFocus);
   setText(direction == SpinDirection::Plus ? u"+"_s : u"\u2212"_s);
 }

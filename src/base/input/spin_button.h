@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QString>
 #include <QToolButton>
 
 namespace brindle {
@@ -17,7 +18,7 @@ class SpinButton : public QToolButton {
   Q_OBJECT
 
  public:
-  SpinButton(const QString& name, SpinDirection direction);
+  SpinButton(const QString& name, SpinDirection direction, const QString& tooltip = {});
 
   [[nodiscard]] SpinDirection Direction() const { return direction_; }
 

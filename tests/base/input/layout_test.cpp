@@ -51,11 +51,11 @@ TEST(Layout, LabelsShowPlainText) {
 }
 
 TEST(Layout, AnOptionThatBeginsALineNamesItsControls) {
+  QWidget window;
   OptionGroup options(u"O"_s);
   auto* field = new TextField(u"F"_s, {});
   auto* plus = new SpinButton(u"P"_s, SpinDirection::Plus);
   auto* list = new EditableList(u"L"_s, {});
-  QWidget window;
   auto* first = options.Add(0, u"First"_s, {});
   auto* second = options.Add(1, u"Second"_s, {});
   LayOut(&window, Down({MakeFrame({}, {{first, {field, plus}}, {second, {list}}})}));
