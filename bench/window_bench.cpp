@@ -22,6 +22,7 @@
 #include <QWindow>
 #include <benchmark/benchmark.h>
 
+#include "base/input/form.h"
 #include "base/input/message_boxes.h"
 #include "base/settings/settings.h"
 #include "base/time/clock.h"
@@ -71,7 +72,8 @@ struct Calculator {
   OwningWindowList windows{desktop};
   Product product = BuiltProduct();
   Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
-  BitrateCalc window{services};
+  std::unique_ptr<Form> made = MakeBitrateCalc(services);
+  Form& window = *made;
 
   template <class Control>
   Control& Find(const QString& name) {

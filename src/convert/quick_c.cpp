@@ -5,42 +5,48 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 
 #include <QString>
 
 #include "base/input/common_choices.h"
+#include "base/input/form.h"
+#include "base/input/frame_count.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
+#include "base/input/option_group.h"
+#include "base/input/running_time_fields.h"
+#include "base/input/text_field.h"
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
-#include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
 #include "base/numbers/running_time.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
 #include "convert/size_units.h"
 
 namespace brindle {
+namespace {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 constexpr double MostRunningMinutes = 10000;
 constexpr double MostFrames = 3000000;
 
 // What hours and minutes undergo at every key and mouse press.
-void RewriteEntry(TextField* field, double limit) {
+void RewriteEntry(TextField& field, double limit) {
   RepairSign(field);
   RewriteWithin(field, limit);
 }
 
 // What the other fields undergo: they stay as they are typed unless something is wrong with them.
-void RepairEntry(TextField* field, double limit) {
+void RepairEntry(TextField& field, double limit) {
   RepairSign(field);
   RepairWithin(field, limit);
 }
 
 // Moves what is more than 60 of one field into the next; exactly 60 deliberately stays.
-void Carry(TextField* from, TextField* to) {
+void Carry(TextField& from, TextField& to) {
   const double value = NumberIn(from);
   if (value > 60) {
     WriteNumber(to, NumberIn(to) + static_cast<double>(IntegerDivided(value, 60).value_or(0)));
@@ -49,297 +55,303 @@ void Carry(TextField* from, TextField* to) {
 }
 
 // Unlike elsewhere, no minutes are "0".
-void WriteRunningMinutes(TextField* field, double minutes) {
+void WriteRunningMinutes(TextField& field, double minutes) {
   if (minutes == 0) {
-    field->Write(u"0"_s);
+    field.Write(u"0"_s);
   } else {
     WriteMinutes(field, minutes);
   }
 }
 
+class QuickC : public Form {
+  Settings& record_;
+  double FrameRate = 0;  // frames per second
+
+  TextField Time1{u"Time1"_s, u"Hours"_s};
+  TextField Time2{u"Time2"_s, u"Minutes"_s};
+  TextField Time3{u"Time3"_s, u"Seconds"_s};
+  RunningTimeFields time_{Time1, Time2, Time3};
+  TextField Min{u"Min"_s, u"Minutes"_s};
+  TextField Frames{u"Frames"_s, u"Number of video frames"_s};
+  FrameCount frames_{Frames};
+  OptionGroup System{u"System"_s};
+  TextField B{u"B"_s, u"Bytes"_s};
+  TextField KB{u"KB"_s, u"Kilobytes"_s};
+  TextField MB{u"MB"_s, u"Megabytes"_s};
+  TextField GB{u"GB"_s, u"Gigabytes"_s};
+
+ public:
+  explicit QuickC(Services& services)
+      : Form(u"QuickC"_s, u"Velbrin's Brindle 2 : Quick Convert"_s), record_(services.record) {
+    const auto timeLabel = u"Hr:Min:Sec"_s;
+    NameByTooltip(timeLabel, {&Time1, &Time2, &Time3});
+    for (auto* part : {&Time1, &Time2, &Time3}) {
+      part->SetVisibleDigits(5);
+    }
+    for (auto* size : {&B, &KB, &MB, &GB}) {
+      size->SetVisibleDigits(21);
+    }
+    Time1.setText(u"1"_s);
+    Time2.setText(u"40"_s);
+    Time3.setText(u"00.00"_s);
+    Min.setText(u"100"_s);
+    Frames.setText(u"150000"_s);
+
+    // clang-format off
+    LayOut(this,
+      Down({
+        MakeFrame(u"Time / Frames"_s, {
+          {timeLabel, {&Time1, &Time2, &Time3}},
+          {u"min"_s, {&Min}},
+          {u"Frames"_s, {&Frames}},
+          {{}, AddFrameRateSystems(System)},
+        }),
+        MakeFrame(u"Bytes / KB's / MB's / GB's"_s, {
+          {u"B"_s, {&B}},
+          {u"KB"_s, {&KB}},
+          {u"MB"_s, {&MB}},
+          {u"GB"_s, {&GB}},
+        }),
+      }));
+    // clang-format on
+
+    WireEvents();
+    Form_Load();
+    Focus().Begin(&Min);  // never one of the hours, minutes and seconds
+  }
+
+ private:
+  void WireEvents() {
+    using Self = QuickC;
+    const Wires on(this);
+    // clang-format off
+    on(Time1).KeyPress(&Self::Time1_KeyPress).KeyUp(&Self::Time1_KeyUp)
+      .MouseDown(&Self::Time1_MouseDown).LostFocus(&Self::Time1_LostFocus);
+    on(Time2).KeyPress(&Self::Time2_KeyPress).KeyUp(&Self::Time2_KeyUp)
+      .MouseDown(&Self::Time2_MouseDown).LostFocus(&Self::Time2_LostFocus);
+    on(Time3).KeyPress(&Self::Time3_KeyPress).KeyUp(&Self::Time3_KeyUp)
+      .MouseDown(&Self::Time3_MouseDown).MouseUp(&Self::Time3_MouseUp)
+      .LostFocus(&Self::Time3_LostFocus);
+    on(Min).KeyPress(&Self::Min_KeyPress).KeyUp(&Self::Min_KeyUp).MouseDown(&Self::Min_MouseDown)
+      .MouseUp(&Self::Min_MouseUp).LostFocus(&Self::Min_LostFocus);
+    on(Frames).KeyPress(&Self::Frames_KeyPress).KeyUp(&Self::Frames_KeyUp)
+      .MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp)
+      .LostFocus(&Self::Frames_LostFocus);
+    on(System).Click(&Self::System_Click);
+    // clang-format on
+    for (auto* field : {&Time1, &Time2, &Time3, &Min, &Frames, &B, &KB, &MB, &GB}) {
+      on(field).GotFocus([field] { SelectWholeText(*field); });
+    }
+    for (const auto unit : SizeUnits) {
+      const auto convert = [this, unit] { ConvertFrom(unit); };
+      on(FieldOf(unit))
+          .KeyPress(convert)
+          .KeyUp(convert)
+          .MouseDown([this, unit] { Unit_MouseDown(unit); })
+          .MouseUp(convert)
+          .LostFocus([this] { NormalizeFields(); });
+    }
+  }
+
+  void Form_Load() {
+    // Here, too: an unknown system selects nothing, and no handler runs.
+    FrameRate = FramesPerSecond(record_.FrameRateSystem);
+    WriteNumber(MB, record_.QuickSizeMB);
+    WriteNumber(GB, record_.QuickSizeMB / 1024);
+    WriteNumber(KB, NumberIn(MB) * 1024);
+    WriteNumber(B, NumberIn(KB) * 1024);
+    WriteRunningMinutes(Min, record_.MovieLength);
+    if (!IsEmpty(Min)) {
+      FramesFromMinutes();
+      TimeFromFrames();
+    }
+    System.Select(record_.FrameRateSystem);
+  }
+
+  void Time1_KeyPress() { RewriteEntry(Time1, MostHours); }
+  void Time1_KeyUp() {
+    RewriteEntry(Time1, MostHours);
+    TimeChanged();
+  }
+  void Time1_MouseDown() {
+    NormalizeFields();
+    RewriteEntry(Time1, MostHours);
+    TimeChanged();
+  }
+  void Time1_LostFocus() { NormalizeFields(); }
+
+  void Time2_KeyPress() { RewriteEntry(Time2, MostMinutes); }
+  void Time2_KeyUp() {
+    RewriteEntry(Time2, MostMinutes);
+    TimeChanged();
+  }
+  void Time2_MouseDown() {
+    NormalizeFields();
+    RewriteEntry(Time2, MostMinutes);
+    TimeChanged();
+  }
+  void Time2_LostFocus() { NormalizeFields(); }
+
+  void Time3_KeyPress() { RepairEntry(Time3, MostSeconds); }
+  void Time3_KeyUp() {
+    RepairEntry(Time3, MostSeconds);
+    TimeChanged();
+  }
+  // Deliberately recomputes nothing, unlike its neighbours.
+  void Time3_MouseDown() {
+    NormalizeFields(&Time3);
+    RepairEntry(Time3, MostSeconds);
+  }
+  void Time3_MouseUp() { RepairEntry(Time3, MostSeconds); }
+  void Time3_LostFocus() {
+    NormalizeFields();
+    RewriteFormatted(Time3, "00.00");
+  }
+
+  void Min_KeyPress() { RepairEntry(Min, MostRunningMinutes); }
+  void Min_KeyUp() {
+    RepairEntry(Min, MostRunningMinutes);
+    MinutesChanged();
+  }
+  void Min_MouseDown() {
+    NormalizeFields();
+    RepairEntry(Min, MostRunningMinutes);
+    MinutesChanged();
+  }
+  void Min_MouseUp() { RepairEntry(Min, MostRunningMinutes); }
+  void Min_LostFocus() {
+    NormalizeFields();
+    WriteRunningMinutes(Min, NumberIn(Min));
+  }
+
+  void Frames_KeyPress() { RepairEntry(Frames, MostFrames); }
+  void Frames_KeyUp() {
+    RepairEntry(Frames, MostFrames);
+    FramesChanged();
+  }
+  void Frames_MouseDown() {
+    NormalizeFields();
+    RepairEntry(Frames, MostFrames);
+    FramesChanged();
+  }
+  void Frames_MouseUp() { RepairEntry(Frames, MostFrames); }
+  void Frames_LostFocus() { NormalizeFields(); }
+
+  // The running time is kept and the frames follow it.
+  void System_Click(int index) {
+    FrameRate = FramesPerSecond(index);
+    record_.FrameRateSystem = static_cast<std::int16_t>(index);
+    FramesFromMinutes();
+  }
+
+  void Unit_MouseDown(SizeUnit unit) {
+    NormalizeFields();
+    ConvertFrom(unit);
+  }
+
+  void TimeChanged() {
+    MinutesFromTime();
+    FramesFromMinutes();
+  }
+
+  void MinutesChanged() {
+    record_.MovieLength = NumberIn(Min);
+    FramesFromMinutes();
+    TimeFromMinutes();
+  }
+
+  void FramesChanged() {
+    TimeFromFrames();
+    // Without a frame rate there is no time to follow.
+    if (FrameRate > 0) {
+      MinutesFromTime();
+    }
+  }
+
+  // Nothing where there is no frame rate to know it by.
+  void TimeFromFrames() {
+    const auto minutes = frames_.Minutes(FrameRate);
+    record_.MovieLength = minutes.value_or(record_.MovieLength);
+    time_.Write(minutes.value_or(std::numeric_limits<double>::infinity()));
+  }
+
+  void TimeFromMinutes() { time_.Write(NumberIn(Min)); }
+
+  void FramesFromMinutes() { frames_.Write(record_.MovieLength, FrameRate); }
+
+  void MinutesFromTime() {
+    record_.MovieLength = time_.Minutes();
+    WriteRunningMinutes(Min, record_.MovieLength);
+  }
+
+  // Seconds that somebody is about to go on typing keep the zeros at their end.
+  void NormalizeFields(const TextField* pressed = nullptr) {
+    for (auto* part : {&Time1, &Time2}) {
+      // What the program wrote is whole.
+      if (!IsEmpty(*part) && !part->WrittenFrom()) {
+        WriteTyped(*part, WholePart(LeadingNumberIn(*part)));
+      }
+    }
+    if (!IsEmpty(Time3) && !Time3.text().endsWith(u'.')) {
+      (pressed == &Time3 ? RewriteWhileTyping : RewriteNumber)(Time3);
+    }
+    if (IsEmpty(B) || IsEmpty(KB) || IsEmpty(MB) || IsEmpty(GB)) {
+      for (auto* size : {&GB, &MB, &KB, &B}) {
+        size->Write(u"0"_s);
+      }
+    }
+    FillBlank(Time1, u"0"_s);
+    FillBlank(Time2, u"0"_s);
+    Carry(Time2, Time1);
+    FillBlank(Time3, u"0"_s);
+    Carry(Time3, Time2);
+    Carry(Time2, Time1);
+    FillBlank(Min, u"0"_s);
+    FillBlank(Frames, u"0"_s);
+  }
+
+  TextField& FieldOf(SizeUnit unit) {
+    switch (unit) {
+      case SizeUnit::B:
+        return B;
+      case SizeUnit::KB:
+        return KB;
+      case SizeUnit::MB:
+        return MB;
+      case SizeUnit::GB:
+        break;
+    }
+    return GB;
+  }
+
+  void TidyUnitFields(SizeUnit editing) {
+    for (const auto unit : SizeUnits) {
+      if (unit != editing) {
+        auto& field = FieldOf(unit);
+        field.Write(ToQString(TidiedSize(unit, field.text().toStdString())), NumberIn(field));
+      }
+    }
+  }
+
+  void ConvertFrom(SizeUnit unit) {
+    auto& source = FieldOf(unit);
+    RepairWithin(source, LargestSize(unit));
+    const auto sizes = SizesFrom(unit, NumberIn(source));
+    for (const auto other : SizeUnits) {
+      if (other != unit) {
+        WriteNumber(FieldOf(other), sizes.at(IndexOf(other)));
+      }
+    }
+    // Deliberately before the tidying, which rounds sizes and empties those of 0.
+    record_.QuickSizeMB = NumberIn(MB);
+    if (!IsEmpty(source)) {
+      TidyUnitFields(unit);
+    }
+  }
+};
+
 }  // namespace
 
-QuickC::QuickC(Services& services)
-    : Form(u"QuickC"_s, u"Velbrin's Brindle 2 : Quick Convert"_s),
-      record_(services.record),
-      Time1(new TextField(u"Time1"_s, u"Hours"_s)),
-      Time2(new TextField(u"Time2"_s, u"Minutes"_s)),
-      Time3(new TextField(u"Time3"_s, u"Seconds"_s)),
-      time_(Time1, Time2, Time3),
-      Min(new TextField(u"Min"_s, u"Minutes"_s)),
-      Frames(new TextField(u"Frames"_s, u"Number of video frames"_s)),
-      frames_(Frames),
-      System(u"System"_s),
-      B(new TextField(u"B"_s, u"Bytes"_s)),
-      KB(new TextField(u"KB"_s, u"Kilobytes"_s)),
-      MB(new TextField(u"MB"_s, u"Megabytes"_s)),
-      GB(new TextField(u"GB"_s, u"Gigabytes"_s)) {
-  MakeLayout();
-  WireEvents();
-  Form_Load();
-  Focus().Begin(Min);  // never one of the hours, minutes and seconds
-}
-
-void QuickC::MakeLayout() {
-  const auto timeLabel = u"Hr:Min:Sec"_s;
-  NameByTooltip(timeLabel, {Time1, Time2, Time3});
-  for (auto* part : {Time1, Time2, Time3}) {
-    part->SetVisibleDigits(5);
-  }
-  for (auto* size : {B, KB, MB, GB}) {
-    size->SetVisibleDigits(21);
-  }
-  Time1->setText(u"1"_s);
-  Time2->setText(u"40"_s);
-  Time3->setText(u"00.00"_s);
-  Min->setText(u"100"_s);
-  Frames->setText(u"150000"_s);
-
-  // clang-format off
-  LayOut(this,
-    Down({
-      MakeFrame(u"Time / Frames"_s, {
-        {timeLabel, {Time1, Time2, Time3}},
-        {u"min"_s, {Min}},
-        {u"Frames"_s, {Frames}},
-        {{}, AddFrameRateSystems(System)},
-      }),
-      MakeFrame(u"Bytes / KB's / MB's / GB's"_s, {
-        {u"B"_s, {B}},
-        {u"KB"_s, {KB}},
-        {u"MB"_s, {MB}},
-        {u"GB"_s, {GB}},
-      }),
-    }));
-  // clang-format on
-}
-
-void QuickC::WireEvents() {
-  using Self = QuickC;
-  const Wires on(this);
-  // clang-format off
-  on(Time1).KeyPress(&Self::Time1_KeyPress).KeyUp(&Self::Time1_KeyUp)
-    .MouseDown(&Self::Time1_MouseDown).LostFocus(&Self::Time1_LostFocus);
-  on(Time2).KeyPress(&Self::Time2_KeyPress).KeyUp(&Self::Time2_KeyUp)
-    .MouseDown(&Self::Time2_MouseDown).LostFocus(&Self::Time2_LostFocus);
-  on(Time3).KeyPress(&Self::Time3_KeyPress).KeyUp(&Self::Time3_KeyUp)
-    .MouseDown(&Self::Time3_MouseDown).MouseUp(&Self::Time3_MouseUp)
-    .LostFocus(&Self::Time3_LostFocus);
-  on(Min).KeyPress(&Self::Min_KeyPress).KeyUp(&Self::Min_KeyUp).MouseDown(&Self::Min_MouseDown)
-    .MouseUp(&Self::Min_MouseUp).LostFocus(&Self::Min_LostFocus);
-  on(Frames).KeyPress(&Self::Frames_KeyPress).KeyUp(&Self::Frames_KeyUp)
-    .MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp)
-    .LostFocus(&Self::Frames_LostFocus);
-  on(&System).Click(&Self::System_Click);
-  // clang-format on
-  for (auto* field : {Time1, Time2, Time3, Min, Frames, B, KB, MB, GB}) {
-    on(field).GotFocus([field] { SelectWholeText(field); });
-  }
-  for (const auto unit : SizeUnits) {
-    const auto convert = [this, unit] { ConvertFrom(unit); };
-    on(FieldOf(unit))
-        .KeyPress(convert)
-        .KeyUp(convert)
-        .MouseDown([this, unit] { Unit_MouseDown(unit); })
-        .MouseUp(convert)
-        .LostFocus([this] { NormalizeFields(); });
-  }
-}
-
-void QuickC::Form_Load() {
-  // Here, too: an unknown system selects nothing, and no handler runs.
-  FrameRate = FramesPerSecond(record_.FrameRateSystem);
-  WriteNumber(MB, record_.QuickSizeMB);
-  WriteNumber(GB, record_.QuickSizeMB / 1024);
-  WriteNumber(KB, NumberIn(MB) * 1024);
-  WriteNumber(B, NumberIn(KB) * 1024);
-  WriteRunningMinutes(Min, record_.MovieLength);
-  if (!IsEmpty(Min)) {
-    FramesFromMinutes();
-    TimeFromFrames();
-  }
-  System.Select(record_.FrameRateSystem);
-}
-
-void QuickC::Time1_KeyPress() { RewriteEntry(Time1, MostHours); }
-void QuickC::Time1_KeyUp() {
-  RewriteEntry(Time1, MostHours);
-  TimeChanged();
-}
-void QuickC::Time1_MouseDown() {
-  NormalizeFields();
-  RewriteEntry(Time1, MostHours);
-  TimeChanged();
-}
-void QuickC::Time1_LostFocus() { NormalizeFields(); }
-
-void QuickC::Time2_KeyPress() { RewriteEntry(Time2, MostMinutes); }
-void QuickC::Time2_KeyUp() {
-  RewriteEntry(Time2, MostMinutes);
-  TimeChanged();
-}
-void QuickC::Time2_MouseDown() {
-  NormalizeFields();
-  RewriteEntry(Time2, MostMinutes);
-  TimeChanged();
-}
-void QuickC::Time2_LostFocus() { NormalizeFields(); }
-
-void QuickC::Time3_KeyPress() { RepairEntry(Time3, MostSeconds); }
-void QuickC::Time3_KeyUp() {
-  RepairEntry(Time3, MostSeconds);
-  TimeChanged();
-}
-// Deliberately recomputes nothing, unlike its neighbours.
-void QuickC::Time3_MouseDown() {
-  NormalizeFields(Time3);
-  RepairEntry(Time3, MostSeconds);
-}
-void QuickC::Time3_MouseUp() { RepairEntry(Time3, MostSeconds); }
-void QuickC::Time3_LostFocus() {
-  NormalizeFields();
-  RewriteFormatted(Time3, "00.00");
-}
-
-void QuickC::Min_KeyPress() { RepairEntry(Min, MostRunningMinutes); }
-void QuickC::Min_KeyUp() {
-  RepairEntry(Min, MostRunningMinutes);
-  MinutesChanged();
-}
-void QuickC::Min_MouseDown() {
-  NormalizeFields();
-  RepairEntry(Min, MostRunningMinutes);
-  MinutesChanged();
-}
-void QuickC::Min_MouseUp() { RepairEntry(Min, MostRunningMinutes); }
-void QuickC::Min_LostFocus() {
-  NormalizeFields();
-  WriteRunningMinutes(Min, NumberIn(Min));
-}
-
-void QuickC::Frames_KeyPress() { RepairEntry(Frames, MostFrames); }
-void QuickC::Frames_KeyUp() {
-  RepairEntry(Frames, MostFrames);
-  FramesChanged();
-}
-void QuickC::Frames_MouseDown() {
-  NormalizeFields();
-  RepairEntry(Frames, MostFrames);
-  FramesChanged();
-}
-void QuickC::Frames_MouseUp() { RepairEntry(Frames, MostFrames); }
-void QuickC::Frames_LostFocus() { NormalizeFields(); }
-
-// The running time is kept and the frames follow it.
-void QuickC::System_Click(int index) {
-  FrameRate = FramesPerSecond(index);
-  record_.FrameRateSystem = static_cast<std::int16_t>(index);
-  FramesFromMinutes();
-}
-
-void QuickC::Unit_MouseDown(SizeUnit unit) {
-  NormalizeFields();
-  ConvertFrom(unit);
-}
-
-void QuickC::TimeChanged() {
-  MinutesFromTime();
-  FramesFromMinutes();
-}
-
-void QuickC::MinutesChanged() {
-  record_.MovieLength = NumberIn(Min);
-  FramesFromMinutes();
-  TimeFromMinutes();
-}
-
-void QuickC::FramesChanged() {
-  TimeFromFrames();
-  // Without a frame rate there is no time to follow.
-  if (FrameRate > 0) {
-    MinutesFromTime();
-  }
-}
-
-// Nothing where there is no frame rate to know it by.
-void QuickC::TimeFromFrames() {
-  const auto minutes = frames_.Minutes(FrameRate);
-  record_.MovieLength = minutes.value_or(record_.MovieLength);
-  time_.Write(minutes.value_or(std::numeric_limits<double>::infinity()));
-}
-
-void QuickC::TimeFromMinutes() { time_.Write(NumberIn(Min)); }
-
-void QuickC::FramesFromMinutes() { frames_.Write(record_.MovieLength, FrameRate); }
-
-void QuickC::MinutesFromTime() {
-  record_.MovieLength = time_.Minutes();
-  WriteRunningMinutes(Min, record_.MovieLength);
-}
-
-// Seconds that somebody is about to go on typing keep the zeros at their end.
-void QuickC::NormalizeFields(const TextField* pressed) {
-  for (auto* part : {Time1, Time2}) {
-    // What the program wrote is whole.
-    if (!IsEmpty(part) && !part->WrittenFrom()) {
-      WriteTyped(part, WholePart(LeadingNumberIn(part)));
-    }
-  }
-  if (!IsEmpty(Time3) && !Time3->text().endsWith(u'.')) {
-    (pressed == Time3 ? RewriteWhileTyping : RewriteNumber)(Time3);
-  }
-  if (IsEmpty(B) || IsEmpty(KB) || IsEmpty(MB) || IsEmpty(GB)) {
-    for (auto* size : {GB, MB, KB, B}) {
-      size->Write(u"0"_s);
-    }
-  }
-  FillBlank(Time1, u"0"_s);
-  FillBlank(Time2, u"0"_s);
-  Carry(Time2, Time1);
-  FillBlank(Time3, u"0"_s);
-  Carry(Time3, Time2);
-  Carry(Time2, Time1);
-  FillBlank(Min, u"0"_s);
-  FillBlank(Frames, u"0"_s);
-}
-
-void QuickC::ConvertFrom(SizeUnit unit) {
-  auto* source = FieldOf(unit);
-  RepairWithin(source, LargestSize(unit));
-  const auto sizes = SizesFrom(unit, NumberIn(source));
-  for (const auto other : SizeUnits) {
-    if (other != unit) {
-      WriteNumber(FieldOf(other), sizes.at(IndexOf(other)));
-    }
-  }
-  // Deliberately before the tidying, which rounds sizes and empties those of 0.
-  record_.QuickSizeMB = NumberIn(MB);
-  if (!IsEmpty(source)) {
-    TidyUnitFields(unit);
-  }
-}
-
-void QuickC::TidyUnitFields(SizeUnit editing) {
-  for (const auto unit : SizeUnits) {
-    if (unit != editing) {
-      auto* field = FieldOf(unit);
-      field->Write(ToQString(TidiedSize(unit, field->text().toStdString())), NumberIn(field));
-    }
-  }
-}
-
-TextField* QuickC::FieldOf(SizeUnit unit) const {
-  switch (unit) {
-    case SizeUnit::B:
-      return B;
-    case SizeUnit::KB:
-      return KB;
-    case SizeUnit::MB:
-      return MB;
-    case SizeUnit::GB:
-      return GB;
-  }
-  return nullptr;
-}
+std::unique_ptr<Form> MakeQuickC(Services& services) { return std::make_unique<QuickC>(services); }
 
 }  // namespace brindle

@@ -3,21 +3,25 @@
 
 #include "extras/about_win.h"
 
+#include <memory>
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QString>
 
+#include "base/input/form.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/link_label.h"
 #include "base/input/picture.h"
 #include "base/input/wiring.h"
+#include "base/windows/services.h"
 
 namespace brindle {
+namespace {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 // The program's picture with a line around it.
 QWidget* FramedPicture(qreal devicePixelRatio) {
@@ -36,54 +40,59 @@ QWidget* FramedPicture(qreal devicePixelRatio) {
   return line;
 }
 
+class AboutWin : public Form {
+  Services& services_;
+
+  LinkLabel email{u"email"_s};
+  LinkLabel website{u"website"_s};
+
+ public:
+  explicit AboutWin(Services& services)
+      : Form(u"AboutWin"_s, u"About Calculator"_s), services_(services) {
+    auto* label9 = new DescriptionLabel(
+        u"Velbrin's Brindle 2 is a collection of calculators for the various steps of most "
+        "DVD-to-AVI/xVCD methods."_s);
+    label9->setObjectName(u"Label9"_s);
+    email.setText(services_.product.mail);
+    NameByLabel(u"E-Mail :"_s, {&email});
+
+    // clang-format off
+    LayOut(this,
+      Across({
+        Down({FramedPicture(devicePixelRatio()), Item::Stretch()}),
+        Down({
+          label9,
+          // Two blanks behind "DX", deliberately.
+          MakeLabel(u"Label8"_s, u"Version 2.91 DX  for Windows 9x/Me/2000/XP"_s),
+          Across({MakeLabel(u"Label3"_s, u"E-Mail :"_s), &email, Item::Stretch()}, Spacing),
+          Across({&website, Item::Stretch()}),
+        }),
+      }));
+    // clang-format on
+
+    WireEvents();
+    Form_Load();
+    Focus().Begin(&email);
+  }
+
+ private:
+  void WireEvents() {
+    const Wires on(this);
+    on(email).Click(&AboutWin::email_Click);
+    on(website).Click(&AboutWin::website_Click);
+  }
+
+  void Form_Load() { website.setText(services_.product.website); }
+
+  void email_Click() { services_.desktop.OpenAddress(this, u"mailto:"_s + services_.product.mail); }
+
+  void website_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
+};
+
 }  // namespace
 
-AboutWin::AboutWin(Services& services)
-    : Form(u"AboutWin"_s, u"About Calculator"_s),
-      services_(services),
-      email(new LinkLabel(u"email"_s)),
-      website(new LinkLabel(u"website"_s)) {
-  MakeLayout();
-  WireEvents();
-  Form_Load();
-  Focus().Begin(email);
+std::unique_ptr<Form> MakeAboutWin(Services& services) {
+  return std::make_unique<AboutWin>(services);
 }
-
-void AboutWin::MakeLayout() {
-  auto* label9 = new DescriptionLabel(
-      u"Velbrin's Brindle 2 is a collection of calculators for the various steps of most "
-      "DVD-to-AVI/xVCD methods."_s);
-  label9->setObjectName(u"Label9"_s);
-  email->setText(services_.product.mail);
-  NameByLabel(u"E-Mail :"_s, {email});
-
-  // clang-format off
-  LayOut(this,
-    Across({
-      Down({FramedPicture(devicePixelRatio()), Item::Stretch()}),
-      Down({
-        label9,
-        // Two blanks behind "DX", deliberately.
-        MakeLabel(u"Label8"_s, u"Version 2.91 DX  for Windows 9x/Me/2000/XP"_s),
-        Across({MakeLabel(u"Label3"_s, u"E-Mail :"_s), email, Item::Stretch()}, Spacing),
-        Across({website, Item::Stretch()}),
-      }),
-    }));
-  // clang-format on
-}
-
-void AboutWin::WireEvents() {
-  const Wires on(this);
-  on(email).Click(&AboutWin::email_Click);
-  on(website).Click(&AboutWin::website_Click);
-}
-
-void AboutWin::Form_Load() { website->setText(services_.product.website); }
-
-void AboutWin::email_Click() {
-  services_.desktop.OpenAddress(this, u"mailto:"_s + services_.product.mail);
-}
-
-void AboutWin::website_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
 }  // namespace brindle

@@ -4,49 +4,70 @@
 #include "shell/default_w.h"
 
 #include <functional>
+#include <memory>
 #include <utility>
 
-#include <QPushButton>
 #include <QString>
 
+#include "base/input/form.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/push_button.h"
 #include "base/input/wiring.h"
+#include "base/windows/services.h"
 
 namespace brindle {
+namespace {
 
 using namespace Qt::StringLiterals;
 
-DefaultW::DefaultW(Services& services, std::function<void()> initDat)
-    : Form(u"DefaultW"_s, u"Load Default Settings"_s),
-      services_(services),
-      initDat_(std::move(initDat)) {
-  auto* command1 = MakeButton(u"Command1"_s, u"Load Defaults"_s);
-  auto* command2 = MakeButton(u"Command2"_s, u"Cancel"_s);
+class DefaultW : public Form {
+  Services& services_;
+  std::function<void()> initDat_;
 
-  // clang-format off
-  LayOut(this,
-    Down({
-      MakeLabel(u"Replace the settings of all windows by the default settings?"_s),
-      MakeLabel(u"Windows that are open keep showing their values until they are opened again."_s),
-      Across({Item::Stretch(), command1, command2}, Spacing),
-    }));
-  // clang-format on
+  PushButton Command1{u"Command1"_s, u"Load Defaults"_s};
+  PushButton Command2{u"Command2"_s, u"Cancel"_s};
 
-  const Wires on(this);
-  on(command1).Click(&DefaultW::Command1_Click);
-  on(command2).Click(&DefaultW::Command2_Click);
-  Form_Load();
-  Focus().Begin(command1);
+ public:
+  DefaultW(Services& services, std::function<void()> initDat)
+      : Form(u"DefaultW"_s, u"Load Default Settings"_s),
+        services_(services),
+        initDat_(std::move(initDat)) {
+    // clang-format off
+    LayOut(this,
+      Down({
+        MakeLabel(u"Replace the settings of all windows by the default settings?"_s),
+        MakeLabel(u"Windows that are open keep showing their values until they are opened again."_s),
+        Across({Item::Stretch(), &Command1, &Command2}, Spacing),
+      }));
+    // clang-format on
+
+    WireEvents();
+    Form_Load();
+    Focus().Begin(&Command1);
+  }
+
+ private:
+  void WireEvents() {
+    const Wires on(this);
+    on(Command1).Click(&DefaultW::Command1_Click);
+    on(Command2).Click(&DefaultW::Command2_Click);
+  }
+
+  void Form_Load() { services_.desktop.Beep(); }
+
+  void Command1_Click() {
+    initDat_();
+    close();
+  }
+
+  void Command2_Click() { close(); }
+};
+
+}  // namespace
+
+std::unique_ptr<Form> MakeDefaultW(Services& services, std::function<void()> initDat) {
+  return std::make_unique<DefaultW>(services, std::move(initDat));
 }
-
-void DefaultW::Form_Load() { services_.desktop.Beep(); }
-
-void DefaultW::Command1_Click() {
-  initDat_();
-  close();
-}
-
-void DefaultW::Command2_Click() { close(); }
 
 }  // namespace brindle

@@ -4,27 +4,15 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "base/input/form.h"
 #include "base/windows/services.h"
 
 namespace brindle {
 
-/// The window that asks once more before the defaults are loaded.
-class DefaultW : public Form {
-  Q_OBJECT
-
- public:
-  /// `initDat` loads the defaults and writes them.
-  DefaultW(Services& services, std::function<void()> initDat);
-
- private:
-  void Form_Load();
-  void Command1_Click();
-  void Command2_Click();
-
-  Services& services_;
-  std::function<void()> initDat_;
-};
+/// The window that asks once more before the defaults are loaded. `initDat` loads the defaults and
+/// writes them.
+[[nodiscard]] std::unique_ptr<Form> MakeDefaultW(Services& services, std::function<void()> initDat);
 
 }  // namespace brindle

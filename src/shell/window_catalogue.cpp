@@ -22,18 +22,17 @@ namespace brindle {
 
 void AddAllWindows(OwningWindowList& windows, Services& services,
                    const std::function<void()>& initDat) {
-  windows.Add(WindowId::BitrateCalc, [&] { return std::make_unique<BitrateCalc>(services); });
-  windows.Add(WindowId::AudioCalc, [&] { return std::make_unique<AudioCalc>(services); });
-  windows.Add(WindowId::HDCalc, [&] { return std::make_unique<HDCalc>(services); });
-  windows.Add(WindowId::AVISplit, [&] { return std::make_unique<AVISplit>(services); });
-  windows.Add(WindowId::QuickC, [&] { return std::make_unique<QuickC>(services); });
-  windows.Add(WindowId::AspectRa, [&] { return std::make_unique<AspectRa>(services); });
+  windows.Add(WindowId::BitrateCalc, [&] { return MakeBitrateCalc(services); });
+  windows.Add(WindowId::AudioCalc, [&] { return MakeAudioCalc(services); });
+  windows.Add(WindowId::HDCalc, [&] { return MakeHDCalc(services); });
+  windows.Add(WindowId::AVISplit, [&] { return MakeAVISplit(services); });
+  windows.Add(WindowId::QuickC, [&] { return MakeQuickC(services); });
+  windows.Add(WindowId::AspectRa, [&] { return MakeAspectRa(services); });
   windows.Add(WindowId::WavNorm, [&] { return MakeWavNorm(services); });
-  windows.Add(WindowId::Advanced, [&] { return std::make_unique<Advanced>(services); });
-  windows.Add(WindowId::AboutWin, [&] { return std::make_unique<AboutWin>(services); });
-  windows.Add(WindowId::WebUpdate, [&] { return std::make_unique<WebUpdate>(services); });
-  windows.Add(WindowId::DefaultW,
-              [&services, initDat] { return std::make_unique<DefaultW>(services, initDat); });
+  windows.Add(WindowId::Advanced, [&] { return MakeAdvanced(services); });
+  windows.Add(WindowId::AboutWin, [&] { return MakeAboutWin(services); });
+  windows.Add(WindowId::WebUpdate, [&] { return MakeWebUpdate(services); });
+  windows.Add(WindowId::DefaultW, [&services, initDat] { return MakeDefaultW(services, initDat); });
 }
 
 }  // namespace brindle

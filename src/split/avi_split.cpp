@@ -4,397 +4,393 @@
 #include "split/avi_split.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
+#include <memory>
 
-#include <QLabel>
 #include <QString>
 
 #include "base/input/common_choices.h"
+#include "base/input/form.h"
+#include "base/input/frame_count.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
+#include "base/input/option_group.h"
+#include "base/input/text_field.h"
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
-#include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
-#include "base/numbers/running_time.h"
 #include "base/numbers/stepping.h"
+#include "base/settings/settings.h"
+#include "base/windows/services.h"
+#include "split/duration_labels.h"
 #include "split/range_table.h"
 #include "split/split_plan.h"
 
 namespace brindle {
+namespace {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 constexpr double MostFrames = 99999999;
 constexpr double LongestInterval = 100;  // seconds
 
-void WriteOrClear(TextField* field, double value) {
+void WriteOrClear(TextField& field, double value) {
   if (value < 0) {
-    field->Write({});
+    field.Write({});
   } else {
     WriteNumber(field, value);
   }
 }
 
+class AVISplit : public Form {
+  // The field that FillBlankFields() leaves alone.
+  enum class Editing { None, AVIsize, Frames, Size1, Size2, KeyFs };
+  enum Segments { Two, Three };
+
+  Settings& record_;
+  double FrameRate = 0;  // frames per second
+
+  TextField AVIsize{u"AVIsize"_s, u"The size of the big AVI file that needs to be split"_s};
+  TextField Frames{u"Frames"_s, u"Total number of frames"_s};
+  FrameCount frames_{Frames};
+  OptionGroup Segs{u"Segs"_s,
+                   {{Two, u"2"_s, u"Cut the AVI to two segments"_s},
+                    {Three, u"3"_s, u"Cut the AVI to three segments"_s}}};
+  TextField Size1{u"Size1"_s, u"Size of the first segment in Megabytes"_s};
+  TextField Size2{u"Size2"_s, u"Size of the second segment in Megabytes"_s};
+  TextField Size3{u"Size3"_s, u"Size of the third segment in Megabytes"_s};
+  PlainLabel SegNo3Lab{u"SegNo3Lab"_s, u"3"_s};
+  OptionGroup System{u"System"_s};
+  TextField KeyFs{u"KeyFs"_s, u"DivX 3 codec setting"_s};
+  ValueLabel KeyFr{u"KeyFr"_s, {}, {u"88888888"_s}};
+  DurationLabels duration_;
+  RangeTable ranges_;
+
+ public:
+  explicit AVISplit(Services& services)
+      : Form(u"AVISplit"_s, u"Velbrin's Brindle 2 : AVI Splitting Calc"_s),
+        record_(services.record) {
+    const auto segmentsLabel = u"No. of Segments:"_s;
+    const auto sizeLabel = u"Size (MB):"_s;
+    const auto systemLabel = u"System:"_s;
+    const auto systems = AddFrameRateSystems(System);
+    NameByTooltip(segmentsLabel, {Segs.At(Two), Segs.At(Three)});
+    NameByTooltip(systemLabel, {systems[0], systems[1], systems[2]});
+    NameByTooltip(sizeLabel, {&Size1, &Size2, &Size3});
+    Size3.ShowAsResult(true);
+    Size1.setText(u"650"_s);
+    Size2.setText(u"650"_s);
+    KeyFr.Write(u"600"_s);
+    KeepRoom({&SegNo3Lab, &Size3});
+
+    // clang-format off
+    LayOut(this,
+      Down({
+        Across({
+          MakeFrame(u"General Settings"_s, {
+            {u"AVI Size (MB):"_s, {&AVIsize}},
+            {u"Total Frames:"_s, {&Frames}},
+            {segmentsLabel, {Segs.At(Two), Segs.At(Three)}},
+            {u"Segment No:"_s, {MakeLabel(sizeLabel)}},
+            {u"1"_s, {&Size1}},
+            {u"2"_s, {&Size2}},
+            {&SegNo3Lab, {&Size3}},
+          }),
+          Down({
+            MakeFrame(u"DVD/Codec Settings"_s, {
+              {systemLabel, {systems[0]}},
+              {u""_s, {systems[1]}},
+              {u""_s, {systems[2]}},
+              {u"Keyframe every:"_s, {&KeyFs, MakeLabel(u"sec"_s)}},
+            }),
+            MakeFrame({}, {
+              {u"Keyframes:"_s, {&KeyFr, MakeLabel(u"For DivX 3 without scene detection"_s)}},
+              {u"Duration:"_s, duration_.Line()},
+            }),
+          }),
+        }),
+        MakeFrame(u"Select and DELETE indicated frame ranges:"_s, ranges_.Layout()),
+      }));
+    // clang-format on
+
+    WireEvents();
+    Form_Load();
+    Focus().Begin(&AVIsize);
+  }
+
+ private:
+  void WireEvents() {
+    using Self = AVISplit;
+    const Wires on(this);
+    // clang-format off
+    on(AVIsize).GotFocus(&Self::AVIsize_GotFocus).KeyUp(&Self::AVIsize_KeyUp)
+      .MouseDown(&Self::AVIsize_MouseDown);
+    on(Frames).GotFocus(&Self::Frames_GotFocus).KeyPress(&Self::Frames_KeyPress)
+      .KeyUp(&Self::Frames_KeyUp).MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp);
+    on(Segs).Click(&Self::Segs_Click);
+    on(Size1).GotFocus(&Self::Size1_GotFocus).KeyUp(&Self::Size1_KeyUp)
+      .MouseDown(&Self::Size1_MouseDown);
+    on(Size2).GotFocus(&Self::Size2_GotFocus).KeyUp(&Self::Size2_KeyUp)
+      .MouseDown(&Self::Size2_MouseDown);
+    on(Size3).GotFocus(&Self::Size3_GotFocus);
+    on(System).Click(&Self::System_Click);
+    on(KeyFs).GotFocus(&Self::KeyFs_GotFocus).KeyPress(&Self::KeyFs_KeyPress)
+      .KeyUp(&Self::KeyFs_KeyUp).MouseDown(&Self::KeyFs_MouseDown);
+    // clang-format on
+  }
+
+  void Form_Load() {
+    if (record_.MovieLength == 0) {
+      record_.MovieLength = 1;
+    }
+    // Here, too: an unknown system selects nothing, and no handler runs.
+    FrameRate = FramesPerSecond(record_.FrameRateSystem);
+    System.Select(record_.FrameRateSystem);
+    WriteNumber(AVIsize, record_.SplitAVISize);
+    WriteNumber(Size1, record_.SplitSize1);
+    WriteNumber(Size2, record_.SplitSize2);
+    frames_.Write(record_.MovieLength, FrameRate);
+    WriteNumber(KeyFs, record_.KeyframeInterval);
+    const bool isThree = record_.SplitSegmentsMode != 0;
+    Segs.Select(isThree ? Three : Two);
+    if (isThree) {
+      WriteNumber(Size3, Remainder(record_.SplitAVISize, record_.SplitSize1, record_.SplitSize2));
+    } else {
+      WriteNumber(Size2, Remainder(record_.SplitAVISize, record_.SplitSize1));
+    }
+    ShowThirdSegment(isThree);
+    // Deliberately for two segments, too: what shows of it is the same.
+    SplitInThree();
+    for (auto* size : {&Size2, &Size3}) {
+      if (NumberIn(*size) < 0) {
+        size->Write({});
+      }
+    }
+  }
+
+  void AVIsize_GotFocus() { SelectWholeText(AVIsize); }
+  void AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
+  void AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
+
+  void Frames_GotFocus() { SelectWholeText(Frames); }
+  void Frames_KeyPress() { LimitFrames(); }
+  void Frames_KeyUp() { EditFrames(); }
+  void Frames_MouseDown() { EditFrames(); }
+  void Frames_MouseUp() { LimitFrames(); }
+
+  void Segs_Click(int index) {
+    FillBlankFields(Editing::None);
+    record_.SplitSegmentsMode = index;
+    ShowThirdSegment(index == Three);
+    Recalculate();
+  }
+
+  void Size1_GotFocus() { SelectWholeText(Size1); }
+  void Size1_KeyUp() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
+  void Size1_MouseDown() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
+
+  void Size2_GotFocus() { SelectWholeText(Size2); }
+  void Size2_KeyUp() { EditSize2(); }
+  void Size2_MouseDown() { EditSize2(); }
+
+  void Size3_GotFocus() { SelectWholeText(Size3); }
+
+  void System_Click(int index) {
+    FrameRate = FramesPerSecond(index);
+    record_.FrameRateSystem = static_cast<std::int16_t>(index);
+    Recalculate();
+  }
+
+  void KeyFs_GotFocus() { SelectWholeText(KeyFs); }
+  // Deliberately stores without recomputing, like LimitFrames().
+  void KeyFs_KeyPress() {
+    if (!IsEmpty(KeyFs)) {
+      LimitKeyFs();
+      record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
+    }
+  }
+  void KeyFs_KeyUp() { EditKeyFs(); }
+  void KeyFs_MouseDown() { EditKeyFs(); }
+
+  void EditSize(Editing code, TextField& field, double& stored) {
+    FillBlankFields(code);
+    const double megaBytes = RepairAndRead(field);
+    if (IsEmpty(field)) {
+      return;
+    }
+    // A press on a size that was cut to fit is no wish for that size.
+    const bool isCutToFit = field.WrittenFrom() && megaBytes < stored;
+    if (!isCutToFit) {
+      stored = megaBytes;
+    }
+    if (megaBytes > 0) {
+      Recalculate();
+    }
+  }
+
+  // Of two segments the second size is the rest that was worked out, which nobody typed.
+  void EditSize2() {
+    double computed = 0;
+    const bool isTyped = Segs.Selected() != Two;
+    EditSize(Editing::Size2, Size2, isTyped ? record_.SplitSize2 : computed);
+  }
+
+  void EditFrames() {
+    FillBlankFields(Editing::Frames);
+    RepairText(Frames);
+    if (IsEmpty(Frames)) {
+      return;
+    }
+    TakeWholeFrames();
+    RepairSign(Frames);
+    if (NumberIn(Frames) > 0) {
+      StoreRunningTime();
+      Recalculate();
+    }
+  }
+
+  void LimitFrames() {
+    if (!IsEmpty(Frames)) {
+      TakeWholeFrames();
+      StoreRunningTime();
+    }
+  }
+
+  // What the program wrote is whole, and has no limit.
+  void TakeWholeFrames() {
+    if (!Frames.WrittenFrom()) {
+      WriteTyped(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
+    }
+  }
+
+  void EditKeyFs() {
+    FillBlankFields(Editing::KeyFs);
+    RepairText(KeyFs);
+    RepairSign(KeyFs);
+    if (IsEmpty(KeyFs)) {
+      return;
+    }
+    LimitKeyFs();
+    WriteNumber(KeyFs, WholePart(NumberIn(KeyFs)));
+    record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
+    if (NumberIn(KeyFs) > 0) {
+      Recalculate();
+    }
+  }
+
+  // Deliberately divides twice at most: 50000 becomes 500 and stays.
+  void LimitKeyFs() {
+    for (int i = 0; i < 2; ++i) {
+      if (NumberIn(KeyFs) > LongestInterval) {
+        WriteNumber(KeyFs, NumberIn(KeyFs) / 10);
+      }
+    }
+  }
+
+  // The second size is the rest of two segments, and typed of three.
+  void ShowThirdSegment(bool isShown) {
+    SegNo3Lab.setVisible(isShown);
+    Size3.setVisible(isShown);
+    ranges_.ShowThirdSegment(isShown);
+    Size2.ShowAsResult(!isShown);
+  }
+
+  // Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows
+  // what was typed. While the size of the file is being typed, every key begins again with the
+  // sizes that were typed: 1400 typed over 1300 is 1, 14 and 140 on its way.
+  void FillBlankFields(Editing editing) {
+    const auto one = u"1"_s;
+    const bool isThree = Segs.Selected() == Three;
+    if (editing != Editing::AVIsize) {
+      FillBlank(AVIsize, one);
+    } else {
+      WriteNumber(Size1, record_.SplitSize1);
+      if (isThree) {
+        WriteNumber(Size2, record_.SplitSize2);
+      }
+    }
+    if (editing != Editing::Frames) {
+      FillBlank(Frames, one);
+    }
+    if (editing != Editing::Size1) {
+      FillBlank(Size1, one);
+      if (LeadingNumberIn(AVIsize) < NumberIn(Size1)) {
+        WriteNumber(Size1, LeadingNumberIn(AVIsize));
+      }
+    }
+    if (editing != Editing::Size2 && isThree) {
+      FillBlank(Size2, one);
+      const double rest = Remainder(LeadingNumberIn(AVIsize), LeadingNumberIn(Size1));
+      if (rest < NumberIn(Size2)) {
+        WriteNumber(Size2, std::max(rest, 0.0));
+      }
+    }
+    if (editing != Editing::KeyFs) {
+      FillBlank(KeyFs, one);
+    }
+  }
+
+  // Without a frame rate the running time keeps its value.
+  void StoreRunningTime() {
+    record_.MovieLength = frames_.Minutes(FrameRate).value_or(record_.MovieLength);
+  }
+
+  void UpdateFrames() {
+    frames_.Write(record_.MovieLength, FrameRate);
+    duration_.Write(frames_.Minutes(FrameRate));
+    if (NumberIn(KeyFs) == 0) {
+      // Deliberately without storing it.
+      KeyFs.Write(u"1"_s);
+    }
+    const auto keyFrames = KeyFrames(CountedFrames(), IntervalInFrames());
+    KeyFr.Write(keyFrames ? QString::number(*keyFrames) : QString());
+  }
+
+  // Not finite where there were too many to be shown.
+  double CountedFrames() const {
+    return IsEmpty(Frames) ? std::numeric_limits<double>::infinity() : NumberIn(Frames);
+  }
+
+  double IntervalInFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }
+
+  SplitInputs InputsOf(double firstMegaBytes, double secondMegaBytes) const {
+    return {.frames = CountedFrames(),
+            .megaBytes = NumberIn(AVIsize),
+            .firstMegaBytes = firstMegaBytes,
+            .secondMegaBytes = secondMegaBytes,
+            .keyFrameInterval = IntervalInFrames()};
+  }
+
+  void SplitInTwo() {
+    UpdateFrames();
+    const auto inputs = InputsOf(NumberIn(Size1), 0);
+    WriteOrClear(Size2, Remainder(inputs.megaBytes, inputs.firstMegaBytes));
+    ranges_.ShowTwo(PlanOfTwo(inputs));
+  }
+
+  // Deliberately takes the leading numbers of its parts, where two segments take whole texts only.
+  void SplitInThree() {
+    UpdateFrames();
+    const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));
+    WriteOrClear(Size3, Remainder(inputs.megaBytes, inputs.firstMegaBytes, inputs.secondMegaBytes));
+    ranges_.ShowThree(PlanOfThree(inputs));
+  }
+
+  void Recalculate() {
+    if (Segs.Selected() == Two) {
+      SplitInTwo();
+    } else {
+      SplitInThree();
+    }
+  }
+};
+
 }  // namespace
 
-AVISplit::AVISplit(Services& services)
-    : Form(u"AVISplit"_s, u"Velbrin's Brindle 2 : AVI Splitting Calc"_s),
-      record_(services.record),
-      AVIsize(
-          new TextField(u"AVIsize"_s, u"The size of the big AVI file that needs to be split"_s)),
-      Frames(new TextField(u"Frames"_s, u"Total number of frames"_s)),
-      frames_(Frames),
-      Segs(u"Segs"_s),
-      Size1(new TextField(u"Size1"_s, u"Size of the first segment in Megabytes"_s)),
-      Size2(new TextField(u"Size2"_s, u"Size of the second segment in Megabytes"_s)),
-      Size3(new TextField(u"Size3"_s, u"Size of the third segment in Megabytes"_s)),
-      SegNo3Lab(MakeLabel(u"SegNo3Lab"_s, u"3"_s)),
-      System(u"System"_s),
-      KeyFs(new TextField(u"KeyFs"_s, u"DivX 3 codec setting"_s)),
-      KeyFr(new ValueLabel(u"KeyFr"_s, {}, {u"88888888"_s})),
-      Time1(new ValueLabel(u"Time1"_s, {}, {u"8888"_s})),
-      Time2(new ValueLabel(u"Time2"_s, {}, {u"88"_s})),
-      Time3(new ValueLabel(u"Time3"_s, {}, {u"88.88"_s})) {
-  MakeLayout();
-  WireEvents();
-  Form_Load();
-  Focus().Begin(AVIsize);
+std::unique_ptr<Form> MakeAVISplit(Services& services) {
+  return std::make_unique<AVISplit>(services);
 }
-
-void AVISplit::MakeLayout() {
-  const auto segmentsLabel = u"No. of Segments:"_s;
-  const auto sizeLabel = u"Size (MB):"_s;
-  const auto systemLabel = u"System:"_s;
-  auto* two = Segs.Add(Two, u"2"_s, u"Cut the AVI to two segments"_s);
-  auto* three = Segs.Add(Three, u"3"_s, u"Cut the AVI to three segments"_s);
-  const auto systems = AddFrameRateSystems(System);
-  NameByTooltip(segmentsLabel, {two, three});
-  NameByTooltip(systemLabel, {systems[0], systems[1], systems[2]});
-  NameByTooltip(sizeLabel, {Size1, Size2, Size3});
-  NameByLabel(u"Duration: hours"_s, {Time1});
-  NameByLabel(u"Duration: minutes"_s, {Time2});
-  NameByLabel(u"Duration: seconds"_s, {Time3});
-  Size3->ShowAsResult(true);
-  Size1->setText(u"650"_s);
-  Size2->setText(u"650"_s);
-  KeyFr->Write(u"600"_s);
-  Time3->Write(u"00.00"_s);
-  KeepRoom({SegNo3Lab, Size3});
-
-  // clang-format off
-  LayOut(this,
-    Down({
-      Across({
-        MakeFrame(u"General Settings"_s, {
-          {u"AVI Size (MB):"_s, {AVIsize}},
-          {u"Total Frames:"_s, {Frames}},
-          {segmentsLabel, {two, three}},
-          {u"Segment No:"_s, {MakeLabel(sizeLabel)}},
-          {u"1"_s, {Size1}},
-          {u"2"_s, {Size2}},
-          {SegNo3Lab, {Size3}},
-        }),
-        Down({
-          MakeFrame(u"DVD/Codec Settings"_s, {
-            {systemLabel, {systems[0]}},
-            {u""_s, {systems[1]}},
-            {u""_s, {systems[2]}},
-            {u"Keyframe every:"_s, {KeyFs, MakeLabel(u"sec"_s)}},
-          }),
-          MakeFrame({}, {
-            {u"Keyframes:"_s, {KeyFr, MakeLabel(u"For DivX 3 without scene detection"_s)}},
-            {u"Duration:"_s, {Time1, MakeLabel(u":"_s), Time2, MakeLabel(u":"_s), Time3}},
-          }),
-        }),
-      }),
-      MakeFrame(u"Select and DELETE indicated frame ranges:"_s, ranges_.Layout()),
-    }));
-  // clang-format on
-}
-
-void AVISplit::WireEvents() {
-  using Self = AVISplit;
-  const Wires on(this);
-  // clang-format off
-  on(AVIsize).GotFocus(&Self::AVIsize_GotFocus).KeyUp(&Self::AVIsize_KeyUp)
-    .MouseDown(&Self::AVIsize_MouseDown);
-  on(Frames).GotFocus(&Self::Frames_GotFocus).KeyPress(&Self::Frames_KeyPress)
-    .KeyUp(&Self::Frames_KeyUp).MouseDown(&Self::Frames_MouseDown).MouseUp(&Self::Frames_MouseUp);
-  on(&Segs).Click(&Self::Segs_Click);
-  on(Size1).GotFocus(&Self::Size1_GotFocus).KeyUp(&Self::Size1_KeyUp)
-    .MouseDown(&Self::Size1_MouseDown);
-  on(Size2).GotFocus(&Self::Size2_GotFocus).KeyUp(&Self::Size2_KeyUp)
-    .MouseDown(&Self::Size2_MouseDown);
-  on(Size3).GotFocus(&Self::Size3_GotFocus);
-  on(&System).Click(&Self::System_Click);
-  on(KeyFs).GotFocus(&Self::KeyFs_GotFocus).KeyPress(&Self::KeyFs_KeyPress)
-    .KeyUp(&Self::KeyFs_KeyUp).MouseDown(&Self::KeyFs_MouseDown);
-  // clang-format on
-}
-
-void AVISplit::Form_Load() {
-  if (record_.MovieLength == 0) {
-    record_.MovieLength = 1;
-  }
-  // Here, too: an unknown system selects nothing, and no handler runs.
-  FrameRate = FramesPerSecond(record_.FrameRateSystem);
-  System.Select(record_.FrameRateSystem);
-  WriteNumber(AVIsize, record_.SplitAVISize);
-  WriteNumber(Size1, record_.SplitSize1);
-  WriteNumber(Size2, record_.SplitSize2);
-  frames_.Write(record_.MovieLength, FrameRate);
-  WriteNumber(KeyFs, record_.KeyframeInterval);
-  const bool isThree = record_.SplitSegmentsMode != 0;
-  Segs.Select(isThree ? Three : Two);
-  if (isThree) {
-    WriteNumber(Size3, Remainder(record_.SplitAVISize, record_.SplitSize1, record_.SplitSize2));
-  } else {
-    WriteNumber(Size2, Remainder(record_.SplitAVISize, record_.SplitSize1));
-  }
-  ShowThirdSegment(isThree);
-  // Deliberately for two segments, too: what shows of it is the same.
-  SplitInThree();
-  for (auto* size : {Size2, Size3}) {
-    if (NumberIn(size) < 0) {
-      size->Write({});
-    }
-  }
-}
-
-void AVISplit::AVIsize_GotFocus() { SelectWholeText(AVIsize); }
-void AVISplit::AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
-void AVISplit::AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
-
-void AVISplit::Frames_GotFocus() { SelectWholeText(Frames); }
-void AVISplit::Frames_KeyPress() { LimitFrames(); }
-void AVISplit::Frames_KeyUp() { EditFrames(); }
-void AVISplit::Frames_MouseDown() { EditFrames(); }
-void AVISplit::Frames_MouseUp() { LimitFrames(); }
-
-void AVISplit::Segs_Click(int index) {
-  FillBlankFields(Editing::None);
-  SelectSplitMode(index);
-}
-
-void AVISplit::Size1_GotFocus() { SelectWholeText(Size1); }
-void AVISplit::Size1_KeyUp() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
-void AVISplit::Size1_MouseDown() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
-
-void AVISplit::Size2_GotFocus() { SelectWholeText(Size2); }
-void AVISplit::Size2_KeyUp() { EditSize2(); }
-void AVISplit::Size2_MouseDown() { EditSize2(); }
-
-void AVISplit::Size3_GotFocus() { SelectWholeText(Size3); }
-
-void AVISplit::System_Click(int index) { SelectSystem(index); }
-
-void AVISplit::KeyFs_GotFocus() { SelectWholeText(KeyFs); }
-// Deliberately stores without recomputing, like LimitFrames().
-void AVISplit::KeyFs_KeyPress() {
-  if (!IsEmpty(KeyFs)) {
-    LimitKeyFs();
-    record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
-  }
-}
-void AVISplit::KeyFs_KeyUp() { EditKeyFs(); }
-void AVISplit::KeyFs_MouseDown() { EditKeyFs(); }
-
-void AVISplit::EditSize(Editing code, TextField* field, double& stored) {
-  FillBlankFields(code);
-  const double megaBytes = RepairAndRead(field);
-  if (IsEmpty(field)) {
-    return;
-  }
-  // A press on a size that was cut to fit is no wish for that size.
-  const bool isCutToFit = field->WrittenFrom() && megaBytes < stored;
-  if (!isCutToFit) {
-    stored = megaBytes;
-  }
-  if (megaBytes > 0) {
-    Recalculate();
-  }
-}
-
-// Of two segments the second size is the rest that was worked out, which nobody typed.
-void AVISplit::EditSize2() {
-  double computed = 0;
-  const bool isTyped = Segs.Selected() != Two;
-  EditSize(Editing::Size2, Size2, isTyped ? record_.SplitSize2 : computed);
-}
-
-void AVISplit::EditFrames() {
-  FillBlankFields(Editing::Frames);
-  RepairText(Frames);
-  if (IsEmpty(Frames)) {
-    return;
-  }
-  TakeWholeFrames();
-  RepairSign(Frames);
-  if (NumberIn(Frames) > 0) {
-    StoreRunningTime();
-    Recalculate();
-  }
-}
-
-void AVISplit::LimitFrames() {
-  if (!IsEmpty(Frames)) {
-    TakeWholeFrames();
-    StoreRunningTime();
-  }
-}
-
-// What the program wrote is whole, and has no limit.
-void AVISplit::TakeWholeFrames() {
-  if (!Frames->WrittenFrom()) {
-    WriteTyped(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
-  }
-}
-
-// Without a frame rate the running time keeps its value.
-void AVISplit::StoreRunningTime() {
-  record_.MovieLength = frames_.Minutes(FrameRate).value_or(record_.MovieLength);
-}
-
-void AVISplit::EditKeyFs() {
-  FillBlankFields(Editing::KeyFs);
-  RepairText(KeyFs);
-  RepairSign(KeyFs);
-  if (IsEmpty(KeyFs)) {
-    return;
-  }
-  LimitKeyFs();
-  WriteNumber(KeyFs, WholePart(NumberIn(KeyFs)));
-  record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
-  if (NumberIn(KeyFs) > 0) {
-    Recalculate();
-  }
-}
-
-// Deliberately divides twice at most: 50000 becomes 500 and stays.
-void AVISplit::LimitKeyFs() {
-  for (int i = 0; i < 2; ++i) {
-    if (NumberIn(KeyFs) > LongestInterval) {
-      WriteNumber(KeyFs, NumberIn(KeyFs) / 10);
-    }
-  }
-}
-
-void AVISplit::Recalculate() {
-  if (Segs.Selected() == Two) {
-    SplitInTwo();
-  } else {
-    SplitInThree();
-  }
-}
-
-void AVISplit::SplitInTwo() {
-  UpdateKeyframeCount();
-  const auto inputs = InputsOf(NumberIn(Size1), 0);
-  WriteOrClear(Size2, Remainder(inputs.megaBytes, inputs.firstMegaBytes));
-  ranges_.ShowTwo(PlanOfTwo(inputs));
-}
-
-// Deliberately takes the leading numbers of its parts, where two segments take whole texts only.
-void AVISplit::SplitInThree() {
-  UpdateKeyframeCount();
-  const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));
-  WriteOrClear(Size3, Remainder(inputs.megaBytes, inputs.firstMegaBytes, inputs.secondMegaBytes));
-  ranges_.ShowThree(PlanOfThree(inputs));
-}
-
-void AVISplit::UpdateKeyframeCount() {
-  UpdateFramesAndDuration();
-  if (NumberIn(KeyFs) == 0) {
-    // Deliberately without storing it.
-    KeyFs->Write(u"1"_s);
-  }
-  const auto keyFrames = KeyFrames(CountedFrames(), IntervalInFrames());
-  KeyFr->Write(keyFrames ? QString::number(*keyFrames) : QString());
-}
-
-void AVISplit::UpdateFramesAndDuration() {
-  frames_.Write(record_.MovieLength, FrameRate);
-  const auto minutes = frames_.Minutes(FrameRate);
-  const auto time = TakeApart(SecondsToHundredths(minutes.value_or(0)));
-  Time1->Write(minutes ? ToQString(TextOf(time.hours)) : QString());
-  Time2->Write(minutes ? ToQString(TextOf(time.minutes)) : QString());
-  Time3->Write(minutes ? ToQString(Formatted(time.seconds, "00.00")) : QString());
-}
-
-// Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows
-// what was typed. While the size of the file is being typed, every key begins again with the sizes
-// that were typed: 1400 typed over 1300 is 1, 14 and 140 on its way.
-void AVISplit::FillBlankFields(Editing editing) {
-  const auto one = u"1"_s;
-  const bool isThree = Segs.Selected() == Three;
-  if (editing != Editing::AVIsize) {
-    FillBlank(AVIsize, one);
-  } else {
-    WriteNumber(Size1, record_.SplitSize1);
-    if (isThree) {
-      WriteNumber(Size2, record_.SplitSize2);
-    }
-  }
-  if (editing != Editing::Frames) {
-    FillBlank(Frames, one);
-  }
-  if (editing != Editing::Size1) {
-    FillBlank(Size1, one);
-    if (LeadingNumberIn(AVIsize) < NumberIn(Size1)) {
-      WriteNumber(Size1, LeadingNumberIn(AVIsize));
-    }
-  }
-  if (editing != Editing::Size2 && isThree) {
-    FillBlank(Size2, one);
-    const double rest = Remainder(LeadingNumberIn(AVIsize), LeadingNumberIn(Size1));
-    if (rest < NumberIn(Size2)) {
-      WriteNumber(Size2, std::max(rest, 0.0));
-    }
-  }
-  if (editing != Editing::KeyFs) {
-    FillBlank(KeyFs, one);
-  }
-}
-
-void AVISplit::SelectSystem(int index) {
-  FrameRate = FramesPerSecond(index);
-  record_.FrameRateSystem = static_cast<std::int16_t>(index);
-  Recalculate();
-}
-
-void AVISplit::SelectSplitMode(int index) {
-  record_.SplitSegmentsMode = index;
-  ShowThirdSegment(index == Three);
-  Recalculate();
-}
-
-// The second size is the rest of two segments, and typed of three.
-void AVISplit::ShowThirdSegment(bool isShown) {
-  SegNo3Lab->setVisible(isShown);
-  Size3->setVisible(isShown);
-  ranges_.ShowThirdSegment(isShown);
-  Size2->ShowAsResult(!isShown);
-}
-
-SplitInputs AVISplit::InputsOf(double firstMegaBytes, double secondMegaBytes) const {
-  return {.frames = CountedFrames(),
-          .megaBytes = NumberIn(AVIsize),
-          .firstMegaBytes = firstMegaBytes,
-          .secondMegaBytes = secondMegaBytes,
-          .keyFrameInterval = IntervalInFrames()};
-}
-
-// Not finite where there were too many to be shown.
-double AVISplit::CountedFrames() const {
-  return IsEmpty(Frames) ? std::numeric_limits<double>::infinity() : NumberIn(Frames);
-}
-
-double AVISplit::IntervalInFrames() const { return KeyFrameInterval(NumberIn(KeyFs), FrameRate); }
 
 }  // namespace brindle

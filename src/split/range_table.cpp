@@ -5,8 +5,8 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 
-#include <QLabel>
 #include <QLayout>
 #include <QString>
 #include <QWidget>
@@ -32,35 +32,36 @@ constexpr std::size_t RangesOfTwo = 2;
 constexpr std::size_t RangesOfThree = 4;
 constexpr int VisibleDigits = 9;
 
-void ShowFrame(TextField* field, const FrameNumber& frame) {
-  field->Write(frame ? ToQString(TextOf(*frame)) : QString());
+void ShowFrame(TextField& field, const FrameNumber& frame) {
+  field.Write(frame ? ToQString(TextOf(*frame)) : QString());
 }
 
 }  // namespace
 
-RangeTable::RangeTable() : SegNo3Lab2(MakeLabel(u"SegNo3Lab2"_s, u"3"_s)) {
+RangeTable::RangeTable() : SegNo3Lab2(u"SegNo3Lab2"_s, u"3"_s) {
   for (std::size_t i = 0; i < SetF.size(); ++i) {
-    auto* field = new TextField(u"SetF(%1)"_s.arg(i), {});
+    SetF.at(i) = std::make_unique<TextField>(u"SetF(%1)"_s.arg(i), QString());
+    auto* field = SetF.at(i).get();
     field->ShowAsResult(true);
     field->setAlignment(Qt::AlignRight);
     field->SetVisibleDigits(VisibleDigits);
     field->setAccessibleName(QString::fromLatin1(AccessibleNames.at(i)));
-    SetF.at(i) = field;
   }
   for (auto* widget : ThirdSegment()) {
     KeepRoom({widget});
   }
 }
 
-QLayout* RangeTable::Layout() const {
+QLayout* RangeTable::Layout() {
   const auto start = u"Selection Start"_s;
   const auto end = u"Selection End"_s;
+  const auto at = [this](std::size_t i) { return SetF.at(i).get(); };
   // clang-format off
   return Table({
     {MakeLabel(u"Segment\nNo:"_s), MakeLabel(start), MakeLabel(end), MakeLabel(start), MakeLabel(end)},
-    {MakeLabel(u"1"_s), SetF[0], SetF[1]},
-    {MakeLabel(u"2"_s), SetF[2], SetF[3], SetF[4], SetF[5]},
-    {SegNo3Lab2, SetF[6], SetF[7]},
+    {MakeLabel(u"1"_s), at(0), at(1)},
+    {MakeLabel(u"2"_s), at(2), at(3), at(4), at(5)},
+    {&SegNo3Lab2, at(6), at(7)},
   });
   // clang-format on
 }
@@ -76,14 +77,14 @@ void RangeTable::ShowThirdSegment(bool isShown) {
 }
 
 // The fields that only three segments have.
-std::array<QWidget*, 5> RangeTable::ThirdSegment() const {
-  return {SegNo3Lab2, SetF[4], SetF[5], SetF[6], SetF[7]};
+std::array<QWidget*, 5> RangeTable::ThirdSegment() {
+  return {&SegNo3Lab2, SetF[4].get(), SetF[5].get(), SetF[6].get(), SetF[7].get()};
 }
 
 void RangeTable::Write(const SplitPlan& plan, std::size_t ranges) {
   for (std::size_t i = 0; i < ranges; ++i) {
-    ShowFrame(SetF.at(2 * i), plan.at(i).start);
-    ShowFrame(SetF.at(2 * i + 1), plan.at(i).end);
+    ShowFrame(*SetF.at(2 * i), plan.at(i).start);
+    ShowFrame(*SetF.at(2 * i + 1), plan.at(i).end);
   }
 }
 

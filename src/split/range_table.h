@@ -5,13 +5,14 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 
+#include <QLayout>
+#include <QWidget>
+
+#include "base/input/labels.h"
 #include "base/input/text_field.h"
 #include "split/split_plan.h"
-
-class QLabel;
-class QLayout;
-class QWidget;
 
 namespace brindle {
 
@@ -21,7 +22,7 @@ class RangeTable {
   RangeTable();
 
   /// The whole table, for the frame around it.
-  [[nodiscard]] QLayout* Layout() const;
+  [[nodiscard]] QLayout* Layout();
 
   /// Shows the ranges of two segments; those that only three segments have stay as they are.
   void ShowTwo(const SplitPlan& plan);
@@ -32,10 +33,10 @@ class RangeTable {
 
  private:
   void Write(const SplitPlan& plan, std::size_t ranges);
-  [[nodiscard]] std::array<QWidget*, 5> ThirdSegment() const;
+  [[nodiscard]] std::array<QWidget*, 5> ThirdSegment();
 
-  std::array<TextField*, 8> SetF{};
-  QLabel* SegNo3Lab2;
+  std::array<std::unique_ptr<TextField>, 8> SetF;
+  PlainLabel SegNo3Lab2;
 };
 
 }  // namespace brindle

@@ -16,9 +16,9 @@ namespace {
 
 constexpr double SecondsOfMinute = 60;
 
-void TakeWholePart(TextField* field, double limit) {
+void TakeWholePart(TextField& field, double limit) {
   // What the program wrote is whole, and has no limit.
-  if (IsEmpty(field) || (field->WrittenFrom() && ShownNumberIn(field) >= 0)) {
+  if (IsEmpty(field) || (field.WrittenFrom() && ShownNumberIn(field) >= 0)) {
     return;
   }
   WriteTyped(field, WholePart(std::abs(LeadingNumberIn(field))));
@@ -26,8 +26,8 @@ void TakeWholePart(TextField* field, double limit) {
 }
 
 // Removes from the seconds the whole minutes that the minutes field has taken over.
-void CarryWholeMinutes(TextField* seconds) {
-  constexpr int decimals = 9;  // leaves no noise of the subtraction
+void CarryWholeMinutes(TextField& seconds) {
+  constexpr int decimals = 9;  // no residue of the subtraction
   const double value = NumberIn(seconds);
   if (value >= SecondsOfMinute) {
     const double whole = WholePart(value / SecondsOfMinute) * SecondsOfMinute;
@@ -37,29 +37,29 @@ void CarryWholeMinutes(TextField* seconds) {
 
 }  // namespace
 
-void RepairHours(TextField* field) { RewriteWithin(field, MostHours); }
+void RepairHours(TextField& field) { RewriteWithin(field, MostHours); }
 
-void RepairMinutes(TextField* field) { RewriteWithin(field, MostMinutes); }
+void RepairMinutes(TextField& field) { RewriteWithin(field, MostMinutes); }
 
-void RepairSeconds(TextField* field) { RepairWithin(field, MostSeconds); }
+void RepairSeconds(TextField& field) { RepairWithin(field, MostSeconds); }
 
 double RepairedMinutes(const RunningTimeFields& fields) {
   TakeWholePart(fields.Hours(), MostHours);
   TakeWholePart(fields.WholeMinutes(), MostMinutes);
-  auto* seconds = fields.Seconds();
+  auto& seconds = fields.Seconds();
   RepairSeconds(seconds);
-  if (!IsEmpty(seconds) && !seconds->text().endsWith(u'.')) {
+  if (!IsEmpty(seconds) && !seconds.text().endsWith(u'.')) {
     RewriteWhileTyping(seconds);
   }
   return fields.Minutes();
 }
 
 void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds) {
-  auto* seconds = fields.Seconds();
+  auto& seconds = fields.Seconds();
   if (!IsNumericIn(seconds)) {
     WriteTyped(seconds, LeadingNumberIn(seconds));
   }
-  if (editingSeconds && !seconds->WrittenFrom()) {
+  if (editingSeconds && !seconds.WrittenFrom()) {
     fields.ShowBesideSeconds(minutes);
     CarryWholeMinutes(seconds);
   } else {

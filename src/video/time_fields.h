@@ -14,11 +14,11 @@ namespace brindle {
 
 /// Repairs hours at every key: a text that is not a number becomes its leading number, and digits
 /// drop until the value fits.
-void RepairHours(TextField* field);
+void RepairHours(TextField& field);
 /// The same for minutes.
-void RepairMinutes(TextField* field);
+void RepairMinutes(TextField& field);
 /// The same for seconds, which stay as typed unless they are above their limit.
-void RepairSeconds(TextField* field);
+void RepairSeconds(TextField& field);
 
 /// Repairs all three fields and gives their running time in minutes; empty fields count as 0. Hours
 /// and minutes lose sign and fraction. A period at the end of the seconds stays, so that decimals

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "aspect/aspect_ra.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>

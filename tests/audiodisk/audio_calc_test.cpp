@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "audiodisk/audio_calc.h"
-
 #include <limits>
 #include <ostream>
 #include <set>

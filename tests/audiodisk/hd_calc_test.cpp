@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "audiodisk/hd_calc.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <limits>

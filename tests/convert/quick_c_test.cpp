@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "convert/quick_c.h"
-
 #include <array>
 #include <cmath>
 #include <cstddef>

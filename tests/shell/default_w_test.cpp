@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "shell/default_w.h"
-
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPointer>

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "split/avi_split.h"
-
 #include <array>
 #include <cstdint>
 #include <map>

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "video/advanced.h"
-
 #include <algorithm>
 #include <array>
 #include <cstddef>

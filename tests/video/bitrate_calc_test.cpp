@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-#include "video/bitrate_calc.h"
-
 #include <memory>
 #include <ostream>
 #include <set>

@@ -74,7 +74,7 @@ TEST_F(RunningTimeFields, EveryWholeSecondTypedStays) {
     TabTo(MLength);
     Click(MLength);
     Click(Time1);
-    EXPECT_EQ(ShownNumberIn(Time3), second);
+    EXPECT_EQ(ShownNumberIn(*Time3), second);
     EXPECT_EQ(record.MovieLength, 100 + second / 60.0);
   }
 }
@@ -103,9 +103,9 @@ TEST_F(RunningTimeFields, WholeSecondsOfADaySurviveEverythingButTyping) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     OpenCalculator();
     ASSERT_EQ(record.MovieLength, exact);
-    ASSERT_EQ(NumberIn(Time1), typed.hours);
-    ASSERT_EQ(NumberIn(Time2), typed.minutes);
-    ASSERT_EQ(ShownNumberIn(Time3), typed.seconds);
+    ASSERT_EQ(NumberIn(*Time1), typed.hours);
+    ASSERT_EQ(NumberIn(*Time2), typed.minutes);
+    ASSERT_EQ(ShownNumberIn(*Time3), typed.seconds);
   }
 }
 

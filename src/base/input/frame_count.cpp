@@ -15,7 +15,7 @@ namespace brindle {
 void FrameCount::Write(double minutes, double framesPerSecond) {
   const double frames = WholeFrames(minutes, framesPerSecond);
   WriteNumber(field_, frames);
-  counted_ = {minutes, framesPerSecond, frames, field_->Changes()};
+  counted_ = {minutes, framesPerSecond, frames, field_.Changes()};
 }
 
 std::optional<double> FrameCount::Minutes(double framesPerSecond) const {
@@ -33,7 +33,7 @@ std::optional<double> FrameCount::Minutes(double framesPerSecond) const {
 bool FrameCount::StandsAsWritten() const {
   const bool isSame =
       std::isfinite(counted_.frames) ? NumberIn(field_) == counted_.frames : IsEmpty(field_);
-  return isSame && field_->Changes() == counted_.changes;
+  return isSame && field_.Changes() == counted_.changes;
 }
 
 }  // namespace brindle

@@ -14,7 +14,7 @@ namespace brindle {
 /// which need not be a whole number of frames.
 class FrameCount {
  public:
-  explicit FrameCount(TextField* field) : field_(field) {}
+  explicit FrameCount(TextField& field) : field_(field) {}
 
   /// Writes the whole frames of a running time of `minutes`, or nothing if they are out of range.
   void Write(double minutes, double framesPerSecond);
@@ -32,7 +32,7 @@ class FrameCount {
   };
   [[nodiscard]] bool StandsAsWritten() const;
 
-  TextField* field_;
+  TextField& field_;
   Counted counted_;
 };
 

@@ -12,7 +12,7 @@
 
 namespace brindle {
 
-RunningTimeFields::RunningTimeFields(TextField* hours, TextField* minutes, TextField* seconds)
+RunningTimeFields::RunningTimeFields(TextField& hours, TextField& minutes, TextField& seconds)
     : hours_(hours), minutes_(minutes), seconds_(seconds) {}
 
 void RunningTimeFields::Write(double minutes) {
@@ -20,7 +20,7 @@ void RunningTimeFields::Write(double minutes) {
   ShowHoursAndMinutes(time);
   // A little below 0 if the rounding completed another minute.
   const double exactSeconds = minutes * 60 - (time.hours * 60 + time.minutes) * 60;
-  seconds_->Write(ToQString(Formatted(time.seconds, "00.00")), exactSeconds);
+  seconds_.Write(ToQString(Formatted(time.seconds, "00.00")), exactSeconds);
   shown_ = std::isfinite(minutes) ? minutes : 0;
   shownParts_ = Parts();
 }

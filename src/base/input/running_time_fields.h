@@ -13,7 +13,7 @@ namespace brindle {
 /// then the others still stand for what they were written from.
 class RunningTimeFields {
  public:
-  RunningTimeFields(TextField* hours, TextField* minutes, TextField* seconds);
+  RunningTimeFields(TextField& hours, TextField& minutes, TextField& seconds);
 
   /// Shows a running time of `minutes`, rounded to hundredths of a second so that it never shows
   /// 60.00 seconds; shows nothing if it is not finite.
@@ -25,17 +25,17 @@ class RunningTimeFields {
   /// The running time in minutes; empty fields count as 0.
   [[nodiscard]] double Minutes() const;
 
-  [[nodiscard]] TextField* Hours() const { return hours_; }
-  [[nodiscard]] TextField* WholeMinutes() const { return minutes_; }
-  [[nodiscard]] TextField* Seconds() const { return seconds_; }
+  [[nodiscard]] TextField& Hours() const { return hours_; }
+  [[nodiscard]] TextField& WholeMinutes() const { return minutes_; }
+  [[nodiscard]] TextField& Seconds() const { return seconds_; }
 
  private:
   void ShowHoursAndMinutes(const RunningTime& time);
   [[nodiscard]] RunningTime Parts() const;
 
-  TextField* hours_;
-  TextField* minutes_;
-  TextField* seconds_;
+  TextField& hours_;
+  TextField& minutes_;
+  TextField& seconds_;
   double shown_ = 0;        // minutes
   RunningTime shownParts_;  // what the fields stood for when they were shown
 };

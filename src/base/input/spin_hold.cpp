@@ -38,19 +38,19 @@ void SpinHold::Press(SpinPress press) {
   GoOn();
 }
 
-void SpinHold::PressPlus(TextField* field, std::optional<double> highest,
+void SpinHold::PressPlus(TextField& field, std::optional<double> highest,
                          std::function<void()> recompute) {
-  Press({PlusHeld, field, StepUp, highest, std::move(recompute)});
+  Press({PlusHeld, &field, StepUp, highest, std::move(recompute)});
 }
 
-void SpinHold::PressMinus(TextField* field, std::optional<double> lowest,
+void SpinHold::PressMinus(TextField& field, std::optional<double> lowest,
                           std::function<void()> recompute) {
-  Press({MinusHeld, field, StepDown, lowest, std::move(recompute)});
+  Press({MinusHeld, &field, StepDown, lowest, std::move(recompute)});
 }
 
-void SpinHold::Release(TextField* field) {
+void SpinHold::Release(TextField& field) {
   SpinState_ = 0;
-  field->setFocus();
+  field.setFocus();
   GoOn();
 }
 
@@ -103,7 +103,7 @@ void SpinHold::WaitFor(double seconds) {
 }
 
 void SpinHold::Step(const SpinPress& press) {
-  WriteNumber(press.field, press.step(ShownNumberIn(press.field), press.limit));
+  WriteNumber(*press.field, press.step(ShownNumberIn(*press.field), press.limit));
 }
 
 }  // namespace brindle

@@ -46,11 +46,11 @@ class SpinHold : public QObject {
   void Press(SpinPress press);
 
   /// Press() for windows in which all plus buttons share one code and all minus buttons another.
-  void PressPlus(TextField* field, std::optional<double> highest, std::function<void()> recompute);
-  void PressMinus(TextField* field, std::optional<double> lowest, std::function<void()> recompute);
+  void PressPlus(TextField& field, std::optional<double> highest, std::function<void()> recompute);
+  void PressMinus(TextField& field, std::optional<double> lowest, std::function<void()> recompute);
 
   /// The button was released: the state becomes 0 and `field` gets the focus.
-  void Release(TextField* field);
+  void Release(TextField& field);
 
   /// Ends everything at once, without a step, for a window that closes.
   void Stop();

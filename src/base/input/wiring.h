@@ -90,9 +90,9 @@ class Wire {
     return Connected(control_, &OptionGroup::Click, handler);
   }
   /// The arrow keys in the field do what one short click on plus or minus does.
-  Wire& Arrows(SpinButton* plus, SpinButton* minus) {
-    QObject::connect(control_, &TextField::ArrowKey, window_, [plus, minus](int direction) {
-      (direction > 0 ? plus : minus)->ClickShortly();
+  Wire& Arrows(SpinButton& plus, SpinButton& minus) {
+    QObject::connect(control_, &TextField::ArrowKey, window_, [&plus, &minus](int direction) {
+      (direction > 0 ? plus : minus).ClickShortly();
     });
     return *this;
   }
@@ -131,6 +131,10 @@ class Wires {
  public:
   explicit Wires(Window* window) : window_(window) {}
 
+  template <class Control>
+  Wire<Window, Control> operator()(Control& control) const {
+    return {window_, &control};
+  }
   template <class Control>
   Wire<Window, Control> operator()(Control* control) const {
     return {window_, control};

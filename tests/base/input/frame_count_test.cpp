@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 class FrameCountTest : public ::testing::Test {
  protected:
   TextField field{u"F"_s, {}};
-  FrameCount frames{&field};
+  FrameCount frames{field};
 };
 
 TEST_F(FrameCountTest, GivesTheRunningTimeOfTypedFrames) {

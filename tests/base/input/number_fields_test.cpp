@@ -24,8 +24,8 @@ class NumberFieldsTest : public ::testing::Test {
 
   [[nodiscard]] std::string Repaired(const QString& text) const {
     window.A->setText(text);
-    RepairText(window.A);
-    RepairSign(window.A);
+    RepairText(*window.A);
+    RepairSign(*window.A);
     return window.A->text().toStdString();
   }
 
@@ -51,12 +51,12 @@ TEST_F(NumberFieldsTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
   for (const auto& text : {u"-"_s, u"+"_s, u"."_s, u"-."_s, u"+."_s}) {
     window.A->setText(text);
     window.B->setText(text);
-    EXPECT_FALSE(IsNumericIn(window.A));
-    EXPECT_TRUE(IsNumericIn(window.B));
-    RepairText(window.B);
+    EXPECT_FALSE(IsNumericIn(*window.A));
+    EXPECT_TRUE(IsNumericIn(*window.B));
+    RepairText(*window.B);
     EXPECT_EQ(window.B->text(), text);
-    EXPECT_EQ(NumberIn(window.B), 0);
-    RepairText(window.A);
+    EXPECT_EQ(NumberIn(*window.B), 0);
+    RepairText(*window.A);
     EXPECT_EQ(window.A->text(), u"0"_s);
   }
 }
@@ -64,32 +64,32 @@ TEST_F(NumberFieldsTest, ANumberJustBegunIsNumericOnlyInTheFieldBeingEdited) {
 TEST_F(NumberFieldsTest, ANumberRewrittenKeepsTheTypedTailOnlyWhileItIsEdited) {
   window.A->setText(u"10.0"_s);
   window.B->setText(u"10.0"_s);
-  RewriteWhileTyping(window.A);
-  RewriteWhileTyping(window.B);
+  RewriteWhileTyping(*window.A);
+  RewriteWhileTyping(*window.B);
   EXPECT_EQ(window.A->text(), u"10"_s);
   EXPECT_EQ(window.B->text(), u"10.0"_s);
-  RewriteNumber(window.B);
+  RewriteNumber(*window.B);
   EXPECT_EQ(window.B->text(), u"10"_s);
 }
 
 TEST_F(NumberFieldsTest, BlanksAreFilledOnlyWhereNothingStands) {
   window.A->setText(u"5"_s);
-  FillBlank(window.A, u"1"_s);
-  FillBlank(window.B, u"1"_s);
+  FillBlank(*window.A, u"1"_s);
+  FillBlank(*window.B, u"1"_s);
   EXPECT_EQ(window.A->text(), u"5"_s);
   EXPECT_EQ(window.B->text(), u"1"_s);
 }
 
 TEST_F(NumberFieldsTest, SelectsTenCharactersAndNoMore) {
   window.A->setText(u"123456789012"_s);
-  SelectFirstTen(window.A);
+  SelectFirstTen(*window.A);
   EXPECT_EQ(window.A->selectedText(), u"1234567890"_s);
 }
 
 TEST_F(NumberFieldsTest, ADigitOfAnotherScriptIsNoNumber) {
   window.A->setText(u"\u0663"_s);
-  EXPECT_EQ(NumberIn(window.A), 0);
-  EXPECT_EQ(LeadingNumberIn(window.A), 0);
+  EXPECT_EQ(NumberIn(*window.A), 0);
+  EXPECT_EQ(LeadingNumberIn(*window.A), 0);
 }
 
 struct WithinCase {
@@ -111,10 +111,10 @@ class FieldTextWithin : public ::testing::TestWithParam<WithinCase> {
 TEST_P(FieldTextWithin, ShrinksByTensToTheLimit) {
   const auto& [name, text, limit, rewritten, repaired] = GetParam();
   window.A->setText(text);
-  RewriteWithin(window.A, limit);
+  RewriteWithin(*window.A, limit);
   EXPECT_EQ(window.A->text(), rewritten);
   window.A->setText(text);
-  RepairWithin(window.A, limit);
+  RepairWithin(*window.A, limit);
   EXPECT_EQ(window.A->text(), repaired);
 }
 
@@ -145,21 +145,21 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(NumberFieldsTest, RewritingWithinALimitKeepsTheTailThatIsBeingTyped) {
   for (const auto& text : {u"10."_s, u"10.0"_s, u"10.50"_s, u"0.00"_s}) {
     window.B->setText(text);
-    RewriteWithin(window.B, 999);
+    RewriteWithin(*window.B, 999);
     EXPECT_EQ(window.B->text(), text);
   }
   window.B->setText(u"1000.0"_s);
-  RewriteWithin(window.B, 999);
+  RewriteWithin(*window.B, 999);
   EXPECT_EQ(window.B->text(), u"100"_s);
   window.B->setText(u"-"_s);
-  RewriteWithin(window.B, 999);
+  RewriteWithin(*window.B, 999);
   EXPECT_EQ(window.B->text(), u"0"_s);
 }
 
 TEST_F(NumberFieldsTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
   for (const auto& text : {u"-"_s, u"."_s, u"+."_s, u"10."_s, u"10.0"_s, u" 7 "_s, u"-5"_s}) {
     window.B->setText(text);
-    RepairWithin(window.B, 999);
+    RepairWithin(*window.B, 999);
     EXPECT_EQ(window.B->text(), text);
   }
 }
@@ -167,11 +167,11 @@ TEST_F(NumberFieldsTest, RepairingWithinALimitKeepsWhatIsBeingTyped) {
 TEST_F(NumberFieldsTest, StayingWithinALimitLeavesTheCursor) {
   window.B->setText(u"123.5"_s);
   window.B->setCursorPosition(2);
-  RewriteWithin(window.B, 999);
+  RewriteWithin(*window.B, 999);
   EXPECT_EQ(window.B->cursorPosition(), 2);
-  RepairWithin(window.B, 999);
+  RepairWithin(*window.B, 999);
   EXPECT_EQ(window.B->cursorPosition(), 2);
-  RepairWithin(window.B, 99);
+  RepairWithin(*window.B, 99);
   EXPECT_EQ(window.B->text(), u"12.35"_s);
   EXPECT_EQ(window.B->cursorPosition(), 5);
 }
@@ -193,7 +193,7 @@ class FieldTextRepaired : public ::testing::TestWithParam<RepairedCase> {
 TEST_P(FieldTextRepaired, GivesTheNumberOfTheRepairedText) {
   const auto& [name, text, repaired, number] = GetParam();
   window.A->setText(text);
-  EXPECT_EQ(RepairAndRead(window.A), number);
+  EXPECT_EQ(RepairAndRead(*window.A), number);
   EXPECT_EQ(window.A->text(), repaired);
 }
 
@@ -214,111 +214,111 @@ INSTANTIATE_TEST_SUITE_P(Cases, FieldTextRepaired,
 TEST_F(NumberFieldsTest, TheRepairedNumberOfANumberJustBegunIsZeroAndKeepsItsText) {
   for (const auto& text : {u"-"_s, u"+"_s, u"."_s, u"-."_s, u"+."_s}) {
     window.B->setText(text);
-    EXPECT_EQ(RepairAndRead(window.B), 0);
+    EXPECT_EQ(RepairAndRead(*window.B), 0);
     EXPECT_EQ(window.B->text(), text);
   }
 }
 
 TEST_F(NumberFieldsTest, SelectsTheWholeTextHoweverLong) {
   window.A->setText(u"123456789012"_s);
-  SelectWholeText(window.A);
+  SelectWholeText(*window.A);
   EXPECT_EQ(window.A->selectedText(), u"123456789012"_s);
   window.A->setText({});
-  SelectWholeText(window.A);
+  SelectWholeText(*window.A);
   EXPECT_FALSE(window.A->hasSelectedText());
 }
 
 TEST_F(NumberFieldsTest, WhatIsWrittenStandsForItsNumberUntilSomebodyChangesIt) {
   window.B->Write(u"0.333"_s, 1.0 / 3);
-  EXPECT_EQ(NumberIn(window.B), 1.0 / 3);
-  EXPECT_EQ(LeadingNumberIn(window.B), 1.0 / 3);
-  EXPECT_EQ(ShownNumberIn(window.B), 0.333);
+  EXPECT_EQ(NumberIn(*window.B), 1.0 / 3);
+  EXPECT_EQ(LeadingNumberIn(*window.B), 1.0 / 3);
+  EXPECT_EQ(ShownNumberIn(*window.B), 0.333);
   Key(Qt::Key_End);
   Key(Qt::Key_Backspace);
   Type(u"3"_s);
   EXPECT_EQ(window.B->text(), u"0.333"_s);
-  EXPECT_EQ(NumberIn(window.B), 0.333);
-  EXPECT_EQ(LeadingNumberIn(window.B), 0.333);
+  EXPECT_EQ(NumberIn(*window.B), 0.333);
+  EXPECT_EQ(LeadingNumberIn(*window.B), 0.333);
 }
 
 TEST_F(NumberFieldsTest, AnotherTextOfTheProgramStandsForItself) {
   window.A->Write(u"0.333"_s, 1.0 / 3);
   window.A->Write(u"0.333"_s);
-  EXPECT_EQ(NumberIn(window.A), 0.333);
+  EXPECT_EQ(NumberIn(*window.A), 0.333);
   window.A->Write(u"0.333"_s, 1.0 / 3);
   window.A->setText(u"0.334"_s);
-  EXPECT_EQ(NumberIn(window.A), 0.334);
+  EXPECT_EQ(NumberIn(*window.A), 0.334);
 }
 
 TEST_F(NumberFieldsTest, TheSameTextOfAnotherNumberStandsForThatOne) {
   Type(u"1.112"_s);
   window.B->Write(u"1.112"_s, 1.11222);
-  EXPECT_EQ(NumberIn(window.B), 1.11222);
+  EXPECT_EQ(NumberIn(*window.B), 1.11222);
   window.B->Write(u"1.112"_s, 1.11189);
-  EXPECT_EQ(NumberIn(window.B), 1.11189);
+  EXPECT_EQ(NumberIn(*window.B), 1.11189);
 }
 
 TEST_F(NumberFieldsTest, WhatStandsNowhereStandsForNothing) {
   window.A->Write(u""_s, 0.3);
   EXPECT_EQ(window.A->WrittenFrom(), std::nullopt);
-  EXPECT_EQ(NumberIn(window.A), 0);
-  WriteNumber(window.A, std::numeric_limits<double>::infinity());
+  EXPECT_EQ(NumberIn(*window.A), 0);
+  WriteNumber(*window.A, std::numeric_limits<double>::infinity());
   EXPECT_EQ(window.A->text(), QString());
-  EXPECT_EQ(NumberIn(window.A), 0);
+  EXPECT_EQ(NumberIn(*window.A), 0);
 }
 
 TEST_F(NumberFieldsTest, ARewrittenNumberGoesOnStandingForWhatItWasWrittenFrom) {
   window.A->Write(u"25.01"_s, 25.0083);
-  RewriteNumber(window.A);
+  RewriteNumber(*window.A);
   EXPECT_EQ(window.A->text(), u"25.01"_s);
-  EXPECT_EQ(NumberIn(window.A), 25.0083);
+  EXPECT_EQ(NumberIn(*window.A), 25.0083);
   window.A->Write(u"05.00"_s, 5.004);
-  RewriteNumber(window.A);
+  RewriteNumber(*window.A);
   EXPECT_EQ(window.A->text(), u"5"_s);
-  EXPECT_EQ(NumberIn(window.A), 5.004);
-  RewriteFormatted(window.A, "00.00");
+  EXPECT_EQ(NumberIn(*window.A), 5.004);
+  RewriteFormatted(*window.A, "00.00");
   EXPECT_EQ(window.A->text(), u"05.00"_s);
-  EXPECT_EQ(NumberIn(window.A), 5.004);
+  EXPECT_EQ(NumberIn(*window.A), 5.004);
 }
 
 TEST_F(NumberFieldsTest, ANumberFormattedAsItIsLeftStandsForWhatWasTyped) {
   window.A->setText(u"20.005"_s);
-  RewriteFormatted(window.A, "00.00");
+  RewriteFormatted(*window.A, "00.00");
   EXPECT_EQ(window.A->text(), u"20.01"_s);
-  EXPECT_EQ(NumberIn(window.A), 20.005);
+  EXPECT_EQ(NumberIn(*window.A), 20.005);
 }
 
 TEST_F(NumberFieldsTest, WhatTheProgramWroteHasNoLimit) {
-  WriteNumber(window.A, 10000);
-  RepairWithin(window.A, 999);
+  WriteNumber(*window.A, 10000);
+  RepairWithin(*window.A, 999);
   EXPECT_EQ(window.A->text(), u"10000"_s);
-  RewriteWithin(window.A, 999);
+  RewriteWithin(*window.A, 999);
   EXPECT_EQ(window.A->text(), u"10000"_s);
-  WriteTyped(window.A, 10000);
-  RepairWithin(window.A, 999);
+  WriteTyped(*window.A, 10000);
+  RepairWithin(*window.A, 999);
   EXPECT_EQ(window.A->text(), u"100"_s);
 }
 
 TEST_F(NumberFieldsTest, TheSignOfWhatTheProgramWroteIsRepairedExactly) {
   window.A->Write(u"-0.333"_s, -1.0 / 3);
-  RepairSign(window.A);
+  RepairSign(*window.A);
   EXPECT_EQ(window.A->text(), u"0.333333333333333"_s);
-  EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
+  EXPECT_EQ(NumberIn(*window.A), 1.0 / 3);
 }
 
 TEST_F(NumberFieldsTest, MinutesThatShowNoneAreNone) {
-  WriteMinutes(window.A, 1.0 / 3);
+  WriteMinutes(*window.A, 1.0 / 3);
   EXPECT_EQ(window.A->text(), u"0.333"_s);
-  EXPECT_EQ(NumberIn(window.A), 1.0 / 3);
-  WriteMinutes(window.A, 0.0004);
+  EXPECT_EQ(NumberIn(*window.A), 1.0 / 3);
+  WriteMinutes(*window.A, 0.0004);
   EXPECT_EQ(window.A->text(), u"0"_s);
-  EXPECT_EQ(NumberIn(window.A), 0);
+  EXPECT_EQ(NumberIn(*window.A), 0);
 }
 
 TEST_F(NumberFieldsTest, WhatIsPutIntoTheFieldBeingEditedStandsSelected) {
-  FillBlank(window.A, u"1"_s);
+  FillBlank(*window.A, u"1"_s);
   EXPECT_FALSE(window.A->hasSelectedText());
-  FillBlank(window.B, u"1"_s);
+  FillBlank(*window.B, u"1"_s);
   EXPECT_EQ(window.B->selectedText(), u"1"_s);
   Type(u"600"_s);
   EXPECT_EQ(window.B->text(), u"600"_s);

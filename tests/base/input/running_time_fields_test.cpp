@@ -30,7 +30,7 @@ class ThreeFields : public ::testing::Test {
   TextField hours{u"H"_s, {}};
   TextField minutes{u"M"_s, {}};
   TextField seconds{u"S"_s, {}};
-  RunningTimeFields time{&hours, &minutes, &seconds};
+  RunningTimeFields time{hours, minutes, seconds};
 };
 
 TEST_F(ThreeFields, BeginWithoutARunningTime) { EXPECT_EQ(time.Minutes(), 0); }
@@ -66,8 +66,8 @@ TEST_F(ThreeFields, AfterOneIsChangedTheOthersStandForWhatTheyWereWrittenFrom) {
 TEST_F(ThreeFields, RewrittenByAStepStandForWhatTheyStoodFor) {
   const double exact = 150000 / 29.97 / 60;
   time.Write(exact);
-  RewriteNumber(&seconds);
-  WriteNumber(&hours, 1);
+  RewriteNumber(seconds);
+  WriteNumber(hours, 1);
   EXPECT_EQ(time.Minutes(), exact);
 }
 
@@ -93,8 +93,8 @@ TEST_F(ThreeFields, EveryWholeSecondOfADayIsShownAndKept) {
                             static_cast<double>(wholeSeconds)};
     const double exact = InMinutes(given);
     time.Write(exact);
-    const bool isShown = NumberIn(&hours) == given.hours && NumberIn(&minutes) == given.minutes &&
-                         ShownNumberIn(&seconds) == given.seconds;
+    const bool isShown = NumberIn(hours) == given.hours && NumberIn(minutes) == given.minutes &&
+                         ShownNumberIn(seconds) == given.seconds;
     failures += isShown && time.Minutes() == exact ? 0 : 1;
   }
   EXPECT_EQ(failures, 0);

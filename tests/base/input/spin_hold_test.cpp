@@ -51,18 +51,18 @@ TEST_F(SpinHoldTest, StepsAndRecomputesOnceAtThePress) {
 }
 
 TEST_F(SpinHoldTest, AllPlusButtonsShareOneCodeAndAllMinusButtonsAnother) {
-  spin.PressPlus(window.A, 101, [this] { ++recomputations; });
+  spin.PressPlus(*window.A, 101, [this] { ++recomputations; });
   EXPECT_EQ(spin.SpinState(), 1);
   EXPECT_EQ(Text(), "101");
-  spin.Release(window.A);
-  spin.PressPlus(window.A, 101, [this] { ++recomputations; });
+  spin.Release(*window.A);
+  spin.PressPlus(*window.A, 101, [this] { ++recomputations; });
   EXPECT_EQ(Text(), "101");
-  spin.Release(window.A);
-  spin.PressMinus(window.A, 100, [this] { ++recomputations; });
+  spin.Release(*window.A);
+  spin.PressMinus(*window.A, 100, [this] { ++recomputations; });
   EXPECT_EQ(spin.SpinState(), 2);
   EXPECT_EQ(Text(), "100");
-  spin.Release(window.A);
-  spin.PressMinus(window.A, std::nullopt, [this] { ++recomputations; });
+  spin.Release(*window.A);
+  spin.PressMinus(*window.A, std::nullopt, [this] { ++recomputations; });
   EXPECT_EQ(Text(), "99");
   EXPECT_EQ(recomputations, 4);
 }
@@ -70,7 +70,7 @@ TEST_F(SpinHoldTest, AllPlusButtonsShareOneCodeAndAllMinusButtonsAnother) {
 TEST_F(SpinHoldTest, AReleaseBeforeTheFirstDelayEndsItThere) {
   PressPlus();
   clock.Advance(0.5 - Tiny);
-  spin.Release(window.A);
+  spin.Release(*window.A);
   EXPECT_EQ(spin.SpinState(), 0);
   clock.Advance(10);
   EXPECT_EQ(Text(), "101");
@@ -80,7 +80,7 @@ TEST_F(SpinHoldTest, AReleaseBeforeTheFirstDelayEndsItThere) {
 TEST_F(SpinHoldTest, TheReleaseGivesTheFieldTheFocus) {
   PressPlus();
   EXPECT_FALSE(window.A->hasFocus());
-  spin.Release(window.A);
+  spin.Release(*window.A);
   EXPECT_TRUE(window.A->hasFocus());
 }
 
@@ -95,7 +95,7 @@ TEST_F(SpinHoldTest, TheFirstRepeatComesAnIntervalAfterTheFirstDelay) {
 TEST_F(SpinHoldTest, AReleaseRightAfterTheFirstDelayIsFollowedByOneStep) {
   PressPlus();
   clock.Advance(0.5 + Tiny);
-  spin.Release(window.A);
+  spin.Release(*window.A);
   EXPECT_EQ(Text(), "101");
   clock.Advance(0.05);
   EXPECT_EQ(Text(), "102");
@@ -109,7 +109,7 @@ TEST_F(SpinHoldTest, AReleaseDuringARepeatWaitIsFollowedByOneStepAtItsEnd) {
   PressPlus();
   clock.Advance(0.675);  // steps at 0.55, 0.60, 0.65
   EXPECT_EQ(Text(), "104");
-  spin.Release(window.A);
+  spin.Release(*window.A);
   clock.Advance(0.02);
   EXPECT_EQ(Text(), "104");
   clock.Advance(0.01);
@@ -127,7 +127,7 @@ TEST_F(SpinHoldTest, RepeatsRecomputeNothing) {
 TEST_F(SpinHoldTest, TheEndOfARepeatGivesTheFieldTheFocusAgain) {
   PressPlus();
   clock.Advance(0.6);
-  spin.Release(window.A);
+  spin.Release(*window.A);
   window.B->setFocus();
   clock.Advance(0.1);
   EXPECT_TRUE(window.A->hasFocus());
@@ -156,12 +156,12 @@ TEST_F(SpinHoldTest, TheBoundHolds) {
 TEST_F(SpinHoldTest, APressDuringTheLastWaitSuspendsIt) {
   PressPlus();
   clock.Advance(0.6 + Tiny);  // 103
-  spin.Release(window.A);
+  spin.Release(*window.A);
   PressMinus();
   EXPECT_EQ(Text(), "102");
   clock.Advance(0.3);
   EXPECT_EQ(Text(), "102");
-  spin.Release(window.A);
+  spin.Release(*window.A);
   EXPECT_EQ(Text(), "103");  // the extra step of the first press
   EXPECT_EQ(recomputations, 3);
   clock.Advance(10);
@@ -170,9 +170,9 @@ TEST_F(SpinHoldTest, APressDuringTheLastWaitSuspendsIt) {
 
 TEST_F(SpinHoldTest, TwoShortClicksAreTwoSteps) {
   PressPlus();
-  spin.Release(window.A);
+  spin.Release(*window.A);
   PressPlus();
-  spin.Release(window.A);
+  spin.Release(*window.A);
   clock.Advance(10);
   EXPECT_EQ(Text(), "102");
   EXPECT_EQ(recomputations, 2);
@@ -203,7 +203,7 @@ TEST_F(SpinHoldTest, BetweenTheStepsNothingRuns) {
   PressPlus();
   clock.Advance(0.1);
   EXPECT_EQ(clock.Waiting(), 1U);
-  spin.Release(window.A);
+  spin.Release(*window.A);
   clock.Advance(1);
   EXPECT_EQ(clock.Waiting(), 0U);
 }
@@ -221,7 +221,7 @@ TEST(SpinHoldOnTheRealClock, StepsAboutTwentyTimesASecondAfterHalfASecond) {
   spin.Press({1, window.A, StepUp, {}, [] {}});
   ASSERT_TRUE(QTest::qWaitFor([&] { return window.A->text().toInt() >= 106; }, 30000));
   const double passed = clock.Now() - start;
-  spin.Release(window.A);
+  spin.Release(*window.A);
   // 101 at once, then a step at 0.55, 0.60 ...: never earlier, no matter how slow the machine is.
   EXPECT_GE(passed, 0.75 - 0.002);
 }
