@@ -45,8 +45,6 @@ void WriteOrClear(TextField& field, double value) {
 }
 
 class AVISplit : public Form {
-  // The field that FillBlankFields() leaves alone.
-  enum class Editing { None, AVIsize, Frames, Size1, Size2, KeyFs };
   enum Segments { Two, Three };
 
   Settings& record_;
@@ -171,8 +169,8 @@ class AVISplit : public Form {
   }
 
   void AVIsize_GotFocus() { SelectWholeText(AVIsize); }
-  void AVIsize_KeyUp() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
-  void AVIsize_MouseDown() { EditSize(Editing::AVIsize, AVIsize, record_.SplitAVISize); }
+  void AVIsize_KeyUp() { EditSize(AVIsize, record_.SplitAVISize); }
+  void AVIsize_MouseDown() { EditSize(AVIsize, record_.SplitAVISize); }
 
   void Frames_GotFocus() { SelectWholeText(Frames); }
   void Frames_KeyPress() { LimitFrames(); }
@@ -181,15 +179,15 @@ class AVISplit : public Form {
   void Frames_MouseUp() { LimitFrames(); }
 
   void Segs_Click(int index) {
-    FillBlankFields(Editing::None);
+    FillBlankFields();
     record_.SplitSegmentsMode = index;
     ShowThirdSegment(index == Three);
     Recalculate();
   }
 
   void Size1_GotFocus() { SelectWholeText(Size1); }
-  void Size1_KeyUp() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
-  void Size1_MouseDown() { EditSize(Editing::Size1, Size1, record_.SplitSize1); }
+  void Size1_KeyUp() { EditSize(Size1, record_.SplitSize1); }
+  void Size1_MouseDown() { EditSize(Size1, record_.SplitSize1); }
 
   void Size2_GotFocus() { SelectWholeText(Size2); }
   void Size2_KeyUp() { EditSize2(); }
@@ -214,8 +212,8 @@ class AVISplit : public Form {
   void KeyFs_KeyUp() { EditKeyFs(); }
   void KeyFs_MouseDown() { EditKeyFs(); }
 
-  void EditSize(Editing code, TextField& field, double& stored) {
-    FillBlankFields(code);
+  void EditSize(TextField& field, double& stored) {
+    FillBlankFields(&field);
     const double megaBytes = RepairAndRead(field);
     if (IsEmpty(field)) {
       return;
@@ -234,11 +232,11 @@ class AVISplit : public Form {
   void EditSize2() {
     double computed = 0;
     const bool isTyped = Segs.Selected() != Two;
-    EditSize(Editing::Size2, Size2, isTyped ? record_.SplitSize2 : computed);
+    EditSize(Size2, isTyped ? record_.SplitSize2 : computed);
   }
 
   void EditFrames() {
-    FillBlankFields(Editing::Frames);
+    FillBlankFields(&Frames);
     RepairText(Frames);
     if (IsEmpty(Frames)) {
       return;
@@ -266,7 +264,7 @@ class AVISplit : public Form {
   }
 
   void EditKeyFs() {
-    FillBlankFields(Editing::KeyFs);
+    FillBlankFields(&KeyFs);
     RepairText(KeyFs);
     RepairSign(KeyFs);
     if (IsEmpty(KeyFs)) {
@@ -297,13 +295,14 @@ class AVISplit : public Form {
     Size2.ShowAsResult(!isShown);
   }
 
-  // Deliberately stores nothing of what it fills in and cuts to fit, so that the next opening shows
-  // what was typed. While the size of the file is being typed, every key begins again with the
-  // sizes that were typed: 1400 typed over 1300 is 1, 14 and 140 on its way.
-  void FillBlankFields(Editing editing) {
+  // Leaves the field that is being edited alone. Deliberately stores nothing of what it fills in and
+  // cuts to fit, so that the next opening shows what was typed. While the size of the file is being
+  // typed, every key begins again with the sizes that were typed: 1400 typed over 1300 is 1, 14 and
+  // 140 on its way.
+  void FillBlankFields(const TextField* editing = nullptr) {
     const auto one = u"1"_s;
     const bool isThree = Segs.Selected() == Three;
-    if (editing != Editing::AVIsize) {
+    if (editing != &AVIsize) {
       FillBlank(AVIsize, one);
     } else {
       WriteNumber(Size1, record_.SplitSize1);
@@ -311,23 +310,23 @@ class AVISplit : public Form {
         WriteNumber(Size2, record_.SplitSize2);
       }
     }
-    if (editing != Editing::Frames) {
+    if (editing != &Frames) {
       FillBlank(Frames, one);
     }
-    if (editing != Editing::Size1) {
+    if (editing != &Size1) {
       FillBlank(Size1, one);
       if (LeadingNumberIn(AVIsize) < NumberIn(Size1)) {
         WriteNumber(Size1, LeadingNumberIn(AVIsize));
       }
     }
-    if (editing != Editing::Size2 && isThree) {
+    if (editing != &Size2 && isThree) {
       FillBlank(Size2, one);
       const double rest = Remainder(LeadingNumberIn(AVIsize), LeadingNumberIn(Size1));
       if (rest < NumberIn(Size2)) {
         WriteNumber(Size2, std::max(rest, 0.0));
       }
     }
-    if (editing != Editing::KeyFs) {
+    if (editing != &KeyFs) {
       FillBlank(KeyFs, one);
     }
   }

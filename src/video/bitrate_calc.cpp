@@ -51,8 +51,6 @@ QString SizeText(double megaBytes) {
 }
 
 class BitrateCalc : public Form, public OverheadOpener {
-  // The field that FillBlankFields() leaves alone.
-  enum class Editing { None, Audio, Capacity, CDs, Extra, MLength };
   enum Spin { MLengthPHeld = 1, MLengthMHeld, ExtraPHeld, ExtraMHeld };
 
   Services& services_;
@@ -196,28 +194,28 @@ class BitrateCalc : public Form, public OverheadOpener {
   void Audio_Click() { CalcVideoBitrate(); }
   void Audio_KeyUp() { CalcVideoBitrate(); }
   void Audio_LostFocus() { CalcVideoBitrate(); }
-  void Audio_GotFocus() { FillBlankFields(Editing::Audio); }
+  void Audio_GotFocus() { FillBlankFields(Audio.Field()); }
 
   void CDs_Click() { CalcVideoBitrate(); }
   void CDs_KeyUp() { CalcVideoBitrate(); }
-  void CDs_GotFocus() { FillBlankFields(Editing::CDs); }
+  void CDs_GotFocus() { FillBlankFields(CDs.Field()); }
   void CDs_LostFocus() {
-    FillBlankFields(Editing::None);
+    FillBlankFields();
     CalcVideoBitrate();
   }
 
   // Deliberately fills no blanks, unlike its neighbours.
   void MLength_GotFocus() { SelectFirstTen(MLength); }
   void MLength_KeyUp() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     CalcVideoBitrate();
   }
   void MLength_MouseDown() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     CalcVideoBitrate();
   }
   void MLength_LostFocus() {
-    FillBlankFields(Editing::None);
+    FillBlankFields();
     CalcVideoBitrate();
   }
 
@@ -229,14 +227,14 @@ class BitrateCalc : public Form, public OverheadOpener {
   void Time1_GotFocus() { SelectFirstTen(Time1); }
   void Time1_KeyPress() { RepairHours(Time1); }
   void Time1_KeyUp() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     RepairText(Time1);
     RepairSign(Time1);
     RepairHours(Time1);
     TimeToLengthUnlessEmpty(Time1);
   }
   void Time1_MouseDown() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     TimeToLengthUnlessEmpty(Time1);
   }
   void Time1_LostFocus() { TimeToLengthUnlessEmpty(Time1); }
@@ -245,11 +243,11 @@ class BitrateCalc : public Form, public OverheadOpener {
   void Time2_KeyPress() { RepairMinutes(Time2); }
   // Deliberately repairs nothing before TimeToLength() does, unlike the hours.
   void Time2_KeyUp() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     TimeToLengthUnlessEmpty(Time2);
   }
   void Time2_MouseDown() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     TimeToLengthUnlessEmpty(Time2);
   }
   void Time2_LostFocus() { TimeToLengthUnlessEmpty(Time2); }
@@ -257,13 +255,13 @@ class BitrateCalc : public Form, public OverheadOpener {
   void Time3_GotFocus() { SelectFirstTen(Time3); }
   void Time3_KeyPress() { RepairSeconds(Time3); }
   void Time3_KeyUp() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     EditingSeconds = true;
     TimeToLengthUnlessEmpty(Time3);
     EditingSeconds = false;
   }
   void Time3_MouseDown() {
-    FillBlankFields(Editing::MLength);
+    FillBlankFields(&MLength);
     TimeToLengthUnlessEmpty(Time3);
   }
   void Time3_MouseUp() { RepairSeconds(Time3); }
@@ -274,15 +272,15 @@ class BitrateCalc : public Form, public OverheadOpener {
 
   void Capacity_Click() { CalcVideoBitrate(); }
   void Capacity_KeyUp() { CalcVideoBitrate(); }
-  void Capacity_GotFocus() { FillBlankFields(Editing::Capacity); }
+  void Capacity_GotFocus() { FillBlankFields(Capacity.Field()); }
   void Capacity_LostFocus() {
-    FillBlankFields(Editing::None);
+    FillBlankFields();
     CalcVideoBitrate();
   }
 
   void Extra_GotFocus() {
     SelectFirstTen(Extra);
-    FillBlankFields(Editing::Extra);
+    FillBlankFields(&Extra);
   }
   void Extra_KeyUp() { CalcVideoBitrate(); }
   void Extra_MouseUp() { CalcVideoBitrate(); }
@@ -331,19 +329,12 @@ class BitrateCalc : public Form, public OverheadOpener {
     ShowTime(time_, NumberIn(MLength), EditingSeconds);
   }
 
-  void FillBlankFields(Editing editing) {
-    struct Default {
-      Editing code;
-      TextField* field;
-      const char* text;
-    };
-    for (const auto& [code, field, text] :
-         {Default{Editing::Audio, Audio.Field(), "0"},
-          Default{Editing::Capacity, Capacity.Field(), "1"},
-          Default{Editing::CDs, CDs.Field(), "1"}, Default{Editing::Extra, &Extra, "0"},
-          Default{Editing::MLength, &MLength, "1"}}) {
-      if (code != editing) {
-        FillBlank(*field, QString::fromLatin1(text));
+  // Puts its default into every empty field but the one that is being edited.
+  void FillBlankFields(const TextField* editing = nullptr) {
+    for (auto* field : {Audio.Field(), Capacity.Field(), CDs.Field(), &Extra, &MLength}) {
+      const bool mayBeNothing = field == Audio.Field() || field == &Extra;
+      if (field != editing) {
+        FillBlank(*field, mayBeNothing ? u"0"_s : u"1"_s);
       }
     }
   }

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include "video/bitrate_calc.h"
+
 #include <memory>
 #include <ostream>
 #include <set>
@@ -136,6 +138,20 @@ TEST_F(BitrateCalcTest, OpensWithTheBuiltInFigures) {
   EXPECT_EQ(Text("Stat(1)"), "91.6MB");
   EXPECT_EQ(Text("Stat(2)"), "6.9MB");
   EXPECT_EQ(Text("Qual"), "Average");
+}
+
+TEST_F(BitrateCalcTest, DestroyedWhileItIsShownItRunsNoHandler) {
+  for (const auto* name : {"Audio", "MLength", "Time1", "Time3", "Capacity", "DivX(1)", "Result"}) {
+    auto shown = MakeBitrateCalc(services);
+    shown->show();
+    WaitForActive(shown.get());
+    Find(shown.get(), QString::fromLatin1(name))->setFocus();
+    record.MovieLength = 7.25;
+    record.CDCount = 3;
+    shown.reset();
+    EXPECT_EQ(record.MovieLength, 7.25) << name;
+    EXPECT_EQ(record.CDCount, 3) << name;
+  }
 }
 
 TEST_F(BitrateCalcTest, FocusIsInTheFirstField) {
