@@ -52,8 +52,10 @@ OptionButton* OptionGroup::At(int index) const {
 }
 
 void OptionGroup::Select(int index) {
-  if (auto* button = At(index)) {
-    button->setChecked(true);
+  for (auto& button : buttons_) {
+    if (button->Index() == index) {
+      button->setChecked(true);
+    }
   }
 }
 
