@@ -78,7 +78,7 @@ class Wire {
     if constexpr (std::derived_from<Control, QComboBox>) {
       return Connected(control_, &QComboBox::activated, handler);
     } else if constexpr (std::derived_from<Control, QCheckBox>) {
-      return Connected(control_, &QCheckBox::stateChanged, handler);
+      return Connected(control_, &QCheckBox::toggled, handler);
     } else if constexpr (std::derived_from<Control, LinkLabel>) {
       return Connected(control_, &LinkLabel::Clicked, handler);
     } else {
