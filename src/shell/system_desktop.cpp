@@ -20,9 +20,6 @@ namespace {
 // Who fails later than this was started well, and failed at something else.
 constexpr double Trial = 10;  // seconds
 
-// F1 that asks again so soon is still held: not every X server tells its repetitions apart.
-constexpr double Held = 1;  // seconds
-
 }  // namespace
 
 SystemDesktop::SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder)
@@ -33,14 +30,7 @@ void SystemDesktop::Beep() { QApplication::beep(); }
 void SystemDesktop::StartCalculator(QWidget* asker) { Start(asker, CalculatorCommand()); }
 
 void SystemDesktop::OpenHelp(QWidget* asker, const QString& page) {
-  const double now = clock_.Now();
-  // The first page belongs to a button, every click of which opens it.
-  const bool isHeld = page == lastPage_ && page != FirstHelpPage && now - lastHelp_ < Held;
-  lastPage_ = page;
-  lastHelp_ = now;
-  if (!isHeld) {
-    Start(asker, HelpCommand(programFolder_, page));
-  }
+  Start(asker, HelpCommand(programFolder_, page));
 }
 
 void SystemDesktop::OpenAddress(QWidget* asker, const QString& address) {

@@ -16,8 +16,7 @@
 namespace brindle {
 
 /// The desktop that the program really runs on. What it starts has the program's folder as its
-/// current directory, as long as that exists, and lives on when the program ends. A window's page
-/// of the help that is asked for again within a second is not opened twice; the first page is.
+/// current directory, as long as that exists, and lives on when the program ends.
 class SystemDesktop : public Desktop {
  public:
   SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);
@@ -35,8 +34,6 @@ class SystemDesktop : public Desktop {
   MessageBoxes& boxes_;
   Clock& clock_;
   QString programFolder_;
-  QString lastPage_;
-  double lastHelp_ = 0;  // seconds
   QObject lifetime_;
 };
 

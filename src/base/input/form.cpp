@@ -53,12 +53,22 @@ void Form::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
-    if (!event->isAutoRepeat()) {
+    // A held key repeats as a release and a press of the same moment. The toolkit recognizes the
+    // repetition only if the press has arrived by the time it handles the release.
+    const bool isHeld = event->isAutoRepeat() || letGoOfF1_ == event->timestamp();
+    if (!isHeld) {
       Q_EMIT HelpAsked();
     }
     return;
   }
   QWidget::keyPressEvent(event);
+}
+
+void Form::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) {
+    letGoOfF1_ = event->timestamp();
+  }
+  QWidget::keyReleaseEvent(event);
 }
 
 }  // namespace brindle

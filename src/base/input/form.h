@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <QString>
 #include <QWidget>
@@ -46,11 +47,13 @@ class Form : public QWidget {
 
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
   FocusTracker focus_{this};
   Escape escape_;
   bool hasAgreed_ = false;  // after a question; the next try to close it succeeds
+  std::optional<quint64> letGoOfF1_;  // when, by the system's own clock
   bool closed_ = false;
 };
 

@@ -67,6 +67,43 @@ TEST(Form, HeldOrWithAModifierF1IsAskedForOnceOrNotAtAll) {
   EXPECT_EQ(asked, 1);
 }
 
+TEST(Form, AHeldF1IsAskedForOnceHoweverItsRepetitionsCome) {
+  Form form(u"F"_s, u"Caption"_s);
+  int asked = 0;
+  QObject::connect(&form, &Form::HelpAsked, [&] { ++asked; });
+  const auto send = [&](QEvent::Type type, quint64 moment) {
+    QKeyEvent event(type, Qt::Key_F1, Qt::NoModifier);
+    event.setTimestamp(moment);
+    QApplication::sendEvent(&form, &event);
+  };
+  send(QEvent::KeyPress, 1000);
+  // A busy machine may hand over the repetitions seconds apart; their moments stay the same.
+  for (const quint64 moment : {1660U, 1700U, 3900U}) {
+    send(QEvent::KeyRelease, moment);
+    send(QEvent::KeyPress, moment);
+  }
+  EXPECT_EQ(asked, 1);
+  send(QEvent::KeyRelease, 3950);
+  send(QEvent::KeyPress, 3951);
+  EXPECT_EQ(asked, 2) << "pressed once more, however soon";
+}
+
+TEST(Form, F1HeldInAFieldIsAskedForOnce) {
+  FieldWindow window;
+  int asked = 0;
+  QObject::connect(&window, &Form::HelpAsked, [&] { ++asked; });
+  window.Start();
+  const auto send = [&](QEvent::Type type, quint64 moment) {
+    QKeyEvent event(type, Qt::Key_F1, Qt::NoModifier);
+    event.setTimestamp(moment);
+    QApplication::sendEvent(window.A, &event);
+  };
+  send(QEvent::KeyPress, 1000);
+  send(QEvent::KeyRelease, 1660);
+  send(QEvent::KeyPress, 1660);
+  EXPECT_EQ(asked, 1);
+}
+
 TEST(Form, EscapeCanBeIgnored) {
   Form form(u"F"_s, u"Caption"_s, Form::Escape::IsIgnored);
   form.show();
