@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QFile>
 #include <QImageReader>
 #include <QPixmap>
 #include <QString>
@@ -17,8 +18,10 @@ using namespace Qt::StringLiterals;
 QPixmap LoadPicture(const QString& name, qreal devicePixelRatio) {
   const int scale = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, 4);
   const QString suffix = scale == 1 ? QString() : u"@%1x"_s.arg(scale);
+  const QString path = u":/pictures/"_s + name + suffix;
   // The format is given because guessing it loads every image plugin of the desktop, at each start.
-  QImageReader reader(u":/pictures/"_s + name + suffix + u".png"_s, "png");
+  const bool isPlain = QFile::exists(path + u".ppm"_s);
+  QImageReader reader(path + (isPlain ? u".ppm"_s : u".png"_s), isPlain ? "ppm" : "png");
   reader.setAutoDetectImageFormat(false);
   QPixmap picture = QPixmap::fromImageReader(&reader);
   picture.setDevicePixelRatio(scale);
