@@ -9,6 +9,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <random>
@@ -91,6 +92,12 @@ class Law {
   std::size_t failures_ = 0;
 };
 
+// How many random inputs: all of these in the long run (scripts/test long), else a tenth.
+std::size_t Many(std::size_t all) {
+  static const bool isLong = std::getenv("BRINDLE_TEST_LONG") != nullptr;
+  return isLong ? all : all / 10;
+}
+
 // The same numbers on every platform: the engine is exact, the standard distributions are not.
 class Random {
  public:
@@ -159,11 +166,12 @@ double TypedNumber(Random& random) {
   return Parsed(text + (random.Below(2) == 0 ? "5" : ""));
 }
 
+std::size_t RandomPatterns() { return Many(1'000'000); }
+
 const std::vector<double>& Numbers() {
   static const auto numbers = [] {
-    constexpr std::size_t randomPatterns = 1'000'000;
-    constexpr std::size_t typedNumbers = 40'000;
-    constexpr std::size_t subnormals = 10'000;
+    const std::size_t typedNumbers = Many(40'000);
+    const std::size_t subnormals = Many(10'000);
     auto values = EdgeNumbers();
     Random random(20260101);
     for (std::size_t i = 0; i < typedNumbers; ++i) {
@@ -172,7 +180,7 @@ const std::vector<double>& Numbers() {
     for (std::size_t i = 0; i < subnormals; ++i) {
       values.push_back(std::bit_cast<double>(random.Bits() >> (12 + random.Below(50))));
     }
-    for (std::size_t i = 0; i < randomPatterns; ++i) {
+    for (std::size_t i = 0; i < RandomPatterns(); ++i) {
       values.push_back(std::bit_cast<double>(random.Bits()));
     }
     return values;
@@ -185,7 +193,7 @@ const std::vector<double>& Numbers() {
 template <class Visit>
 void VisitSome(std::size_t stride, Visit visit) {
   const auto& numbers = Numbers();
-  const std::size_t chosen = numbers.size() - 1'000'000;
+  const std::size_t chosen = numbers.size() - RandomPatterns();
   for (std::size_t i = 0; i < numbers.size(); i += i < chosen ? 1 : stride) {
     visit(numbers[i]);
   }
@@ -418,7 +426,7 @@ TEST(NumbersPropertyTest, TextsOfSinglesReadBack) {
   Law fewest("no text with one digit less reads back to the same Single");
   Law blank("text of what is not finite is empty");
   Random random(20260102);
-  for (int i = 0; i < 200'000; ++i) {
+  for (std::size_t i = 0, end = Many(200'000); i < end; ++i) {
     const auto bits = static_cast<std::uint32_t>(random.Bits());
     const auto value = std::bit_cast<float>(i % 8 == 0 ? bits & 0x807FFFFFU : bits);
     const auto text = TextOfSingle(value);
@@ -539,7 +547,7 @@ TEST(NumbersPropertyTest, QuotientAndRemainderMakeTheDividend) {
   Law nothing("there is no result exactly where the divisor rounds to 0");
   Random random(20260103);
   const auto& numbers = Numbers();
-  for (int i = 0; i < 300'000; ++i) {
+  for (std::size_t i = 0, end = Many(300'000); i < end; ++i) {
     const auto pick = [&] {
       return i % 3 == 0 ? numbers[random.Below(numbers.size())]
                         : static_cast<double>(random.Between(-400, 400)) / 4;
@@ -569,7 +577,7 @@ TEST(NumbersPropertyTest, StepsStayWithinTheirBound) {
   Law free("without a bound a step is 1");
   Random random(20260104);
   const auto& numbers = Numbers();
-  for (int i = 0; i < 300'000; ++i) {
+  for (std::size_t i = 0, end = Many(300'000); i < end; ++i) {
     const double value = numbers[random.Below(numbers.size())];
     const double limit = i % 2 == 0 ? numbers[random.Below(numbers.size())]
                                     : value + static_cast<double>(random.Between(-12, 12)) / 8;
@@ -600,7 +608,7 @@ TEST(NumbersPropertyTest, ShrinkingByTensStops) {
   Law finite("the result is finite");
   Random random(20260105);
   const auto& numbers = Numbers();
-  for (int i = 0; i < 100'000; ++i) {
+  for (std::size_t i = 0, end = Many(100'000); i < end; ++i) {
     const double value = numbers[random.Below(numbers.size())];
     constexpr std::array<double, 6> usual{999, 99, 99.999, 99999999, 1e20, 0};
     const double limit =
@@ -623,7 +631,7 @@ TEST(NumbersPropertyTest, RunningTimesAddUp) {
   Law sum("the parts add up to the minutes");
   Law ranges("minutes and seconds stay within theirs");
   Random random(20260106);
-  for (int i = 0; i < 100'000; ++i) {
+  for (std::size_t i = 0, end = Many(100'000); i < end; ++i) {
     const double minutes = static_cast<double>(random.Between(0, 60'000'000)) / 1000;
     const auto time = TakeApart(minutes * 60);
     sum.Check(std::abs(InMinutes(time) - minutes) < 1e-9, minutes);
@@ -814,7 +822,7 @@ TEST(NumbersPropertyTest, TextsAreReadAsByASecondReader) {
   Law begun("a number just begun is not numeric yet");
   Law stable("text -> number -> text is stable");
   Random random(20260107);
-  for (int i = 0; i < 150'000; ++i) {
+  for (std::size_t i = 0, end = Many(150'000); i < end; ++i) {
     const auto text = i % 2 == 0 ? RandomText(random) : RandomNumber(random);
     const auto reading = SlowlyRead(text);
     const double first = LeadingNumber(text);
@@ -836,7 +844,7 @@ TEST(NumbersPropertyTest, AnyTextMayBeAPattern) {
   Law blank("what is not finite shows nothing");
   Random random(20260108);
   const auto& numbers = Numbers();
-  for (int i = 0; i < 50'000; ++i) {
+  for (std::size_t i = 0, end = Many(50'000); i < end; ++i) {
     const auto pattern = RandomText(random);
     const double value = numbers[random.Below(numbers.size())];
     const auto shown = Formatted(value, pattern);
@@ -851,7 +859,7 @@ TEST(NumbersPropertyTest, TextsBeingTypedKeepTheirValue) {
   Law same("what follows does not change the value");
   Random random(20260109);
   const auto& numbers = Numbers();
-  for (int i = 0; i < 100'000; ++i) {
+  for (std::size_t i = 0, end = Many(100'000); i < end; ++i) {
     const auto typed = i % 2 == 0 ? RandomText(random) : RandomNumber(random);
     const double value = i % 4 == 3 ? numbers[random.Below(numbers.size())] : LeadingNumber(typed);
     const auto text = TextOf(value);
@@ -865,7 +873,7 @@ TEST(NumbersPropertyTest, TextsBeingTypedKeepTheirValue) {
 TEST(NumbersPropertyTest, NumbersCanBeTypedKeyByKey) {
   Law typedOut("a number typed key by key stands there as it was typed");
   Random random(20260110);
-  for (int i = 0; i < 50'000; ++i) {
+  for (std::size_t i = 0, end = Many(50'000); i < end; ++i) {
     const auto fractionDigits = random.Below(7);
     auto typed = std::to_string(random.Between(0, i % 2 == 0 ? 99 : 9999999));
     typed += fractionDigits == 0 && random.Below(2) == 0 ? "" : ".";
