@@ -9,7 +9,9 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QShowEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace brindle {
 
@@ -64,11 +66,20 @@ void Form::keyPressEvent(QKeyEvent* event) {
   QWidget::keyPressEvent(event);
 }
 
-void Form::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F1) {
-    letGoOfF1_ = event->timestamp();
+void Form::showEvent(QShowEvent* event) {
+  windowHandle()->installEventFilter(this);
+  QWidget::showEvent(event);
+}
+
+// Sees the releases of all controls; a field keeps its own to itself.
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyRelease) {
+    const auto* released = dynamic_cast<QKeyEvent*>(event);
+    if (released->key() == Qt::Key_F1) {
+      letGoOfF1_ = released->timestamp();
+    }
   }
-  QWidget::keyReleaseEvent(event);
+  return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace brindle
