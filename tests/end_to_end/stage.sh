@@ -111,7 +111,9 @@ cookie=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
 xauth -q add :0 . "$cookie"
 
 has_line() { [ -s "$1" ]; }
-start display Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -auth "$XAUTHORITY" 3>"$folder/display"
+# Without -noreset the display starts anew when its last client leaves. The look for the window manager
+# is such a client on a busy machine, and would shut out the manager that is just coming.
+start display Xvfb -noreset -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -auth "$XAUTHORITY" 3>"$folder/display"
 await "a virtual display" has_line "$folder/display"
 DISPLAY=:$(<"$folder/display")
 xauth -q add "$DISPLAY" . "$cookie"
