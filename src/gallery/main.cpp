@@ -157,8 +157,8 @@ int TakeAll(const Gallery& gallery) {
 
   Splash splash(services);
   splash.show();
-  MainProg mainProg(services, {.program = folder.path(), .config = folder.path()});
-  mainProg.show();
+  const auto mainProg = MakeMainProg(services, {.program = folder.path(), .config = folder.path()});
+  mainProg->show();
   SetRealisticFigures(record);
   for (const auto id :
        {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,

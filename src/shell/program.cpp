@@ -31,8 +31,8 @@ void Program::ShowMainProg() {
   // The splash called; it must not be deleted under its own signal.
   splash_->hide();
   splash_.release()->deleteLater();
-  mainProg_ = std::make_unique<MainProg>(services_, folders_);
-  connect(mainProg_.get(), &MainProg::Closed, this, &Program::HideAllAndExit);
+  mainProg_ = MakeMainProg(services_, folders_);
+  connect(mainProg_.get(), &Form::Closed, this, &Program::HideAllAndExit);
   // Something may have to be said about the settings first.
   modal_.WhenNoneIsOpen([this] {
     mainProg_->show();

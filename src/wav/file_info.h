@@ -26,11 +26,11 @@ class FileInfo {
   void SetVisible(bool visible);
 
  private:
-  ElidedLabel* WavInfo1;
-  ValueLabel* WavInfo2;
-  ValueLabel* WavInfo3;
-  ValueLabel* WavInfo4;
-  ElidedLabel* WavInfo5;
+  ElidedLabel WavInfo1;
+  ValueLabel WavInfo2;
+  ValueLabel WavInfo3;
+  ValueLabel WavInfo4;
+  ElidedLabel WavInfo5;
 };
 
 }  // namespace brindle

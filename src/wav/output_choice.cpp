@@ -18,11 +18,10 @@ using namespace Qt::StringLiterals;
 OutputChoice::OutputChoice(Settings& record)
     : record_(record),
       Output(u"Output"_s),
-      Target(
-          MakeButton(u"Target"_s, u"Browse..."_s, u"Select target file for normalized output"_s)),
-      TargetFile(new ElidedLabel(u"TargetFile"_s, u"C:\\output.wav"_s)) {
+      Target(u"Target"_s, u"Browse..."_s, u"Select target file for normalized output"_s),
+      TargetFile(u"TargetFile"_s, u"C:\\output.wav"_s) {
   connect(&Output, &OptionGroup::Click, this, &OutputChoice::Output_Click);
-  connect(Target, &QPushButton::clicked, this, &OutputChoice::Browse);
+  connect(&Target, &QPushButton::clicked, this, &OutputChoice::Browse);
 }
 
 QGroupBox* OutputChoice::InFrame() {
@@ -34,7 +33,7 @@ QGroupBox* OutputChoice::InFrame() {
   // clang-format off
   return MakeFrame(u"Save normalized WAV output to:"_s, {
     {source, {}},
-    {file, {TargetFile, Target}},
+    {file, {&TargetFile, &Target}},
   });
   // clang-format on
 }
@@ -65,13 +64,13 @@ void OutputChoice::WriteTarget(const QString& path) {
 
 void OutputChoice::ShowTarget(const QString& path) {
   target_ = path;
-  TargetFile->Write(path);
-  TargetFile->setToolTip(path);
+  TargetFile.Write(path);
+  TargetFile.setToolTip(path);
 }
 
 void OutputChoice::EnableTarget() {
-  TargetFile->setEnabled(!IsInPlace());
-  Target->setEnabled(isIdle_ && !IsInPlace());
+  TargetFile.setEnabled(!IsInPlace());
+  Target.setEnabled(isIdle_ && !IsInPlace());
 }
 
 }  // namespace brindle

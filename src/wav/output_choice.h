@@ -5,11 +5,11 @@
 
 #include <QGroupBox>
 #include <QObject>
-#include <QPushButton>
 #include <QString>
 
 #include "base/input/elided_label.h"
 #include "base/input/option_group.h"
+#include "base/input/push_button.h"
 #include "base/settings/settings.h"
 
 namespace brindle {
@@ -50,8 +50,8 @@ class OutputChoice : public QObject {
   QString target_;
 
   OptionGroup Output;
-  QPushButton* Target;
-  ElidedLabel* TargetFile;
+  PushButton Target;
+  ElidedLabel TargetFile;
 };
 
 }  // namespace brindle

@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <QLabel>
-
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "wav/peak_scan.h"
@@ -25,9 +23,9 @@ class PeakLabels {
  private:
   void SetVisible(bool visible);
 
-  QLabel* Label1;
-  ValueLabel* MinV;
-  ValueLabel* MaxV;
+  PlainLabel Label1;
+  ValueLabel MinV;
+  ValueLabel MaxV;
 };
 
 }  // namespace brindle

@@ -24,20 +24,19 @@ constexpr double MostPercent = 100;
 
 PercentChoice::PercentChoice(Settings& record)
     : record_(record),
-      Label3(MakeLabel(u"Label3"_s, u"Normalize to:"_s)),
-      PercNorm(
-          new TextField(u"PercNorm"_s, u"Normalize to a percentage of the 16bit sample range"_s)) {
-  PercNorm->setText(u"100"_s);
-  PercNorm->KeepBegunNumber();
-  PercNorm->setAcceptDrops(false);  // a file dropped there is for the window
-  NameByLabel(Label3->text(), {PercNorm});
-  connect(PercNorm, &TextField::textChanged, this, &PercentChoice::PercNorm_Change);
+      Label3(u"Label3"_s, u"Normalize to:"_s),
+      PercNorm(u"PercNorm"_s, u"Normalize to a percentage of the 16bit sample range"_s) {
+  PercNorm.setText(u"100"_s);
+  PercNorm.KeepBegunNumber();
+  PercNorm.setAcceptDrops(false);  // a file dropped there is for the window
+  NameByLabel(Label3.text(), {&PercNorm});
+  connect(&PercNorm, &TextField::textChanged, this, &PercentChoice::PercNorm_Change);
 }
 
 void PercentChoice::Form_Load() { WriteNumber(PercNorm, record_.WavNormalizePercent); }
 
 double PercentChoice::TargetPercent() {
-  if (IsEmpty(PercNorm) || IsJustBegun(PercNorm->text().toStdString())) {
+  if (IsEmpty(PercNorm) || IsJustBegun(PercNorm.text().toStdString())) {
     WriteNumber(PercNorm, record_.WavNormalizePercent);
   }
   return NumberIn(PercNorm);
@@ -50,7 +49,7 @@ void PercentChoice::PercNorm_Change() {
   if (!IsNumericIn(PercNorm)) {
     WriteNumber(PercNorm, LeadingNumberIn(PercNorm));
   }
-  if (IsJustBegun(PercNorm->text().toStdString())) {
+  if (IsJustBegun(PercNorm.text().toStdString())) {
     return;
   }
   if (NumberIn(PercNorm) > MostPercent) {

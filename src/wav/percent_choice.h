@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QObject>
 
+#include "base/input/labels.h"
 #include "base/input/text_field.h"
 #include "base/settings/settings.h"
 
@@ -19,8 +20,8 @@ class PercentChoice : public QObject {
  public:
   explicit PercentChoice(Settings& record);
 
-  [[nodiscard]] QLabel* Caption() const { return Label3; }
-  [[nodiscard]] TextField* Field() const { return PercNorm; }
+  [[nodiscard]] QLabel* Caption() { return &Label3; }
+  [[nodiscard]] TextField* Field() { return &PercNorm; }
 
   void Form_Load();
 
@@ -33,8 +34,8 @@ class PercentChoice : public QObject {
 
   Settings& record_;
 
-  QLabel* Label3;
-  TextField* PercNorm;
+  PlainLabel Label3;
+  TextField PercNorm;
 };
 
 }  // namespace brindle

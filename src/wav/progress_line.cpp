@@ -19,51 +19,50 @@ namespace brindle {
 using namespace Qt::StringLiterals;
 
 ProgressLine::ProgressLine()
-    : ProgBar(new QProgressBar),
-      Perc(new ValueLabel(u"Perc"_s, {}, {u"888%"_s})),
-      ETA1(MakeLabel(u"ETA1"_s, u"ETA:"_s, u"Remaining time to complete task (min:secs)"_s)),
-      ETA2(new ValueLabel(u"ETA2"_s, ETA1->toolTip(), {u"8888:88"_s})) {
-  ProgBar->setObjectName(u"ProgBar"_s);
-  ProgBar->setRange(0, 100);
-  ProgBar->setTextVisible(false);
-  NameByLabel(u"Progress"_s, {ProgBar, Perc});
-  NameByLabel(ETA1->text(), {ETA2});
-  KeepRoom({ProgBar, Perc, ETA1, ETA2});
+    : Perc(u"Perc"_s, {}, {u"888%"_s}),
+      ETA1(u"ETA1"_s, u"ETA:"_s, u"Remaining time to complete task (min:secs)"_s),
+      ETA2(u"ETA2"_s, ETA1.toolTip(), {u"8888:88"_s}) {
+  ProgBar.setObjectName(u"ProgBar"_s);
+  ProgBar.setRange(0, 100);
+  ProgBar.setTextVisible(false);
+  NameByLabel(u"Progress"_s, {&ProgBar, &Perc});
+  NameByLabel(ETA1.text(), {&ETA2});
+  KeepRoom({&ProgBar, &Perc, &ETA1, &ETA2});
 }
 
 QBoxLayout* ProgressLine::Line(QLabel* status) {
-  return Across({status, ProgBar, Perc, ETA1, ETA2}, Spacing);
+  return Across({status, &ProgBar, &Perc, &ETA1, &ETA2}, Spacing);
 }
 
 void ProgressLine::ShowProgress() {
-  ETA2->Write({});
+  ETA2.Write({});
   SetVisible(true);
 }
 
 void ProgressLine::HideProgress() {
-  Perc->Write(u"0"_s);
-  ProgBar->setValue(0);
-  ETA2->Write({});
+  Perc.Write(u"0"_s);
+  ProgBar.setValue(0);
+  ETA2.Write({});
   SetVisible(false);
 }
 
 void ProgressLine::Update(const PassProgress& progress) {
-  ProgBar->setValue(ToInteger32(progress.percent));
-  Perc->Write(QString::number(progress.wholePercent) + u'%');
+  ProgBar.setValue(ToInteger32(progress.percent));
+  Perc.Write(QString::number(progress.wholePercent) + u'%');
   ShowETA(progress.elapsed, progress.wholePercent);
 }
 
 void ProgressLine::ShowETA(double elapsed, int wholePercent) {
   if (const auto remaining = RemainingTime(elapsed, wholePercent)) {
-    ETA2->Write(ToQString(*remaining));
+    ETA2.Write(ToQString(*remaining));
   }
 }
 
 void ProgressLine::SetVisible(bool visible) {
-  ETA1->setVisible(visible);
-  ETA2->setVisible(visible);
-  ProgBar->setVisible(visible);
-  Perc->setVisible(visible);
+  ETA1.setVisible(visible);
+  ETA2.setVisible(visible);
+  ProgBar.setVisible(visible);
+  Perc.setVisible(visible);
 }
 
 }  // namespace brindle

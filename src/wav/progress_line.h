@@ -30,10 +30,10 @@ class ProgressLine {
   void ShowETA(double elapsed, int wholePercent);
   void SetVisible(bool visible);
 
-  QProgressBar* ProgBar;
-  ValueLabel* Perc;
-  QLabel* ETA1;
-  ValueLabel* ETA2;
+  QProgressBar ProgBar;
+  ValueLabel Perc;
+  PlainLabel ETA1;
+  ValueLabel ETA2;
 };
 
 }  // namespace brindle

@@ -26,32 +26,30 @@ QString ToleranceText(float percent) { return ToQString(TextOfSingle(percent)) +
 
 ToleranceChoice::ToleranceChoice(Settings& record)
     : record_(record),
-      Toler(new Slider(u"Toler"_s,
-                       u"Tolerance for determining whether the WAV is already normalized."_s, 0,
-                       MostTolerance)),
-      TolerTxt(new ValueLabel(u"TolerTxt"_s, Toler->toolTip(),
-                              {u"88.8%"_s, ToleranceText(record.WavTolerance)})),
-      Label4(MakeLabel(u"Label4"_s, u"Normalization tolerance:"_s, Toler->toolTip())) {
-  Toler->SetSteps(3, 1, 5);
-  NameByLabel(Label4->text(), {Toler, TolerTxt});
-  connect(Toler, &Slider::Change, this, &ToleranceChoice::Toler_Change);
+      Toler(u"Toler"_s, u"Tolerance for determining whether the WAV is already normalized."_s, 0,
+            MostTolerance),
+      TolerTxt(u"TolerTxt"_s, Toler.toolTip(), {u"88.8%"_s, ToleranceText(record.WavTolerance)}),
+      Label4(u"Label4"_s, u"Normalization tolerance:"_s, Toler.toolTip()) {
+  Toler.SetSteps(3, 1, 5);
+  NameByLabel(Label4.text(), {&Toler, &TolerTxt});
+  connect(&Toler, &Slider::Change, this, &ToleranceChoice::Toler_Change);
 }
 
 void ToleranceChoice::Form_Load() {
-  Toler->Write(ToInteger32(record_.WavTolerance));
+  Toler.Write(ToInteger32(record_.WavTolerance));
   Write(record_.WavTolerance);
 }
 
 void ToleranceChoice::Toler_Change() {
-  if (!Toler->IsBeingWritten()) {
-    record_.WavTolerance = static_cast<float>(Toler->value());
+  if (!Toler.IsBeingWritten()) {
+    record_.WavTolerance = static_cast<float>(Toler.value());
     Write(record_.WavTolerance);
   }
 }
 
 void ToleranceChoice::Write(float percent) {
   percent_ = percent;
-  TolerTxt->Write(ToleranceText(percent));
+  TolerTxt.Write(ToleranceText(percent));
 }
 
 }  // namespace brindle

@@ -22,9 +22,9 @@ class ToleranceChoice : public QObject {
   explicit ToleranceChoice(Settings& record);
 
   /// What stands in the line of the slider, label first.
-  [[nodiscard]] QLabel* Caption() const { return Label4; }
-  [[nodiscard]] QWidget* Range() const { return Toler; }
-  [[nodiscard]] QWidget* Value() const { return TolerTxt; }
+  [[nodiscard]] QLabel* Caption() { return &Label4; }
+  [[nodiscard]] QWidget* Range() { return &Toler; }
+  [[nodiscard]] QWidget* Value() { return &TolerTxt; }
 
   /// A stored tolerance that the slider cannot show moves it to its end, and is used as stored.
   void Form_Load();
@@ -39,9 +39,9 @@ class ToleranceChoice : public QObject {
   Settings& record_;
   float percent_ = 0;
 
-  Slider* Toler;
-  ValueLabel* TolerTxt;
-  QLabel* Label4;
+  Slider Toler;
+  ValueLabel TolerTxt;
+  PlainLabel Label4;
 };
 
 }  // namespace brindle

@@ -6,16 +6,16 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <variant>
 
-#include <QCheckBox>
-#include <QPushButton>
 #include <QString>
+#include <QStringList>
 
+#include "base/input/file_dialogs.h"
 #include "base/input/file_drop.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
+#include "base/input/message_boxes.h"
 #include "base/input/number_fields.h"
 #include "base/input/wiring.h"
 #include "base/settings/settings.h"
@@ -25,10 +25,12 @@
 #include "wav/output_choice.h"
 #include "wav/pass.h"
 #include "wav/pass_driver.h"
+#include "wav/pass_options.h"
+#include "wav/pass_plan.h"
 #include "wav/peak_labels.h"
 #include "wav/peak_scan.h"
 #include "wav/percent_choice.h"
-#include "wav/progress_line.h"
+#include "wav/task_panel.h"
 #include "wav/tolerance_choice.h"
 #include "wav/wav_error.h"
 #include "wav/wav_header.h"
@@ -40,30 +42,56 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a pass goes by from its start to its end, whatever is clicked meanwhile.
-struct PassPlan {
-  PassFiles files;
-  bool isMultiBuffer = false;
-  double tolerance = 0;        // percent
-  double percent = 0;          // that the peaks are to reach
-  std::optional<double> gain;  // nothing for a silent file
-
-  [[nodiscard]] bool IsRequired() const {
-    return gain && IsNormalizationRequired(100 * *gain, tolerance);
-  }
-  void AimFor(Peaks peaks) { gain = GainFor(peaks.lowest, peaks.highest, percent); }
-};
-
 class WavNorm : public Form {
+  // Busy: nothing can be started, nothing is to be aborted.
+  enum class Running { Nothing, Busy, Scan, Normalization };
+
+  Services& services_;
+  Settings& record_;
+  bool AbortRequested = false;
+  float ScanThroughput = 0;  // MB/s
+  Running running_ = Running::Nothing;
+  QString source_;  // the file that is open
+  Peaks peaks_;     // of the last scan, whichever file is open by now
+  PassPlan plan_;   // of the pass that runs, or is asked about
+  std::unique_ptr<PeakScan> scan_;
+  std::unique_ptr<Normalization> pass_;
+  PassDriver driver_{services_.clock,
+                     [this](const PassProgress& progress) { tasks_.ShowProgress(progress); },
+                     [this] { return AbortRequested; }};
+  FileDrop drop_{this};
+
+  PassOptions options_{record_};
+  ToleranceChoice tolerance_{record_};
+  OutputChoice output_{record_};
+  FileInfo fileInfo_;
+  PercentChoice percent_{record_};
+  PeakLabels peakLabels_;
+  TaskPanel tasks_;
+
  public:
   explicit WavNorm(Services& services)
       : Form(u"WavNorm"_s, u"WAV Normalizer (rev3)"_s),
         services_(services),
         record_(services.record) {
-    MakeLayout();
+    // clang-format off
+    LayOut(this,
+      Down({
+        options_.InFrame({tolerance_.Caption(), {tolerance_.Range(), tolerance_.Value()}}),
+        output_.InFrame(),
+        fileInfo_.InFrame(),
+        Across({
+          percent_.Caption(), percent_.Field(), MakeLabel(u"%"_s), Item::Stretch(),
+          peakLabels_.Line(),
+        }, Spacing),
+        tasks_.Buttons(),
+        tasks_.Progress(),
+      }));
+    // clang-format on
+
     WireEvents();
     Form_Load();
-    Focus().Begin(Mbuffer);
+    Focus().Begin(options_.First());
   }
 
   void WillClose() override {
@@ -82,124 +110,51 @@ class WavNorm : public Form {
   }
 
  private:
-  // Busy: nothing can be started, nothing is to be aborted.
-  enum class Running { Nothing, Busy, Scan, Normalization };
-
-  Services& services_;
-  Settings& record_;
-  bool AbortRequested = false;
-  float ScanThroughput = 0;  // MB/s
-  Running running_ = Running::Nothing;
-  QString source_;  // the file that is open
-  Peaks peaks_;     // of the last scan, whichever file is open by now
-  std::unique_ptr<PeakScan> scan_;
-  std::unique_ptr<Normalization> pass_;
-  PassDriver driver_{services_.clock,
-                     [this](const PassProgress& progress) { progress_.Update(progress); },
-                     [this] { return AbortRequested; }};
-  FileDrop drop_{this};
-
-  QCheckBox* Mbuffer = MakeCheckBox(
-      u"Mbuffer"_s, u"Multi-buffering (faster for source/target on the same HDD)"_s,
-      u"Disable multi-buffering when source and target are on two separate hard disks."_s);
-  QCheckBox* AutoNorm =
-      MakeCheckBox(u"AutoNorm"_s, u"Auto Normalize After Scan"_s,
-                   u"Begin normalization immediately after scanning (no prompt)"_s);
-  QCheckBox* RemFolders =
-      MakeCheckBox(u"RemFolders"_s, u"Remember Folders"_s, u"Remember last folder/file loaded"_s);
-  ToleranceChoice tolerance_{record_};
-  OutputChoice output_{record_};
-  FileInfo fileInfo_;
-  PercentChoice percent_{record_};
-  QPushButton* btnOpen =
-      MakeButton(u"btnOpen"_s, u"Open WAV"_s, u"Select a 16bit PCM WAV file to normalize"_s);
-  QPushButton* btnScan = MakeButton(u"btnScan"_s, u"Scan for Peaks"_s, u"Scan file for peaks"_s);
-  QPushButton* btnNorm = MakeButton(u"btnNorm"_s, u"Normalize"_s, u"Normalize selected file"_s);
-  QPushButton* Cancel = MakeButton(u"Cancel"_s, u"Abort"_s, u"Abort task"_s);
-  PeakLabels peakLabels_;
-  ProgressLine progress_;
-  ValueLabel* Status = new ValueLabel(u"Status"_s, {}, {Scanning(), Normalizing()});
-
-  static QString Scanning() { return u"Scanning..."_s; }
-  static QString Normalizing() { return u"Normalizing..."_s; }
-
-  void MakeLayout() {
-    NameByLabel(u"Status"_s, {Status});
-    KeepRoom({btnScan, btnNorm, Cancel});
-
-    // clang-format off
-    LayOut(this,
-      Down({
-        MakeFrame(u"Options"_s, {
-          {Mbuffer, {}},
-          {AutoNorm, {}},
-          {RemFolders, {}},
-          {tolerance_.Caption(), {tolerance_.Range(), tolerance_.Value()}},
-        }),
-        output_.InFrame(),
-        fileInfo_.InFrame(),
-        Across({
-          percent_.Caption(), percent_.Field(), MakeLabel(u"%"_s), Item::Stretch(),
-          peakLabels_.Line(),
-        }, Spacing),
-        Across({btnOpen, btnScan, btnNorm, Item::Stretch(), Cancel}, Spacing),
-        progress_.Line(Status),
-      }));
-    // clang-format on
-  }
-
   void WireEvents() {
-    using Self = WavNorm;
     const Wires on(this);
-    on(Mbuffer).Click(&Self::Mbuffer_Click);
-    on(AutoNorm).Click(&Self::AutoNorm_Click);
-    on(RemFolders).Click(&Self::RemFolders_Click);
-    on(btnOpen).Click(&Self::btnOpen_Click);
-    on(btnScan).Click(&Self::btnScan_Click);
-    on(btnNorm).Click(&Self::btnNorm_Click);
-    on(Cancel).Click(&Self::Cancel_Click);
-    connect(&output_, &OutputChoice::Browse, this, &Self::Target_Click);
-    connect(&drop_, &FileDrop::Dropped, this, &Self::OpenFile);
+    on(tasks_.btnOpen).Click(&WavNorm::btnOpen_Click);
+    on(tasks_.btnScan).Click(&WavNorm::btnScan_Click);
+    on(tasks_.btnNorm).Click(&WavNorm::btnNorm_Click);
+    on(tasks_.Cancel).Click(&WavNorm::Cancel_Click);
+    connect(&output_, &OutputChoice::Browse, this, &WavNorm::Target_Click);
+    connect(&drop_, &FileDrop::Dropped, this, &WavNorm::OpenFile);
   }
 
   void Form_Load() {
     tolerance_.Form_Load();
     ResetLoad();
     peakLabels_.HidePeaks();
-    progress_.HideProgress();
+    tasks_.HideProgress();
     AbortRequested = false;
     percent_.Form_Load();
-    AutoNorm->setChecked(record_.WavAutoNormalize);
-    Mbuffer->setChecked(record_.WavMultiBuffer);
-    RemFolders->setChecked(record_.WavRememberFolders);
+    options_.Form_Load();
     output_.Form_Load();
   }
 
-  void Mbuffer_Click() { record_.WavMultiBuffer = Mbuffer->isChecked(); }
-  void AutoNorm_Click() { record_.WavAutoNormalize = AutoNorm->isChecked(); }
-  void RemFolders_Click() { record_.WavRememberFolders = RemFolders->isChecked(); }
+  // --- The files ---
+
+  [[nodiscard]] FileQuestion Question(const QString& title, const QStringList& filters,
+                                      const QString& path) const {
+    return {.name = u"DLG"_s,
+            .title = title,
+            .filters = filters,
+            .start = record_.WavRememberFolders ? path : QString()};
+  }
 
   void Target_Click() {
     if (running_ == Running::Nothing) {
       services_.dialogs.AskForTarget(
-          this,
-          {.name = u"DLG"_s,
-           .title = u"Save As"_s,
-           .filters = {u"PCM WAV file (*.wav)"_s},
-           .start = record_.WavRememberFolders ? record_.WavTargetFile : QString()},
+          this, Question(u"Save As"_s, {u"PCM WAV file (*.wav)"_s}, record_.WavTargetFile),
           u"wav"_s, [this](const QString& path) { output_.WriteTarget(path); });
     }
   }
 
   void btnOpen_Click() {
+    const QStringList filters{u"WAV files (*.wav)"_s, u"All Files (*.*) (*)"_s};
     if (running_ == Running::Nothing) {
-      services_.dialogs.AskForExisting(
-          this,
-          {.name = u"DLG"_s,
-           .title = u"Select Files"_s,
-           .filters = {u"WAV files (*.wav)"_s, u"All Files (*.*) (*)"_s},
-           .start = record_.WavRememberFolders ? record_.WavSourceFile : QString()},
-          [this](const QString& path) { OpenFile(path); });
+      services_.dialogs.AskForExisting(this,
+                                       Question(u"Select Files"_s, filters, record_.WavSourceFile),
+                                       [this](const QString& path) { OpenFile(path); });
     }
   }
 
@@ -209,8 +164,7 @@ class WavNorm : public Form {
     }
     const auto header = ReadHeader(path);
     if (!header) {
-      services_.boxes.Ask(this, MessageOf(header.error()), BoxButtons::Ok,
-                          [this](BoxAnswer) { ResetLoad(); });
+      Ask(MessageOf(header.error()), BoxButtons::Ok, [this](BoxAnswer) { ResetLoad(); });
       return;
     }
     fileInfo_.Write(path, *header);
@@ -220,33 +174,32 @@ class WavNorm : public Form {
     source_ = path;
   }
 
+  // --- The scan ---
+
   void btnScan_Click() {
     if (running_ != Running::Nothing) {
       return;
     }
-    Scan(Coverage::Usual,
-         [this, goesOn = AutoNorm->isChecked()](Peaks found, const PassState& end) {
-           peaks_ = found;
-           peakLabels_.Write(found);
-           ShowNormalizeReady();
-           ShowFileInfo();
-           HideCancel();
-           peakLabels_.ShowPeaks();
-           Status->Write({});
-           if (const auto* error = std::get_if<WavError>(&end)) {
-             services_.boxes.Tell(this, MessageOf(*error));
-           } else if (goesOn) {
-             btnNorm_Click();  // deliberately after an aborted scan, too
-           }
-         });
+    const bool goesOn = options_.NormalizesAfterScan();
+    Scan(Coverage::Usual, [this, goesOn](Peaks found, const PassState& end) {
+      peaks_ = found;
+      peakLabels_.Write(found);
+      ShowNormalizeReady();
+      ShowFileInfo();
+      tasks_.HideCancel();
+      peakLabels_.ShowPeaks();
+      tasks_.ClearStatus();
+      if (const auto* error = std::get_if<WavError>(&end)) {
+        Tell(MessageOf(*error));
+      } else if (goesOn) {
+        btnNorm_Click();  // deliberately after an aborted scan, too
+      }
+    });
   }
 
   void Scan(Coverage coverage, const std::function<void(Peaks, const PassState&)>& then) {
-    Cancel->show();
-    Cancel->setFocus();
+    tasks_.BeginScan();
     HideFileInfo();
-    progress_.ShowProgress();
-    Status->Write(Scanning());
     SetRunning(Running::Scan);
     scan_ = std::make_unique<PeakScan>(source_, services_.clock, coverage);
     driver_.Drive(*scan_, [this, then](const PassState& end) {
@@ -254,11 +207,13 @@ class WavNorm : public Form {
       ScanThroughput = scan_->Throughput();
       scan_.reset();
       SetRunning(Running::Nothing);
-      progress_.HideProgress();
+      tasks_.HideProgress();
       AbortRequested &= !std::holds_alternative<PassAborted>(end);
       then(found, end);
     });
   }
+
+  // --- The pass ---
 
   // The peaks count as they are now, everything else as it is after the events that wait.
   void btnNorm_Click() {
@@ -269,95 +224,75 @@ class WavNorm : public Form {
   }
 
   void ChoosePass(Peaks peaks) {
-    PassPlan plan{.files = {source_, output_.TargetPath(), output_.IsInPlace()},
-                  .isMultiBuffer = Mbuffer->isChecked(),
-                  .tolerance = tolerance_.Percent(),
-                  .percent = percent_.TargetPercent(),
-                  .gain = {}};
-    plan.AimFor(peaks);
-    const auto unseen = plan.IsRequired() ? CutOffUnseen(source_, *plan.gain) : CutOffWords();
+    plan_ = {.files = {source_, output_.TargetPath(), output_.IsInPlace()},
+             .buffering = options_.ChosenBuffering(),
+             .tolerance = tolerance_.Percent(),
+             .percent = percent_.TargetPercent()};
+    plan_.AimFor(peaks);
+    const auto unseen = plan_.IsRequired() ? CutOffUnseen(source_, *plan_.gain) : CutOffWords();
     if (unseen.cutOff == 0) {
-      OpenPass(plan);
-    } else {
-      AskAboutUnseen(plan, unseen);
+      OpenPass();
+      return;
     }
+    // What the scan deliberately leaves out is louder than what it has seen.
+    Ask(ToQString(UnseenText(unseen.cutOff, unseen.words)), BoxButtons::YesNo,
+        [this](BoxAnswer answer) { answer == BoxAnswer::Yes ? ScanWholeFile() : OpenPass(); });
   }
 
-  // What the scan deliberately leaves out may be louder than what it has seen.
-  void AskAboutUnseen(const PassPlan& plan, const CutOffWords& unseen) {
-    services_.boxes.Ask(this, ToQString(UnseenText(unseen.cutOff, unseen.words)), BoxButtons::YesNo,
-                        [this, plan](BoxAnswer answer) {
-                          if (answer == BoxAnswer::Yes) {
-                            ScanWholeFile(plan);
-                          } else {
-                            OpenPass(plan);
-                          }
-                        });
-  }
-
-  void ScanWholeFile(const PassPlan& plan) {
-    Scan(Coverage::EveryWord, [this, plan](Peaks found, const PassState& end) {
+  void ScanWholeFile() {
+    Scan(Coverage::EveryWord, [this](Peaks found, const PassState& end) {
       ShowFileInfo();
-      HideCancel();
-      Status->Write({});
+      tasks_.HideCancel();
+      tasks_.ClearStatus();
       if (const auto* error = std::get_if<WavError>(&end)) {
-        services_.boxes.Tell(this, MessageOf(*error));
+        Tell(MessageOf(*error));
       } else if (std::holds_alternative<PassCompleted>(end)) {
-        auto wholePlan = plan;
-        wholePlan.AimFor(found);
-        OpenPass(wholePlan);
+        plan_.AimFor(found);
+        OpenPass();
       }
     });
   }
 
-  void OpenPass(const PassPlan& plan) {
+  void OpenPass() {
     running_ = Running::Nothing;
-    if (!plan.IsRequired()) {
-      services_.boxes.Tell(this, u"Normalization is not required"_s);
+    if (!plan_.IsRequired()) {
+      Tell(u"Normalization is not required"_s);
       return;
     }
-    Status->Write(Normalizing());
-    Cancel->show();
-    Cancel->setFocus();
+    tasks_.BeginNormalization();
     HideNormalize();
     percent_.Field()->setEnabled(false);
     peakLabels_.HidePeaks();
-    progress_.ShowProgress();
     SetRunning(Running::Normalization);
-    pass_ = std::make_unique<Normalization>(plan.files);
+    pass_ = std::make_unique<Normalization>(plan_.files);
     const auto opened = pass_->Open();
-    if (pass_->IsInPlace() && !plan.files.isInPlace) {
+    if (pass_->IsInPlace() && !plan_.files.isInPlace) {
       output_.SelectSource();
     }
     if (!opened) {
       EndPass(opened.error());
     } else if (*opened == Normalization::Opened::Ready) {
-      RunPass(plan);
+      RunPass();
     } else {
-      AskToOverwrite(plan);
+      Ask(u"The file already exists, overwrite it?"_s, BoxButtons::YesNoDefaultNo,
+          [this](BoxAnswer answer) { answer == BoxAnswer::Yes ? OverwriteAndRun() : EndPass(); });
     }
   }
 
-  void AskToOverwrite(const PassPlan& plan) {
-    services_.boxes.Ask(this, u"The file already exists, overwrite it?"_s,
-                        BoxButtons::YesNoDefaultNo, [this, plan](BoxAnswer answer) {
-                          if (answer != BoxAnswer::Yes) {
-                            EndPass();
-                          } else if (const auto overwritten = pass_->Overwrite(); !overwritten) {
-                            EndPass(overwritten.error());
-                          } else {
-                            RunPass(plan);
-                          }
-                        });
+  void OverwriteAndRun() {
+    if (const auto overwritten = pass_->Overwrite(); !overwritten) {
+      EndPass(overwritten.error());
+    } else {
+      RunPass();
+    }
   }
 
-  void RunPass(const PassPlan& plan) {
-    Mbuffer->setEnabled(false);
-    pass_->Start(GainTable(*plan.gain), plan.isMultiBuffer ? Buffering::Multi : Buffering::Single,
-                 services_.clock);
-    driver_.Drive(*pass_, [this, plan](const PassState& end) {
+  void RunPass() {
+    options_.SetBufferingEnabled(false);
+    pass_->Start(GainTable(*plan_.gain), plan_.buffering, services_.clock);
+    driver_.Drive(*pass_, [this](const PassState& end) {
       if (std::holds_alternative<PassCompleted>(end)) {
-        TellStatistics(plan);
+        TellStatistics();
       } else if (const auto* error = std::get_if<WavError>(&end)) {
         EndPass(*error);
       } else {
@@ -367,30 +302,30 @@ class WavNorm : public Form {
   }
 
   // The files are closed, and the events that wait handled, before.
-  void TellStatistics(const PassPlan& plan) {
+  void TellStatistics() {
     const auto text = StatisticsText({.scanThroughput = ScanThroughput,
                                       .normalizationThroughput = pass_->Throughput(),
-                                      .amplification = 100 * *plan.gain,
-                                      .isMultiBuffer = plan.isMultiBuffer});
+                                      .amplification = plan_.Amplification(),
+                                      .isMultiBuffer = plan_.buffering == Buffering::Multi});
     pass_.reset();
     driver_.AfterEvents([this, text] {
       running_ = Running::Busy;
-      progress_.HideProgress();
-      services_.boxes.Ask(this, ToQString(text), BoxButtons::Ok, [this](BoxAnswer) { EndPass(); });
+      tasks_.HideProgress();
+      Ask(ToQString(text), BoxButtons::Ok, [this](BoxAnswer) { EndPass(); });
     });
   }
 
   void EndPass(const std::optional<WavError>& error = {}) {
     pass_.reset();
     SetRunning(Running::Nothing);
-    progress_.HideProgress();
-    Mbuffer->setEnabled(true);
-    HideCancel();
+    tasks_.HideProgress();
+    options_.SetBufferingEnabled(true);
+    tasks_.HideCancel();
     percent_.Field()->setEnabled(true);
-    Status->Write({});
+    tasks_.ClearStatus();
     HideNormalize();
     if (error) {
-      services_.boxes.Tell(this, MessageOf(*error));
+      Tell(MessageOf(*error));
     }
   }
 
@@ -405,50 +340,44 @@ class WavNorm : public Form {
   }
 
   void AskWhetherToAbort(const std::function<void()>& agreed) {
-    services_.boxes.Ask(
-        this,
-        u"Aborting normalization is not recommended. Output file will be damaged.\r\n"
-        "                      Really abort normalization?"_s,
-        BoxButtons::YesNoDefaultNo, [agreed](BoxAnswer answer) {
-          if (answer == BoxAnswer::Yes) {
-            agreed();
-          }
-        });
+    Ask(ToQString(AbortText()), BoxButtons::YesNoDefaultNo, [agreed](BoxAnswer answer) {
+      if (answer == BoxAnswer::Yes) {
+        agreed();
+      }
+    });
   }
+
+  // --- What is shown ---
+
+  void Ask(const QString& text, BoxButtons buttons, const MessageBoxes::WhenAnswered& answered) {
+    services_.boxes.Ask(this, text, buttons, answered);
+  }
+  void Tell(const QString& text) { services_.boxes.Tell(this, text); }
 
   void SetRunning(Running running) {
     running_ = running;
     const bool isIdle = running_ == Running::Nothing;
-    btnOpen->setEnabled(isIdle);
-    btnScan->setEnabled(isIdle);
-    btnNorm->setEnabled(isIdle);
+    tasks_.SetIdle(isIdle);
     output_.SetIdle(isIdle);
     drop_.SetAccepting(isIdle);
-  }
-
-  void HideCancel() {
-    if (focusWidget() == Cancel) {
-      btnScan->setFocus();
-    }
-    Cancel->hide();
   }
 
   void ResetLoad() {
     HideNormalize();
     HideFileInfo();
-    HideCancel();
+    tasks_.HideCancel();
   }
 
   void ShowNormalizeReady() {
-    btnNorm->show();
+    tasks_.btnNorm.show();
     fileInfo_.SetVisible(true);
   }
 
-  void HideNormalize() { btnNorm->hide(); }
+  void HideNormalize() { tasks_.btnNorm.hide(); }
   void ShowFileInfo() { SetFileInfoVisible(true); }
   void HideFileInfo() { SetFileInfoVisible(false); }
   void SetFileInfoVisible(bool visible) {
-    btnScan->setVisible(visible);
+    tasks_.btnScan.setVisible(visible);
     fileInfo_.SetVisible(visible);
   }
 };

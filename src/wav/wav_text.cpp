@@ -57,6 +57,11 @@ std::string UnseenText(std::int64_t cutOff, std::int64_t words) {
          "Normalize to the peaks of the whole file instead?";
 }
 
+std::string AbortText() {
+  return "Aborting normalization is not recommended. Output file will be damaged.\r\n"
+         "                      Really abort normalization?";
+}
+
 std::string StatisticsText(const PassStatistics& statistics) {
   const auto rounded = [](double value) { return TextOf(RoundedTo(value, ShownDecimals)); };
   return "WAV file was successfully normalized. Stats:\r\n"

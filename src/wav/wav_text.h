@@ -33,6 +33,9 @@ struct PassStatistics {
 /// leaves out.
 [[nodiscard]] std::string UnseenText(std::int64_t cutOff, std::int64_t words);
 
+/// The question before a pass is aborted.
+[[nodiscard]] std::string AbortText();
+
 /// The closing message of a pass; its lines are parted by CR LF.
 [[nodiscard]] std::string StatisticsText(const PassStatistics& statistics);
 

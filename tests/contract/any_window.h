@@ -40,8 +40,8 @@ class AnyWindow : public WindowTest {
       return Shown(splash_.get());
     }
     if (name == "MainProg") {
-      main_ = std::make_unique<MainProg>(
-          services, ProgramFolders{.program = folder.path(), .config = folder.path()});
+      main_ =
+          MakeMainProg(services, ProgramFolders{.program = folder.path(), .config = folder.path()});
       main_->show();
       main_->activateWindow();
       return Shown(main_.get());

@@ -60,8 +60,8 @@ class MainWindow : public WindowTest {
 
   /// Loads the main window without showing it.
   void Load() {
-    main = std::make_unique<MainProg>(
-        services, ProgramFolders{.program = folder.path(), .config = config.path()});
+    main =
+        MakeMainProg(services, ProgramFolders{.program = folder.path(), .config = config.path()});
   }
 
   void Start() {

@@ -53,8 +53,8 @@ class ClosingWindow : public NormalizerWindow {
 
   void SetUp() override {
     const Settings mine = record;
-    main = std::make_unique<MainProg>(
-        prepared, ProgramFolders{.program = folder.path(), .config = folder.path()});
+    main =
+        MakeMainProg(prepared, ProgramFolders{.program = folder.path(), .config = folder.path()});
     QObject::connect(main.get(), &Form::Closed, [this] { ++mainClosed; });
     record = mine;
     record.AppFolder = folder.path();

@@ -22,10 +22,8 @@
 #include <QStylePainter>
 #include <QWidget>
 
-#include "base/input/check_box.h"
 #include "base/input/editable_list.h"
 #include "base/input/labels.h"
-#include "base/input/push_button.h"
 #include "base/input/spin_button.h"
 
 namespace brindle {
@@ -114,14 +112,6 @@ RowHead::RowHead(const QString& text) : widget_(MakeLabel(text)), text_(text) {}
 RowHead::RowHead(QLabel* label) : widget_(label), text_(label->text()) {}
 
 RowHead::RowHead(QAbstractButton* button) : widget_(button), text_(button->text()) {}
-
-QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tooltip) {
-  return new PushButton(name, caption, tooltip);
-}
-
-QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& tooltip) {
-  return new CheckBox(name, caption, tooltip);
-}
 
 void Frame::paintEvent(QPaintEvent* event) {
   const qreal ratio = devicePixelRatioF();

@@ -7,12 +7,10 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QList>
 #include <QPixmap>
-#include <QPushButton>
 #include <QString>
 #include <QWidget>
 
@@ -26,14 +24,6 @@ inline constexpr int Margin = 12;
 inline constexpr int Spacing = 8;
 /// Between frames.
 inline constexpr int FrameSpacing = 12;
-
-/// A push button with a caption; its accessible name is the caption.
-[[nodiscard]] QPushButton* MakeButton(const QString& name, const QString& caption,
-                                      const QString& tooltip = {});
-
-/// A check box with a caption; its accessible name is the caption.
-[[nodiscard]] QCheckBox* MakeCheckBox(const QString& name, const QString& caption,
-                                      const QString& tooltip = {});
 
 /// What begins a line: a text, which becomes a label, or a label, option or box of its own.
 class RowHead {

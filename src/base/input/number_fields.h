@@ -86,14 +86,4 @@ void SelectFirstTen(TextField& field);
 /// Selects the whole text, however long.
 void SelectWholeText(TextField& field);
 
-// The same for who holds a field by its pointer.
-
-[[nodiscard]] inline double NumberIn(const TextField* field) { return NumberIn(*field); }
-[[nodiscard]] inline double LeadingNumberIn(const TextField* field) {
-  return LeadingNumberIn(*field);
-}
-[[nodiscard]] inline bool IsEmpty(const TextField* field) { return IsEmpty(*field); }
-[[nodiscard]] inline bool IsNumericIn(const TextField* field) { return IsNumericIn(*field); }
-inline void WriteNumber(TextField* field, double value) { WriteNumber(*field, value); }
-
 }  // namespace brindle

@@ -16,9 +16,11 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "base/input/check_box.h"
 #include "base/input/editable_list.h"
 #include "base/input/labels.h"
 #include "base/input/option_group.h"
+#include "base/input/push_button.h"
 #include "base/input/slider.h"
 #include "base/input/spin_button.h"
 #include "base/input/text_field.h"
@@ -66,7 +68,7 @@ TEST(Layout, AnOptionThatBeginsALineNamesItsControls) {
 }
 
 TEST(Layout, ALineOfOnlyOneKindTakesTheWholeWidth) {
-  auto* box = MakeCheckBox(u"B"_s, u"A caption much longer than any label of this frame"_s);
+  auto* box = new CheckBox(u"B"_s, u"A caption much longer than any label of this frame"_s);
   auto* field = new TextField(u"F"_s, {});
   auto* wide = new TextField(u"W"_s, {});
   QWidget window;
@@ -130,17 +132,17 @@ TEST(Layout, AControlIsNamedByALabelElsewhere) {
 }
 
 TEST(Layout, ButtonsAndBoxesAreNamedByTheirCaption) {
-  const std::unique_ptr<QPushButton> button(MakeButton(u"B"_s, u"Do it"_s, u"Does it"_s));
-  EXPECT_EQ(button->objectName(), u"B"_s);
-  EXPECT_EQ(button->text(), u"Do it"_s);
-  EXPECT_EQ(button->accessibleName(), u"Do it"_s);
-  EXPECT_EQ(button->toolTip(), u"Does it"_s);
-  const std::unique_ptr<QCheckBox> box(MakeCheckBox(u"C"_s, u"Allow it"_s, u"Allows it"_s));
-  EXPECT_EQ(box->objectName(), u"C"_s);
-  EXPECT_EQ(box->text(), u"Allow it"_s);
-  EXPECT_EQ(box->accessibleName(), u"Allow it"_s);
-  EXPECT_EQ(box->toolTip(), u"Allows it"_s);
-  EXPECT_FALSE(box->isChecked());
+  const PushButton button(u"B"_s, u"Do it"_s, u"Does it"_s);
+  EXPECT_EQ(button.objectName(), u"B"_s);
+  EXPECT_EQ(button.text(), u"Do it"_s);
+  EXPECT_EQ(button.accessibleName(), u"Do it"_s);
+  EXPECT_EQ(button.toolTip(), u"Does it"_s);
+  const CheckBox box(u"C"_s, u"Allow it"_s, u"Allows it"_s);
+  EXPECT_EQ(box.objectName(), u"C"_s);
+  EXPECT_EQ(box.text(), u"Allow it"_s);
+  EXPECT_EQ(box.accessibleName(), u"Allow it"_s);
+  EXPECT_EQ(box.toolTip(), u"Allows it"_s);
+  EXPECT_FALSE(box.isChecked());
 }
 
 // What a frame shows that has never been painted before.
