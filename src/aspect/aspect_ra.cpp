@@ -51,7 +51,8 @@ class AspectRa : public Form {
   DropDownList AR1{u"AR1"_s, u"Choose a standard film AR."_s};
   TextField AR2{u"AR2"_s, u"Set a custom aspect ratio."_s};
   DropDownList MODUL{u"MODUL"_s, {}};
-  // The tooltips of the sliders are deliberately worded so.
+  // The odd wording of the sliders' tooltips is deliberate: screen readers use it to name the
+  // sliders, and the contract test checks it.
   Slider HRES{u"HRES"_s, u"Slide to select the vertical horizontal resolution."_s, LeastWidth,
               MostWidth};
   CopyableLabel HRESL{u"HRESL"_s, {}, {u"888"_s}};
@@ -67,7 +68,7 @@ class AspectRa : public Form {
       u"Stats(4)"_s, u"Aspect ratio of the displayed resolution."_s, {u"8.888"_s}};
   ValueLabel AspectError{u"Stats(5)"_s,
                          u"An AR error of up to about 2% is considered negligible."_s,
-                         // As large as a ratio such as 1e-30 makes it.
+                         // The widest text: the error of a ratio such as 1e-30.
                          {u"-8.88888888888888E+88%"_s}};
 
  public:
@@ -125,7 +126,9 @@ class AspectRa : public Form {
   }
 
   void Form_Load() {
-    record_.ResolutionIncrement = FirstModulus;  // deliberately the same at every opening
+    // Deliberately not the stored increment: every opening begins with 16, as users know it
+    // (AspectRaTest, OpensWithAnIncrementOf16WhateverWasStored).
+    record_.ResolutionIncrement = FirstModulus;
     HRES.SetStep(FirstModulus);
     VRES.SetStep(FirstModulus);
     HRES.Write(record_.ResHorizontal);
@@ -175,7 +178,8 @@ class AspectRa : public Form {
 
   void HRES_Change() {
     SnapSlider(HRES);
-    // Deliberately only for the user: the sliders would drive each other.
+    // Deliberately only when the user moves the slider: otherwise the sliders would move each other
+    // (AspectRaTest, ASliderMovedByTheProgramDoesNotMoveTheOther).
     if (ratio_ != 0 && !HRES.IsBeingWritten()) {
       VRES.Write(HeightFor(HRES.value(), ratio_, Modulus()));
     }
@@ -194,7 +198,7 @@ class AspectRa : public Form {
     UpdateStats();
   }
 
-  // What is off the grid goes to its nearest line, but not out of the slider's range.
+  // A value off the grid goes to the nearest multiple, but not out of the slider's range.
   void SnapSlider(Slider& slider) {
     if (slider.value() % Modulus() != 0) {
       slider.Write(Snapped(slider.value(), Modulus()));

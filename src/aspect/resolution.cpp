@@ -26,7 +26,7 @@ float StandardRatio(int index) {
 }
 
 int Snapped(double resolution, int modulus) {
-  // Far from any slider's range, but within the type.
+  // Far beyond any slider's range, but within the type's.
   constexpr double largest = 1e6;
   const double steps = std::clamp(resolution / modulus, -largest, largest);
   return ToInteger32(steps) * modulus;

@@ -14,11 +14,11 @@ namespace brindle {
 /// The nearest multiple of `modulus`, ties to the even one: 336 at 32 is 320.
 [[nodiscard]] int Snapped(double resolution, int modulus);
 
-/// The height that keeps a ratio (not 0) at this width, on the grid of `modulus`: 640 at 1.778 and
-/// 16 is 352.
+/// The height that keeps a ratio (not 0) at this width, as a multiple of `modulus`: 640 at 1.778
+/// and 16 is 352.
 [[nodiscard]] int HeightFor(int width, float ratio, int modulus);
 
-/// The width that keeps a ratio at this height, on the grid of `modulus`.
+/// The width that keeps a ratio at this height, as a multiple of `modulus`.
 [[nodiscard]] int WidthFor(int height, float ratio, int modulus);
 
 /// The figures of a frame.

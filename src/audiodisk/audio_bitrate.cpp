@@ -24,7 +24,7 @@ constexpr std::array Steps{
     Step{192, "192kbps (Excellent)"}, Step{224, "224kbps (Excellent)"},
     Step{256, "256kbps (Excellent)"},
 };
-constexpr double Largest = 320;  // kbit/s; only above it
+constexpr double Largest = 320;  // kbit/s; suggested only above it
 
 }  // namespace
 

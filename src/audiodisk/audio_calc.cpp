@@ -125,14 +125,16 @@ class AudioCalc : public Form, public OverheadOpener {
   void MLength_GotFocus() { SelectFirstTen(MLength); }
   void MLength_KeyUp() { FillAndCalc(); }
   void MLength_MouseDown() { FillAndCalc(); }
-  // Deliberately stores without recomputing.
+  // Deliberately stores without recomputing: the press has recomputed already, and a release has
+  // never done more than repair and store its own text (AudioLettingGo, RepairsItsOwnTextOnly).
   void MLength_MouseUp() {
     RepairText(MLength);
     if (!IsEmpty(MLength)) {
       record_.MovieLength = NumberIn(MLength);
     }
   }
-  // Deliberately does not recompute.
+  // Deliberately does not recompute: the result stays blank next to a 1 that the user did not type
+  // (AudioTyping, ARunningTimeLeftEmptyBecomesOneWithoutRecomputing).
   void MLength_LostFocus() {
     if (LeadingNumberIn(MLength) == 0) {
       MLength.Write(u"1"_s);
@@ -178,7 +180,8 @@ class AudioCalc : public Form, public OverheadOpener {
     spin_.PressMinus(field, lowest, [this] { CalcAudioBitrate(); });
   }
 
-  // Deliberately fills the one that is being edited, too.
+  // Deliberately fills even the field that is being edited, so that an emptied size counts as 1 at
+  // once (AudioTyping, AClearedTargetBecomesOneThoughItIsBeingEdited).
   void FillAndCalc() {
     FillBlank(Target, u"1"_s);
     FillBlank(Source, u"1"_s);

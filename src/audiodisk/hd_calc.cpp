@@ -48,7 +48,7 @@ class HDCalc : public Form {
   OptionGroup Video{u"Video"_s,
                     {{ByBitrate, u"Bitrate (kbps)"_s, u"Video bitrate in kbps"_s},
                      {BySize, u"Size (MB)"_s, u"Video-only file size in Megabytes"_s}}};
-  // Here the buttons tell what their field tells.
+  // In this window a spin button has the tooltip of its field.
   TextField Video1{u"Video1"_s, u"Video bitrate in kbps"_s};
   SpinButton Video1P{u"Video1P"_s, SpinDirection::Plus, Video1.toolTip()};
   SpinButton Video1M{u"Video1M"_s, SpinDirection::Minus, Video1.toolTip()};
@@ -141,7 +141,7 @@ class HDCalc : public Form {
       record_.MovieLength = 1;
     }
     DivX.Select(record_.DivXOption);
-    // Here, too: an unknown option selects nothing, and no handler runs.
+    // The handler sets this, too, but an unknown option selects nothing, so that no handler runs.
     VideoFactor = VideoFactorOf(record_.DivXOption);
     Video.Select(ToInteger16(record_.HDVideoMode));
     Audio.Select(record_.HDAudioType);
@@ -204,7 +204,7 @@ class HDCalc : public Form {
 
   void Video2P_MouseDown() { HoldPlus(Video2, &HDCalc::Video2_KeyUp); }
   void Video2P_MouseUp() { spin_.Release(Video2); }
-  // Down to 0, deliberately unlike the bitrate: there may be no video yet.
+  // Down to 0, deliberately unlike the bitrate: there may be no video yet (Steps).
   void Video2M_MouseDown() { HoldMinus(Video2, 0, &HDCalc::Video2_KeyUp); }
   void Video2M_MouseUp() { spin_.Release(Video2); }
 
@@ -235,15 +235,18 @@ class HDCalc : public Form {
     }
     CalcAndShowTotal();
   }
-  // Deliberately counts what it filled in without storing it, and asks no option: the list cannot
-  // hold the focus unless its option is selected.
+  // Deliberately counts the value that it filled in but does not store it: the record keeps the
+  // bitrate that the user chose (HDCalcTest,
+  // LeavingAnEmptyAudioBitrateShowsAndCountsOneWithoutStoringIt). Need not look at the option: the
+  // list can only have the focus while its option is selected.
   void MP2_LostFocus() {
     FillBlank(*MP2.Field(), u"1"_s);
     AudioRate = CompressedKiloBytesPerSecond(NumberIn(*MP2.Field()));
     CalcAndShowTotal();
   }
 
-  // Deliberately fills without storing or counting.
+  // Deliberately fills without storing or recomputing: the figures change only when the user enters
+  // something (HDCalcTest, FocusingTheRunningTimeSelectsAndFillsButNeitherStoresNorRecomputes).
   void MLength_GotFocus() {
     SelectFirstTen(MLength);
     FillBlank(Video1, u"1"_s);
@@ -256,7 +259,8 @@ class HDCalc : public Form {
     if (!IsEmpty(MLength)) {
       record_.MovieLength = minutes;
     }
-    // Deliberately nothing without a running time, here only: a film by size has a total.
+    // Deliberately blank without a running time, but only here: in every other field a film by size
+    // still has a total (HDCalcTest, ARunningTimeOfZeroShowsTheVideoEverywhereButInItsOwnField).
     ShowTotal(minutes > 0);
   }
   void MLength_LostFocus() {

@@ -33,19 +33,20 @@ using namespace Qt::StringLiterals;
 constexpr double MostRunningMinutes = 10000;
 constexpr double MostFrames = 3000000;
 
-// What hours and minutes undergo at every key and mouse press.
+// Repairs hours or minutes at every key and mouse press.
 void RewriteEntry(TextField& field, double limit) {
   RepairSign(field);
   RewriteWithin(field, limit);
 }
 
-// What the other fields undergo: they stay as they are typed unless something is wrong with them.
+// Repairs any other field: its text stays as typed unless something is wrong with it.
 void RepairEntry(TextField& field, double limit) {
   RepairSign(field);
   RepairWithin(field, limit);
 }
 
-// Moves what is more than 60 of one field into the next; exactly 60 deliberately stays.
+// Carries whole sixties of a value above 60 into the next field. Exactly 60 deliberately stays, as
+// it always has (QuickNormalizing).
 void Carry(TextField& from, TextField& to) {
   const double value = NumberIn(from);
   if (value > 60) {
@@ -54,7 +55,7 @@ void Carry(TextField& from, TextField& to) {
   }
 }
 
-// Unlike elsewhere, no minutes are "0".
+// Unlike elsewhere, 0 minutes are "0".
 void WriteRunningMinutes(TextField& field, double minutes) {
   if (minutes == 0) {
     field.Write(u"0"_s);
@@ -117,7 +118,7 @@ class QuickC : public Form {
 
     WireEvents();
     Form_Load();
-    Focus().Begin(&Min);  // never one of the hours, minutes and seconds
+    Focus().Begin(&Min);  // never the hours, minutes or seconds
   }
 
  private:
@@ -154,7 +155,7 @@ class QuickC : public Form {
   }
 
   void Form_Load() {
-    // Here, too: an unknown system selects nothing, and no handler runs.
+    // The handler sets this, too, but an unknown system selects nothing, so that no handler runs.
     FrameRate = FramesPerSecond(record_.FrameRateSystem);
     WriteNumber(MB, record_.QuickSizeMB);
     WriteNumber(GB, record_.QuickSizeMB / 1024);
@@ -197,7 +198,8 @@ class QuickC : public Form {
     RepairEntry(Time3, MostSeconds);
     TimeChanged();
   }
-  // Deliberately recomputes nothing, unlike its neighbours.
+  // Deliberately recomputes nothing, unlike its neighbours: in the seconds only a key changes the
+  // running time, as it always has (QuickTimes, AreRecomputedFromSecondsOnlyByAKey).
   void Time3_MouseDown() {
     NormalizeFields(&Time3);
     RepairEntry(Time3, MostSeconds);
@@ -237,7 +239,7 @@ class QuickC : public Form {
   void Frames_MouseUp() { RepairEntry(Frames, MostFrames); }
   void Frames_LostFocus() { NormalizeFields(); }
 
-  // The running time is kept and the frames follow it.
+  // The running time stays, and the frames follow it.
   void System_Click(int index) {
     FrameRate = FramesPerSecond(index);
     record_.FrameRateSystem = static_cast<std::int16_t>(index);
@@ -262,13 +264,13 @@ class QuickC : public Form {
 
   void FramesChanged() {
     TimeFromFrames();
-    // Without a frame rate there is no time to follow.
+    // Without a frame rate the frames give no time.
     if (FrameRate > 0) {
       MinutesFromTime();
     }
   }
 
-  // Nothing where there is no frame rate to know it by.
+  // Blank without a frame rate.
   void TimeFromFrames() {
     const auto minutes = frames_.Minutes(FrameRate);
     record_.MovieLength = minutes.value_or(record_.MovieLength);
@@ -284,10 +286,10 @@ class QuickC : public Form {
     WriteRunningMinutes(Min, record_.MovieLength);
   }
 
-  // Seconds that somebody is about to go on typing keep the zeros at their end.
+  // Seconds that the user has just clicked keep their trailing zeros, for typing to go on.
   void NormalizeFields(const TextField* pressed = nullptr) {
     for (auto* part : {&Time1, &Time2}) {
-      // What the program wrote is whole.
+      // A number that the program wrote is whole already.
       if (!IsEmpty(*part) && !part->WrittenFrom()) {
         WriteTyped(*part, WholePart(LeadingNumberIn(*part)));
       }
@@ -342,7 +344,8 @@ class QuickC : public Form {
         WriteNumber(FieldOf(other), sizes.at(IndexOf(other)));
       }
     }
-    // Deliberately before the tidying, which rounds sizes and empties those of 0.
+    // Deliberately before the tidying, which rounds sizes and blanks those of 0: the record keeps
+    // all decimals (QuickSizes).
     record_.QuickSizeMB = NumberIn(MB);
     if (!IsEmpty(source)) {
       TidyUnitFields(unit);

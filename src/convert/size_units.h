@@ -26,11 +26,11 @@ using Sizes = std::array<double, SizeUnits.size()>;
 /// fields have always had (LargestSizeTest).
 [[nodiscard]] double LargestSize(SizeUnit unit);
 
-/// A size in all units, worked out from one of them without loss. Example: 1 MB is 1024 KB, 1048576
-/// B and 0.0009765625 GB.
+/// A size in all units, computed from one of them without loss. Example: 1 MB is 1024 KB, 1048576 B
+/// and 0.0009765625 GB.
 [[nodiscard]] Sizes SizesFrom(SizeUnit unit, double size);
 
-/// How to show a size that nobody is typing: above 9999999999 with plain digits and at most one
+/// How to show a size that is not being typed: above 9999999999 with plain digits and at most one
 /// decimal; whole sizes without decimals. A size of exactly 0 is "0" in bytes and deliberately
 /// blank in the other units, as users know it (TidiesSizes, Zero). An empty text stays empty.
 [[nodiscard]] std::string TidiedSize(SizeUnit unit, const std::string& text);

@@ -23,7 +23,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// The program's picture with a line around it.
+// The program's picture with a border.
 QWidget* FramedPicture(qreal devicePixelRatio) {
   auto* picture = new QLabel;
   picture->setObjectName(u"Image1"_s);
@@ -62,7 +62,8 @@ class AboutWin : public Form {
         Down({FramedPicture(devicePixelRatio()), Item::Stretch()}),
         Down({
           label9,
-          // Two blanks behind "DX", deliberately.
+          // The two blanks after "DX" are deliberate: the version has always been written so, and
+          // the contract test checks it.
           MakeLabel(u"Label8"_s, u"Version 2.91 DX  for Windows 9x/Me/2000/XP"_s),
           Across({MakeLabel(u"Label3"_s, u"E-Mail :"_s), &email, Item::Stretch()}, Spacing),
           Across({&website, Item::Stretch()}),

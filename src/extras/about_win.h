@@ -10,7 +10,7 @@
 
 namespace brindle {
 
-/// What the program is, and where its author can be reached.
+/// What the program is, and how to reach its author.
 [[nodiscard]] std::unique_ptr<Form> MakeAboutWin(Services& services);
 
 }  // namespace brindle

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Closes a key when nobody needs it any more: when the box is answered, or the program ends.
+// Closes a key once it is no longer needed: when the box is answered, or the program ends.
 class OpenedKey {
  public:
   OpenedKey(Registry& registry, Registry::Key key) : registry_(registry), key_(key) {}
@@ -46,11 +46,13 @@ void RemoveStartUpEntry(QWidget* owner, MessageBoxes& boxes, Registry& registry)
 void DeleteRunValue(QWidget* owner, MessageBoxes& boxes, Registry& registry, RegistryRoot root,
                     const QString& subKey, const QString& valueName) {
   Registry::Key key = 0;
-  // Deliberately not looked at: from a key that did not open, no value can be deleted either.
+  // Deliberately ignored: without an open key the deletion fails, too, and the user sees the same
+  // message (StartUpEntry, FromAKeyThatDoesNotOpenTheDeletionIsTriedAllTheSame).
   [[maybe_unused]] const auto opened = registry.OpenKey(root, subKey, key);
   const auto openedKey = std::make_shared<OpenedKey>(registry, key);
   const bool deleted = registry.DeleteValue(key, valueName) == 0;
-  // The buttons are Cancel, Try Again and Continue, deliberately.
+  // The buttons Cancel, Try Again and Continue are deliberate, though no answer changes anything:
+  // users know the box this way (AnswerToTheOutcome, DoesNotMatter).
   boxes.Ask(
       owner,
       deleted ? u"GAIN spyware was successfully disabled."_s : u"Error disabling GAIN spyware."_s,

@@ -10,13 +10,13 @@
 
 namespace brindle {
 
-/// Asks, and on Yes removes the entry of the machine-wide start-up key by which the advertising
-/// component of DivX 5 pro is launched at every start; tells the outcome.
+/// Asks, and on Yes removes the entry of the machine-wide start-up key that launches the
+/// advertising component of DivX 5 pro at every start; reports the outcome.
 void RemoveStartUpEntry(QWidget* owner, MessageBoxes& boxes, Registry& registry);
 
-/// Deletes the value `valueName` of the key `subKey` under `root`. Tells in a box whether it was
-/// deleted; the answer does not matter. A key that cannot be opened ends like a value that cannot
-/// be deleted.
+/// Deletes the value `valueName` of the key `subKey` under `root`. A box reports whether it was
+/// deleted; the answer does not matter. A key that cannot be opened has the same outcome as a value
+/// that cannot be deleted.
 void DeleteRunValue(QWidget* owner, MessageBoxes& boxes, Registry& registry, RegistryRoot root,
                     const QString& subKey, const QString& valueName);
 

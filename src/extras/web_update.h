@@ -11,7 +11,7 @@
 namespace brindle {
 
 /// The update panel. It opens the update page in the desktop's browser when it loads, and shows the
-/// address to open it again; the window itself knows nothing of the network.
+/// address so that the user can open it again; the window itself does not use the network.
 [[nodiscard]] std::unique_ptr<Form> MakeWebUpdate(Services& services);
 
 }  // namespace brindle

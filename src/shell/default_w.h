@@ -11,8 +11,8 @@
 
 namespace brindle {
 
-/// The window that asks once more before the defaults are loaded. `initDat` loads the defaults and
-/// writes them.
+/// The window that asks for confirmation before the built-in settings are loaded. `initDat` loads
+/// and writes them.
 [[nodiscard]] std::unique_ptr<Form> MakeDefaultW(Services& services, std::function<void()> initDat);
 
 }  // namespace brindle

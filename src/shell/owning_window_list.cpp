@@ -16,7 +16,7 @@ void OwningWindowList::Add(WindowId id, Factory factory) { factories_[id] = std:
 Form& OwningWindowList::Load(WindowId id) {
   auto window = windows_.find(id);
   if (window != windows_.end() && !window->second->isVisible()) {
-    // Loaded for once, and never shown: what it shows may be out of date.
+    // It was loaded for a single use and never shown, so its contents may be out of date.
     Forget(id);
     window = windows_.end();
   }

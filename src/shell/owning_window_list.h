@@ -17,17 +17,17 @@ namespace brindle {
 
 /// Owns the windows that other windows open or load, at most one of each kind. A window that is
 /// closed is deleted once control is back in the event loop; the next show makes a new one. F1 in a
-/// window opens the page of the help that has the window's name.
+/// window opens the help page with the window's name.
 class OwningWindowList : public QObject, public WindowList {
   Q_OBJECT
 
  public:
-  /// Makes a window whole, or throws.
+  /// Makes a complete window, or throws.
   using Factory = std::function<std::unique_ptr<Form>()>;
 
   explicit OwningWindowList(Desktop& desktop) : desktop_(desktop) {}
 
-  /// Tells how a kind of window is made.
+  /// Sets how a kind of window is made.
   void Add(WindowId id, Factory factory);
 
   Form& Load(WindowId id) override;

@@ -28,12 +28,12 @@ void Program::ShowMainProg() {
   if (ended_) {
     return;
   }
-  // The splash called; it must not be deleted under its own signal.
+  // The splash is emitting this signal and must not be deleted before it returns.
   splash_->hide();
   splash_.release()->deleteLater();
   mainProg_ = MakeMainProg(services_, folders_);
   connect(mainProg_.get(), &Form::Closed, this, &Program::HideAllAndExit);
-  // Something may have to be said about the settings first.
+  // A message about the settings may have to come first.
   modal_.WhenNoneIsOpen([this] {
     mainProg_->show();
     mainProg_->raise();

@@ -31,9 +31,9 @@ class Program : public QObject {
   /// Shows the splash; the main window follows it.
   void Start();
 
-  /// The system wants the end. Counts as closing the main window, but no window is asked: saves
-  /// when SaveOnExit is ticked, hides everything, ends the event loop. While the splash stands
-  /// there is nothing to save. Only the first call counts.
+  /// The system asks the program to end. Counts as closing the main window, but no window is asked:
+  /// saves if SaveOnExit is ticked, hides everything, ends the event loop. While the splash is
+  /// shown there is nothing to save. Only the first call counts.
   void End();
 
  private:

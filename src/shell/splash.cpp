@@ -25,13 +25,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr float LongestWait = 2;  // seconds
-constexpr double Turn = 0.02;     // seconds between two looks at the clock
+constexpr double Turn = 0.02;     // seconds between two checks of the clock
 
 QLabel* MakeLine(const QString& name, const QString& text, QWidget* picture) {
   auto* label = MakeLabel(text);
   label->setParent(picture);
   label->setObjectName(name);
-  // The picture is dark in every palette, and so its text is light in every palette.
+  // The picture is dark in every palette, so its text is always light.
   QPalette light = label->palette();
   light.setColor(QPalette::WindowText, QColor(0xf4, 0xef, 0xe6));
   label->setPalette(light);

@@ -10,8 +10,9 @@
 namespace brindle {
 
 /// The start-up window. It waits until two seconds have passed, or a key or a click on its picture
-/// or one of its labels dismisses it. Its clock is that of the day, deliberately not corrected at
-/// midnight: a splash that stands then stays until it is dismissed.
+/// or one of its labels dismisses it. It measures by the time of day and deliberately does not
+/// correct for midnight: a splash shown across midnight stays until it is dismissed, as it always
+/// has (SplashTest, AcrossMidnightItStaysUntilAKey).
 class Splash : public QWidget {
   Q_OBJECT
 

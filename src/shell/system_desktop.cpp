@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Who fails later than this was started well, and failed at something else.
+// An exit later than this is not a start-up failure.
 constexpr double Trial = 10;  // seconds
 
 }  // namespace
@@ -45,7 +45,8 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
   if (command.program.isEmpty()) {
     return;
   }
-  // Owned by nobody but its own end: destroying it earlier would kill what it has started.
+  // It deletes itself when the program that it started ends: destroying it earlier would kill that
+  // program.
   auto* process = new QProcess;
   process->setProgram(command.program);
   process->setArguments(command.arguments);
@@ -66,7 +67,7 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
   QObject::connect(process, &QProcess::errorOccurred, &lifetime_,
                    [this, asker, command, process](QProcess::ProcessError error) {
                      if (error == QProcess::FailedToStart) {
-                       // The toolkit puts the system's call in front: "execvp: ...".
+                       // The toolkit names the system call first, as in "execvp: ...".
                        TellLater(asker, command, process->errorString().section(u": "_s, -1));
                      }
                    });
@@ -86,7 +87,7 @@ void SystemDesktop::Start(const Asker& asker, const Command& command) {
   process->start(QIODevice::NotOpen);
 }
 
-// From the event loop: who asked may be in the middle of being made.
+// Reports from the event loop, because the asking window may still be under construction.
 void SystemDesktop::TellLater(const Asker& asker, const Command& command, const QString& reason) {
   const QString text = u"Cannot start "_s + command.name + u": "_s + reason;
   clock_.After(0, &lifetime_, [this, asker, text] {

@@ -15,8 +15,8 @@
 
 namespace brindle {
 
-/// The desktop that the program really runs on. What it starts has the program's folder as its
-/// current directory, as long as that exists, and lives on when the program ends.
+/// The desktop on which the program really runs. A program that it starts has Brindle's folder as
+/// its current directory, if that exists, and keeps running when Brindle ends.
 class SystemDesktop : public Desktop {
  public:
   SystemDesktop(MessageBoxes& boxes, Clock& clock, QString programFolder);

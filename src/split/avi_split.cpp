@@ -143,7 +143,7 @@ class AVISplit : public Form {
     if (record_.MovieLength == 0) {
       record_.MovieLength = 1;
     }
-    // Here, too: an unknown system selects nothing, and no handler runs.
+    // The handler sets this, too, but an unknown system selects nothing, so that no handler runs.
     FrameRate = FramesPerSecond(record_.FrameRateSystem);
     System.Select(record_.FrameRateSystem);
     WriteNumber(AVIsize, record_.SplitAVISize);
@@ -159,7 +159,8 @@ class AVISplit : public Form {
       WriteNumber(Size2, Remainder(record_.SplitAVISize, record_.SplitSize1));
     }
     ShowThirdSegment(isThree);
-    // Deliberately for two segments, too: what shows of it is the same.
+    // Deliberately for two segments, too: the visible figures are the same (SplitOpens), and the
+    // window has always loaded this way.
     SplitInThree();
     for (auto* size : {&Size2, &Size3}) {
       if (NumberIn(*size) < 0) {
@@ -202,7 +203,8 @@ class AVISplit : public Form {
   }
 
   void KeyFs_GotFocus() { SelectWholeText(KeyFs); }
-  // Deliberately stores without recomputing, like LimitFrames().
+  // Deliberately stores without recomputing, like LimitFrames(): which event recomputes stays as it
+  // has always been (LimitsWithoutRecomputing, AndStores).
   void KeyFs_KeyPress() {
     if (!IsEmpty(KeyFs)) {
       LimitKeyFs();
@@ -218,7 +220,7 @@ class AVISplit : public Form {
     if (IsEmpty(field)) {
       return;
     }
-    // A press on a size that was cut to fit is no wish for that size.
+    // The user who clicks a size that the program cut to fit has not chosen that size.
     const bool isCutToFit = field.WrittenFrom() && megaBytes < stored;
     if (!isCutToFit) {
       stored = megaBytes;
@@ -228,7 +230,7 @@ class AVISplit : public Form {
     }
   }
 
-  // Of two segments the second size is the rest that was worked out, which nobody typed.
+  // With two segments nobody typed the second size: it is the computed rest.
   void EditSize2() {
     double computed = 0;
     const bool isTyped = Segs.Selected() != Two;
@@ -256,7 +258,7 @@ class AVISplit : public Form {
     }
   }
 
-  // What the program wrote is whole, and has no limit.
+  // A number that the program wrote is whole already, and no limit applies to it.
   void TakeWholeFrames() {
     if (!Frames.WrittenFrom()) {
       WriteTyped(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
@@ -278,7 +280,8 @@ class AVISplit : public Form {
     }
   }
 
-  // Deliberately divides twice at most: 50000 becomes 500 and stays.
+  // Deliberately divides twice at most: 50000 becomes 500 and stays, as it always has (KeyFsEntry,
+  // IsDividedByTenTwiceAtMost).
   void LimitKeyFs() {
     for (int i = 0; i < 2; ++i) {
       if (NumberIn(KeyFs) > LongestInterval) {
@@ -287,7 +290,7 @@ class AVISplit : public Form {
     }
   }
 
-  // The second size is the rest of two segments, and typed of three.
+  // With two segments the second size is the rest; with three the user types it.
   void ShowThirdSegment(bool isShown) {
     SegNo3Lab.setVisible(isShown);
     Size3.setVisible(isShown);
@@ -295,10 +298,11 @@ class AVISplit : public Form {
     Size2.ShowAsResult(!isShown);
   }
 
-  // Leaves the field that is being edited alone. Deliberately stores nothing of what it fills in and
-  // cuts to fit, so that the next opening shows what was typed. While the size of the file is being
-  // typed, every key begins again with the sizes that were typed: 1400 typed over 1300 is 1, 14 and
-  // 140 on its way.
+  // Leaves the field that is being edited alone. Deliberately stores nothing of what it fills in
+  // and cuts to fit, so that the next opening shows what the user typed (SplitLoading,
+  // EscapeClosesAndReopeningShowsWhatWasTyped). While the user types the size of the file, every
+  // key starts again from the sizes that were typed: on the way from 1300 to 1400 the field holds
+  // 1, 14 and 140.
   void FillBlankFields(const TextField* editing = nullptr) {
     const auto one = u"1"_s;
     const bool isThree = Segs.Selected() == Three;
@@ -331,7 +335,7 @@ class AVISplit : public Form {
     }
   }
 
-  // Without a frame rate the running time keeps its value.
+  // Without a frame rate the running time stays as it is.
   void StoreRunningTime() {
     record_.MovieLength = frames_.Minutes(FrameRate).value_or(record_.MovieLength);
   }
@@ -340,14 +344,15 @@ class AVISplit : public Form {
     frames_.Write(record_.MovieLength, FrameRate);
     duration_.Write(frames_.Minutes(FrameRate));
     if (NumberIn(KeyFs) == 0) {
-      // Deliberately without storing it.
+      // Deliberately not stored: an emptied or zero interval counts as 1 second, but the record
+      // keeps what the user entered (SplitTyping, AnIntervalOfZeroStandsUntilItIsUsed).
       KeyFs.Write(u"1"_s);
     }
     const auto keyFrames = KeyFrames(CountedFrames(), IntervalInFrames());
     KeyFr.Write(keyFrames ? QString::number(*keyFrames) : QString());
   }
 
-  // Not finite where there were too many to be shown.
+  // Not finite if there were too many to show.
   double CountedFrames() const {
     return IsEmpty(Frames) ? std::numeric_limits<double>::infinity() : NumberIn(Frames);
   }
@@ -369,7 +374,9 @@ class AVISplit : public Form {
     ranges_.ShowTwo(PlanOfTwo(inputs));
   }
 
-  // Deliberately takes the leading numbers of its parts, where two segments take whole texts only.
+  // Deliberately takes the leading numbers of its parts, while two segments take whole texts only:
+  // ranges stay those of older versions for texts such as "600abc" (LeadingNumberOfThree;
+  // SplitOfUnrepairedText).
   void SplitInThree() {
     UpdateFrames();
     const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));

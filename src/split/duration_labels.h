@@ -17,11 +17,10 @@ class DurationLabels {
  public:
   DurationLabels();
 
-  /// The labels with colons between them, for the line that they stand in.
+  /// The labels with colons between them, as one line of a layout.
   [[nodiscard]] QList<QWidget*> Line();
 
-  /// Shows a running time of `minutes`, rounded to hundredths of a second; nothing where there is
-  /// none.
+  /// Shows a running time of `minutes`, rounded to hundredths of a second; blank if there is none.
   void Write(std::optional<double> minutes);
 
  private:

@@ -76,7 +76,7 @@ void RangeTable::ShowThirdSegment(bool isShown) {
   }
 }
 
-// The fields that only three segments have.
+// The fields used only with three segments.
 std::array<QWidget*, 5> RangeTable::ThirdSegment() {
   return {&SegNo3Lab2, SetF[4].get(), SetF[5].get(), SetF[6].get(), SetF[7].get()};
 }

@@ -24,7 +24,7 @@ class RangeTable {
   /// The whole table, for the frame around it.
   [[nodiscard]] QLayout* Layout();
 
-  /// Shows the ranges of two segments; those that only three segments have stay as they are.
+  /// Shows the ranges of two segments; the fields used only with three stay as they are.
   void ShowTwo(const SplitPlan& plan);
   void ShowThree(const SplitPlan& plan);
 

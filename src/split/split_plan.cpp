@@ -19,7 +19,7 @@ FrameNumber NotNegative(double frame) { return frame < 0 ? FrameNumber() : Frame
 
 FrameRange Range(double start, double end) { return {NotNegative(start), NotNegative(end)}; }
 
-// The frames that a part of this size takes, in whole key-frame intervals. Not finite without a
+// The number of frames in a part of this size, in whole key-frame intervals. Not finite without a
 // file or an interval.
 double Length(const SplitInputs& inputs, double megaBytes) {
   const double share = WholePart(inputs.frames * megaBytes / inputs.megaBytes);

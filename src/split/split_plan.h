@@ -18,7 +18,7 @@ struct SplitInputs {
   double keyFrameInterval = 0;  ///< frames from one key frame to the next
 };
 
-/// A frame number, or nothing.
+/// A frame number, or none.
 using FrameNumber = std::optional<double>;
 
 /// Frames to delete: from `start` to `end`. The end of a range that runs to the end of the file is

@@ -35,7 +35,7 @@ QString SameSetting() { return u"Choose the same setting you are using when crea
 class Advanced : public Form {
   enum class Interleaving { WhenTicked, Always };
   enum Interval { ByTime = 1, ByPal, ByFilm, ByNtsc };
-  // The options that count frames, from here on, stand for the frame-rate systems from 0 on.
+  // From this option on they count frames and stand for the frame-rate systems, beginning with 0.
   static constexpr int FirstByFrames = ByPal;
 
   Services& services_;
@@ -64,7 +64,9 @@ class Advanced : public Form {
       frames->setText(u"1"_s);
     }
 
-    // The options deliberately stand in another order than their indices.
+    // The order of the options is deliberately not that of their indices: settings files hold the
+    // indices, and users know the order on the screen (AdvancedTest,
+    // ArrowKeysChooseTheOptionBelow).
     // clang-format off
     LayOut(this,
       Down({
@@ -106,8 +108,10 @@ class Advanced : public Form {
       record_.InterleaveOption =
           ToInteger16(static_cast<double>(record_.FrameRateSystem) + FirstByFrames);
     }
-    // The handlers of boxes and options run here as at a user's click, so that opening the window
-    // deliberately stores the overhead of the texts that its fields hold at creation.
+    // The handlers of boxes and options run here as they do when the user clicks. So opening the
+    // window deliberately stores the overhead of the texts that its fields hold at creation, not of
+    // the stored intervals: the figures of the other windows have always followed that
+    // (AdvancedLoads).
     VOver.setChecked(record_.VideoOverheadOn == 1);
     AOver.setChecked(record_.AudioOverheadOn == 1);
     InterlOpt.Select(record_.InterleaveOption);
@@ -141,7 +145,9 @@ class Advanced : public Form {
 
   void InterlOpt_Click(int index) {
     EnableOnly(index);
-    // Deliberately counts interleaving whether or not its box is ticked.
+    // Deliberately counts interleaving even if its box is not ticked: opening the window counts it,
+    // and the first click on a box corrects that (AdvancedTest,
+    // AnUntickedInterleavingBoxCountsOnlyUntilABoxIsClicked).
     CalcOverheads(Interleaving::Always);
   }
 
@@ -226,7 +232,9 @@ class Advanced : public Form {
     record_.VideoFrameOverhead = 0;
     record_.AudioInterleaveOverhead = 0;
     if (VOver.isChecked()) {
-      // Deliberately at the frame rate from before the option below changes it.
+      // Deliberately at the old frame rate, before the option below changes it: the figures stay
+      // those that users compare (AdvancedTest,
+      // TheFramesAreCountedAtTheRateFromBeforeTheOptionChangesItBack).
       record_.VideoFrameOverhead = VideoFrameOverheadOf(FramesPerSecond(record_.FrameRateSystem));
     }
     const auto option = InterlOpt.Selected();

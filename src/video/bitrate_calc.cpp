@@ -42,7 +42,7 @@ using namespace Qt::StringLiterals;
 
 QString WidestSize() { return u"8888888.8MB"_s; }
 
-// A size that is 0 or negative, or out of range, is shown as nothing.
+// Blank for a size that is 0, negative or out of range.
 QString SizeText(double megaBytes) {
   if (!std::isfinite(megaBytes) || megaBytes <= 0) {
     return {};
@@ -204,7 +204,8 @@ class BitrateCalc : public Form, public OverheadOpener {
     CalcVideoBitrate();
   }
 
-  // Deliberately fills no blanks, unlike its neighbours.
+  // Deliberately fills no blanks, unlike its neighbours: which event fills which field stays as it
+  // has always been (BitrateHandlers).
   void MLength_GotFocus() { SelectFirstTen(MLength); }
   void MLength_KeyUp() {
     FillBlankFields(&MLength);
@@ -241,7 +242,8 @@ class BitrateCalc : public Form, public OverheadOpener {
 
   void Time2_GotFocus() { SelectFirstTen(Time2); }
   void Time2_KeyPress() { RepairMinutes(Time2); }
-  // Deliberately repairs nothing before TimeToLength() does, unlike the hours.
+  // Deliberately repairs nothing before TimeToLength() does, unlike the hours: which event repairs
+  // which field stays as it has always been.
   void Time2_KeyUp() {
     FillBlankFields(&MLength);
     TimeToLengthUnlessEmpty(Time2);
@@ -321,7 +323,7 @@ class BitrateCalc : public Form, public OverheadOpener {
   }
 
   void LengthToTime() {
-    // A number just begun, a 0 with its period included, is 0 for now.
+    // A number that the user has just begun, even a 0 with its period, counts as 0 for now.
     const bool isBegun = MLength.IsBeingEdited() && MLength.text().contains(u'.');
     if (ShownNumberIn(MLength) == 0 && !isBegun && !IsJustBegun(MLength.text().toStdString())) {
       PutIn(MLength, u"1"_s);
@@ -329,7 +331,7 @@ class BitrateCalc : public Form, public OverheadOpener {
     ShowTime(time_, NumberIn(MLength), EditingSeconds);
   }
 
-  // Puts its default into every empty field but the one that is being edited.
+  // Puts its default into every empty field except the one that is being edited.
   void FillBlankFields(const TextField* editing = nullptr) {
     for (auto* field : {Audio.Field(), Capacity.Field(), CDs.Field(), &Extra, &MLength}) {
       const bool mayBeNothing = field == Audio.Field() || field == &Extra;
@@ -357,7 +359,9 @@ class BitrateCalc : public Form, public OverheadOpener {
     record_.ExtraMaterial = RepairAndRead(Extra);
     RepairText(MLength);
     if (!IsEmpty(MLength)) {
-      // Deliberately before the sign is repaired and the running time stored.
+      // Deliberately before the sign is repaired and the running time stored: the three fields show
+      // a pasted -5 as a negative time, as they always have (BitrateCalcTest,
+      // TheTimeFieldsOfANegativeRunningTimeAreTakenBeforeItsSignIsRepaired).
       LengthToTime();
       RepairSign(MLength);
       record_.MovieLength = NumberIn(MLength);

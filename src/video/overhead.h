@@ -5,7 +5,7 @@
 
 namespace brindle {
 
-// What the AVI container spends on itself, in KB (1024 bytes) per second of running time. Every
+// How much the AVI container itself adds, in KB (1024 bytes) per second of running time. Every
 // video frame and every interleaved chunk of audio costs 24 bytes: 8 for its header and 16 for its
 // entry in the index. No other part of the container is counted.
 
@@ -21,12 +21,12 @@ namespace brindle {
 /// yields no overhead.
 [[nodiscard]] double InterleaveOverheadByFrames(double frames, double framesPerSecond);
 
-/// The interleave time that is stored for a typed one: whole milliseconds from 40 to 400000. Rounds
-/// down, and a negative time becomes 40: 1234.9 gives 1234, -500 gives 40.
+/// The interleave time to store for an entry: whole milliseconds from 40 to 400000. Rounds down,
+/// and a negative time becomes 40: 1234.9 gives 1234, -500 gives 40.
 [[nodiscard]] double AcceptedInterleaveTime(double milliSeconds);
 
-/// The interleave interval that is stored for a typed one: whole frames from 1 to 10000. Rounds
-/// down and then drops the sign, deliberately unlike the time: -3.5 gives 4, as it always has
+/// The interleave interval to store for an entry: whole frames from 1 to 10000. Rounds down and
+/// then drops the sign, deliberately unlike the time: -3.5 gives 4, as it always has
 /// (AcceptedFrames, NegativeFractionRoundsDown).
 [[nodiscard]] double AcceptedInterleaveFrames(double frames);
 

@@ -17,7 +17,7 @@ namespace {
 constexpr double SecondsOfMinute = 60;
 
 void TakeWholePart(TextField& field, double limit) {
-  // What the program wrote is whole, and has no limit.
+  // A number that the program wrote is whole already, and no limit applies to it.
   if (IsEmpty(field) || (field.WrittenFrom() && ShownNumberIn(field) >= 0)) {
     return;
   }
@@ -25,9 +25,9 @@ void TakeWholePart(TextField& field, double limit) {
   WriteTyped(field, ShrinkByTens(ShownNumberIn(field), limit));
 }
 
-// Removes from the seconds the whole minutes that the minutes field has taken over.
+// Removes from the seconds the whole minutes that are now in the minutes field.
 void CarryWholeMinutes(TextField& seconds) {
-  constexpr int decimals = 9;  // no residue of the subtraction
+  constexpr int decimals = 9;  // so that the subtraction leaves no noise
   const double value = NumberIn(seconds);
   if (value >= SecondsOfMinute) {
     const double whole = WholePart(value / SecondsOfMinute) * SecondsOfMinute;

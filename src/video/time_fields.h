@@ -8,12 +8,13 @@
 
 namespace brindle {
 
-// What is typed into the fields of a running time is repaired instead of rejected. An entry that is
-// too large deliberately loses digits until it fits: of 5000 hours the digit too many goes, and the
-// 500 typed before it stay.
+// Entries in the fields of a running time are repaired, not rejected. An entry that is too large
+// deliberately loses digits until it fits: of 5000 hours, the last digit goes and the 500 typed
+// before it stay. So a digit too many costs nothing else of what was typed (RunningTimeFields,
+// TooManyHoursLoseADigit).
 
-/// Repairs hours at every key: a text that is not a number becomes its leading number, and digits
-/// drop until the value fits.
+/// Repairs hours at every key: a text that is not a number becomes its leading number, and the
+/// value loses digits until it fits.
 void RepairHours(TextField& field);
 /// The same for minutes.
 void RepairMinutes(TextField& field);
@@ -26,7 +27,7 @@ void RepairSeconds(TextField& field);
 [[nodiscard]] double RepairedMinutes(const RunningTimeFields& fields);
 
 /// Shows a running time of `minutes`. Seconds that are being typed (`editingSeconds`) keep their
-/// text, except for the whole minutes in them: these are carried, once, and the rest stays.
+/// text, except for any whole minutes in them: these are carried, once, and the rest stays.
 void ShowTime(RunningTimeFields& fields, double minutes, bool editingSeconds);
 
 }  // namespace brindle

@@ -31,12 +31,13 @@ struct VideoBitrate {
 
 /// 1 + 0.024 x option: 1 for codec version 3 (option 0), whose bitrates count 1024 bits, 1.024 for
 /// versions 4 and 5 (option 1), whose bitrates count 1000. The difference is deliberate: each
-/// generation of the codec gets the number that its own settings expect.
+/// generation of the codec gets the number that its own settings expect (DivXFactor,
+/// FollowsItsFormulaForEveryOption).
 [[nodiscard]] double DivXFactorOf(std::int16_t option);
 
-/// The video bitrate that fills the discs exactly, and what the parts of the file take. Nothing is
-/// clamped: if the discs are too small for the rest, the bitrate is below 0. A running time of 0 or
-/// less gives 0 throughout. Example: 700 MB, 1 disc, 100 minutes, 128 kbit/s of audio, 1.171875
+/// The video bitrate that fills the discs exactly, and the size of each part of the file. Nothing
+/// is clamped: if the discs are too small for the rest, the bitrate is below 0. A running time of 0
+/// or less gives 0 throughout. Example: 700 MB, 1 disc, 100 minutes, 128 kbit/s of audio, 1.171875
 /// KB/s of overhead, factor 1.024: 841.07 kbit/s, 601.59 MB of video, 91.55 MB of audio, 6.87 MB of
 /// overhead.
 [[nodiscard]] VideoBitrate ComputeVideoBitrate(const VideoBitrateInputs& inputs);
