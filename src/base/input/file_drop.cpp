@@ -28,7 +28,7 @@ FileDrop::FileDrop(QWidget* window) : QObject(window) {
   window->installEventFilter(this);
 }
 
-// An open box or dialog stops the whole program.
+// Nothing is accepted while a box or dialog is open: it stops the whole program.
 bool FileDrop::CanAccept() const {
   return isAccepting_ && QApplication::activeModalWidget() == nullptr;
 }
@@ -41,7 +41,7 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
     if (!CanAccept() || path.isEmpty()) {
       drag.ignore();
     } else {
-      // The file is opened where it is, whatever else was proposed: it is not to be moved away.
+      // The file is opened in place, whatever action was proposed: it must not be moved.
       drag.setDropAction(Qt::CopyAction);
       drag.accept();
       if (isDrop) {

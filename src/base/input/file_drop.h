@@ -10,21 +10,21 @@
 
 namespace brindle {
 
-/// Lets a file be dropped on a window.
+/// Lets the user drop a file on a window.
 class FileDrop : public QObject {
   Q_OBJECT
 
  public:
   explicit FileDrop(QWidget* window);
 
-  /// While it does not accept, and under an open box or dialog, a dragged file is turned away.
+  /// While it does not accept, or while a box or dialog is open, dragged files are rejected.
   void SetAccepting(bool accepting) { isAccepting_ = accepting; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
-  /// A file was dropped; of several, the first one. Told from the event loop, when the drop is
-  /// over: what the window does about it may not hold up the program that the file comes from.
+  /// A file was dropped; of several, the first one. Emitted from the event loop after the drop is
+  /// over, so that the window's reaction does not block the program that the file comes from.
   void Dropped(const QString& path);
 
  private:

@@ -55,7 +55,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
-    // A held key repeats as a release and a press of the same moment. The toolkit recognizes the
+    // A held key repeats as a release and a press at the same moment. The toolkit recognizes the
     // repetition only if the press has arrived by the time it handles the release.
     const bool isHeld = event->isAutoRepeat() || letGoOfF1_ == event->timestamp();
     if (!isHeld) {
@@ -71,7 +71,7 @@ void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
-// Sees the releases of all controls; a field keeps its own to itself.
+// Sees the key releases of all controls, because a field keeps its own to itself.
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyRelease) {
     const auto* released = dynamic_cast<QKeyEvent*>(event);

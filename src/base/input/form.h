@@ -14,8 +14,8 @@
 namespace brindle {
 
 /// A window of the program. It knows which of its controls has the focus, closes on Escape (after
-/// the field's own handler; an open list takes it first), asks for its help on F1, and tells once
-/// when it has been closed.
+/// the field's own handler; an open list takes the key first), asks for its help on F1, and
+/// announces once that it has been closed.
 class Form : public QWidget {
   Q_OBJECT
 
@@ -27,22 +27,22 @@ class Form : public QWidget {
 
   [[nodiscard]] FocusTracker& Focus() { return focus_; }
 
-  /// Whether the window may be closed, or its program end. Where the user has to be asked first,
-  /// it may not, until `whenAgreed` runs.
+  /// Whether the window may be closed, or its program may end. If it has to ask the user first, the
+  /// answer is no until `whenAgreed` runs.
   [[nodiscard]] bool MayClose(const std::function<void()>& whenAgreed);
-  /// The window is going to be closed, or its program to end: it stops what it is doing.
+  /// The window is about to be closed, or its program to end: it stops what it is doing.
   virtual void WillClose() {}
 
  Q_SIGNALS:
-  /// The window has agreed to close and is about to hide; whoever owns it may delete it, but only
-  /// from the event loop.
+  /// The window has agreed to close and is about to hide; its owner may delete it, but only from
+  /// the event loop.
   void Closed();
   /// The user wants to read about this window.
   void HelpAsked();
 
  protected:
-  /// For a window that may have something against being closed: runs `agreed` if the user agrees,
-  /// now or later.
+  /// Overridden by a window that may object to being closed: runs `agreed` if the user agrees, now
+  /// or later.
   virtual void AskToClose(const std::function<void()>& agreed) { agreed(); }
 
   void closeEvent(QCloseEvent* event) override;
@@ -53,8 +53,8 @@ class Form : public QWidget {
  private:
   FocusTracker focus_{this};
   Escape escape_;
-  bool hasAgreed_ = false;  // after a question; the next try to close it succeeds
-  std::optional<quint64> letGoOfF1_;  // when, by the system's own clock
+  bool hasAgreed_ = false;            // after a question; the next try to close it succeeds
+  std::optional<quint64> letGoOfF1_;  // at this time of the system's own clock
   bool closed_ = false;
 };
 

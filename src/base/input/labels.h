@@ -22,7 +22,7 @@ class PlainLabel : public QLabel {
 [[nodiscard]] QLabel* MakeLabel(const QString& name, const QString& text,
                                 const QString& tooltip = {});
 
-/// A sentence beside a button: plain text, wrapped to a column that grows with the font.
+/// A sentence next to a button: plain text, wrapped to a column that grows with the font.
 class DescriptionLabel : public QLabel {
   Q_OBJECT
 
@@ -33,13 +33,13 @@ class DescriptionLabel : public QLabel {
 };
 
 /// A label for a value. It keeps room for the widest of the texts that it may have to show, so that
-/// nothing moves, and nothing is laid out anew, when the value changes.
+/// nothing moves, and no layout is recomputed, when the value changes.
 class ValueLabel : public QLabel {
   Q_OBJECT
 
  public:
   ValueLabel(const QString& name, const QString& tooltip, QStringList widest);
-  /// Shows a text; a screen reader says it behind the label's name.
+  /// Shows a text; a screen reader says it after the label's name.
   void Write(const QString& text);
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -47,7 +47,7 @@ class ValueLabel : public QLabel {
   void changeEvent(QEvent* event) override;
 
  private:
-  // A label of a fixed size does not trouble its layout when its text changes.
+  // With a fixed size the label does not invalidate its layout when its text changes.
   void FixSize();
 
   QStringList widest_;

@@ -40,8 +40,8 @@ QString AccessibleName(const QString& label, const QWidget* control) {
   return label + (spin->Direction() == SpinDirection::Plus ? u" plus"_s : u" minus"_s);
 }
 
-// A value of fixed size begins where the fields of the frame begin. An option or box is no wider
-// than its caption: whatever of it is clicked, it answers.
+// A value of fixed size begins where the fields of the frame begin. An option or box is only as
+// wide as its caption, so that every part of it can be clicked.
 Qt::Alignment AlignmentOf(const QWidget* control) {
   const bool isAtTheLeft = qobject_cast<const ValueLabel*>(control) != nullptr ||
                            qobject_cast<const QRadioButton*>(control) != nullptr ||
@@ -72,7 +72,8 @@ QLayout* ControlsOf(const Row& row) {
   return controls;
 }
 
-// Tells assistive tools what labels what: lists that drop down have no other name for them.
+// Tells assistive tools which label names which control: drop-down lists have no other name for
+// them.
 void Label(QWidget* head, const Row& row) {
   auto* label = qobject_cast<QLabel*>(head);
   const auto first = std::find_if_not(row.controls.begin(), row.controls.end(), IsLabel);
@@ -143,7 +144,7 @@ QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows) {
   grid->setColumnStretch(1, 1);
   int line = 0;
   if (caption.isEmpty()) {
-    // Higher than its lines need beside a frame with a caption: they stand in its middle.
+    // Next to a frame with a caption this one is higher than its lines need, so they are centred.
     grid->setRowStretch(line, 1);
     ++line;
   }

@@ -16,7 +16,7 @@
 
 namespace brindle {
 
-// What every window is laid out with, so that all look like one family.
+// What every window is laid out with, so that all windows look alike.
 
 /// Between the edge of a window or frame and what is in it, in device-independent pixels.
 inline constexpr int Margin = 12;
@@ -25,7 +25,7 @@ inline constexpr int Spacing = 8;
 /// Between frames.
 inline constexpr int FrameSpacing = 12;
 
-/// What begins a line: a text, which becomes a label, or a label, option or box of its own.
+/// The beginning of a line: a text, which becomes a label, or a label, option or box.
 class RowHead {
  public:
   RowHead() = default;
@@ -43,16 +43,16 @@ class RowHead {
   QString text_;
 };
 
-/// A line "head, control, control..." of a frame; with only one of the two, that takes the whole
-/// line. A control without an accessible name takes the text of the head; spin buttons take it with
-/// "plus" or "minus" behind.
+/// A line "head, control, control..." of a frame; if it has only one of the two, that takes the
+/// whole line. A control without an accessible name gets the text of the head; spin buttons get it
+/// followed by "plus" or "minus".
 struct Row {
   RowHead head;
   QList<QWidget*> controls;
 };
 
-/// A frame with a caption. It paints itself once and then from its own picture: everything that
-/// changes inside a frame has the frame painted under it, at every key.
+/// A frame with a caption. It paints itself once and then reuses that picture: every change inside
+/// a frame makes the toolkit repaint the frame under it, at every key.
 class Frame : public QGroupBox {
   Q_OBJECT
 
@@ -67,21 +67,21 @@ class Frame : public QGroupBox {
   QPixmap picture_;
 };
 
-/// A frame with a caption whose rows stand in one grid: labels left, controls right, all aligned.
+/// A frame with a caption and its rows in one grid: labels left, controls right, all aligned.
 [[nodiscard]] QGroupBox* MakeFrame(const QString& caption, std::initializer_list<Row> rows);
 [[nodiscard]] QGroupBox* MakeFrame(const QString& name, const QString& caption,
                                    std::initializer_list<Row> rows);
 
-/// A frame with a caption around a layout of its own.
+/// A frame with a caption around the given layout.
 [[nodiscard]] QGroupBox* MakeFrame(const QString& caption, QLayout* contents);
 
-/// Widgets in lines and columns, all columns but the first equally wide.
+/// Widgets in lines and columns; all columns except the first are equally wide.
 [[nodiscard]] QLayout* Table(std::initializer_list<std::initializer_list<QWidget*>> rows);
 
-/// Lets the widgets keep their place while they are hidden, so that nothing else moves.
+/// Makes the widgets keep their place while they are hidden, so that nothing else moves.
 void KeepRoom(std::initializer_list<QWidget*> widgets);
 
-/// Gives each control `label` as its accessible name, spin buttons with "plus" or "minus" behind:
+/// Gives each control `label` as its accessible name, spin buttons followed by "plus" or "minus":
 /// for controls whose label does not begin their line.
 void NameByLabel(const QString& label, std::initializer_list<QWidget*> controls);
 
@@ -110,8 +110,8 @@ class Item {
 /// ones.
 [[nodiscard]] QLayout* Tiles(std::initializer_list<std::initializer_list<QWidget*>> rows);
 
-/// Puts the tree into the window, which is from then on exactly as large as its contents ask for,
-/// whatever the font.
+/// Puts the tree into the window, and from then on keeps the window exactly as large as its
+/// contents need, whatever the font.
 void LayOut(QWidget* window, QLayout* tree);
 
 }  // namespace brindle

@@ -21,7 +21,7 @@ struct Button {
   BoxAnswer answer = BoxAnswer::Ok;
 };
 
-// The buttons in the order in which they stand.
+// The buttons in the order in which they are shown.
 std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::Ok:
@@ -54,7 +54,7 @@ void ScreenMessageBoxes::Ask(QWidget* owner, const QString& text, BoxButtons but
   const auto added = AddButtons(*box, buttons);
   const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
   box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
-  // Escape and the close box mean OK, No or Cancel; the latter clicks no button.
+  // Escape and the close button mean OK, No or Cancel; the close button reports no clicked button.
   const auto& escape = buttons == BoxButtons::CancelTryAgainContinue ? added.front() : added.back();
   box->setEscapeButton(escape.button);
   dialogs_.Open(box, [box, added, escape, answered](int) {

@@ -13,22 +13,22 @@
 
 namespace brindle {
 
-/// The buttons of a box; the first one is its default, but where something is lost by Yes.
+/// The buttons of a box; the first one is the default, except where Yes would lose something.
 enum class BoxButtons { Ok, YesNo, YesNoDefaultNo, CancelTryAgainContinue };
 enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
 
-/// Message boxes as the windows ask for them: plain text, the whole program stops while one is
-/// open. Nobody waits for the answer: what is to follow is a function.
+/// Message boxes as the windows ask for them: plain text, and the whole program stops while one is
+/// open. The call returns at once; what follows the answer is a function.
 class MessageBoxes : public Interface {
  public:
   using WhenAnswered = std::function<void(BoxAnswer)>;
 
-  /// Opens a box over `owner`, which may be null. `answered` runs when the user has answered; never
-  /// when the owner is closed or the program ends under the open box.
+  /// Opens a box over `owner`, which may be null. `answered` runs once the user has answered, but
+  /// never if the owner is closed or the program ends while the box is open.
   virtual void Ask(QWidget* owner, const QString& text, BoxButtons buttons,
                    const WhenAnswered& answered) = 0;
 
-  /// A box with an OK button that nothing follows.
+  /// A box with an OK button and nothing to do afterwards.
   void Tell(QWidget* owner, const QString& text) {
     Ask(owner, text, BoxButtons::Ok, [](BoxAnswer) {});
   }

@@ -11,18 +11,19 @@
 
 namespace brindle {
 
-/// The dialogs of the program, each of which stops the whole program while it is open. None of them
-/// is waited for: what is to follow is a function that runs when the user has answered.
+/// The dialogs of the program. The whole program stops while one is open. The call that opens one
+/// returns at once: what follows is a function that runs once the user has answered.
 class ModalDialogs {
  public:
-  /// Opens the dialog, which deletes itself when it is over. `answered` runs with its result; never
-  /// when its owner is closed or deleted under it, and never when the program ends.
+  /// Opens the dialog, which deletes itself when it is finished. `answered` runs with its result,
+  /// but never if the owner of the dialog is closed or deleted first, and never if the program
+  /// ends.
   void Open(QDialog* dialog, const std::function<void(int result)>& answered);
 
-  /// Runs `action` as soon as none is open: now, or after the last answer.
+  /// Runs `action` as soon as no dialog is open: now, or after the last answer.
   void WhenNoneIsOpen(const std::function<void()>& action);
 
-  /// Takes away what is open; none of it counts as answered, and nothing waits for it any more.
+  /// Closes every open dialog without an answer, and forgets the action that waits for that.
   void Dismiss();
 
   /// The program ends: Dismiss(), and no dialog opens any more.

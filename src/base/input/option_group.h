@@ -46,7 +46,7 @@ class OptionGroup : public QObject {
   /// Adds the option with this index.
   OptionButton* Add(int index, const QString& caption, const QString& tooltip);
 
-  /// The option with this index, for the layout; null where there is none.
+  /// The option with this index, for the layout; null if there is none.
   [[nodiscard]] OptionButton* At(int index) const;
 
   /// Selects an option; an index that no option has changes nothing.
@@ -65,7 +65,7 @@ class OptionGroup : public QObject {
   void Click(int index);
 
  private:
-  // The toolkit lets Tab stop at the first option, until one has had the focus.
+  // Until an option has had the focus, the toolkit would let Tab stop at the first one.
   void StopTabAtSelected();
 
   QButtonGroup exclusive_;

@@ -8,9 +8,9 @@
 
 namespace brindle {
 
-/// A push button that Enter presses like the space bar: down with the key, clicked when it is let
-/// go, so that a key held for long answers no question that the click asks. Its accessible name is
-/// its caption.
+/// A push button that Enter presses like the space bar: the key presses it, and releasing the key
+/// clicks it, so that a key held for long does not answer a question that the click asks. Its
+/// accessible name is its caption.
 class PushButton : public QPushButton {
   Q_OBJECT
 

@@ -21,9 +21,9 @@
 
 namespace brindle {
 
-/// One line of a window's table of handlers: which of the window's member functions, or which other
-/// function where several controls share one, runs at which event of one control. An event without
-/// a handler changes nothing.
+/// One line of a window's table of handlers: says which function runs at which event of one
+/// control. It is a member function of the window, or another function where several controls share
+/// one. An event without a handler changes nothing.
 template <class Window, class Control>
 class Wire {
  public:
@@ -89,7 +89,7 @@ class Wire {
   Wire& Click(void (Window::*handler)(int index)) {
     return Connected(control_, &OptionGroup::Click, handler);
   }
-  /// The arrow keys in the field do what one short click on plus or minus does.
+  /// The arrow keys in the field act like one short click on plus or minus.
   Wire& Arrows(SpinButton& plus, SpinButton& minus) {
     QObject::connect(control_, &TextField::ArrowKey, window_, [&plus, &minus](int direction) {
       (direction > 0 ? plus : minus).ClickShortly();
