@@ -24,7 +24,7 @@ std::optional<WavResult<void>> BackgroundSync::Await(std::chrono::milliseconds p
   if (!thread_->wait(QDeadlineTimer(patience))) {
     return std::nullopt;
   }
-  // The system may have no thread to give.
+  // The system may have been unable to start the thread.
   if (!result_) {
     result_ = file_.Sync();
   }

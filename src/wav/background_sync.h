@@ -15,18 +15,18 @@
 
 namespace brindle {
 
-/// Has the system write a file out on a thread of its own: the disk may take long. Nothing else may
-/// use the file meanwhile. The end of its life waits for that of the thread.
+/// Makes the system write a file to the disk, on a separate thread because that may take long.
+/// Nothing else may use the file in the meantime. The destructor waits for the thread.
 class BackgroundSync {
  public:
   explicit BackgroundSync(const WavFile& file);
 
-  /// What came of it, as soon as that is known; nothing after `patience`.
+  /// The result, as soon as it is known; none if it is still unknown after `patience`.
   [[nodiscard]] std::optional<WavResult<void>> Await(std::chrono::milliseconds patience);
 
  private:
   const WavFile& file_;
-  std::optional<WavResult<void>> result_;  // the thread's until it has ended
+  std::optional<WavResult<void>> result_;  // belongs to the thread until that has ended
   std::unique_ptr<QThread, std::function<void(QThread*)>> thread_;
 };
 

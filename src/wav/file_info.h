@@ -12,17 +12,17 @@
 
 namespace brindle {
 
-/// The frame of the normalizer that says which file is open and what it is.
+/// The frame of the normalizer that shows which file is open and what it contains.
 class FileInfo {
  public:
   FileInfo();
   [[nodiscard]] QGroupBox* InFrame();
 
-  /// Shows the name of the file and what its header tells. What a damaged field does not tell
-  /// leaves its label as it was.
+  /// Shows the name of the file and the facts from its header. A damaged field of the header leaves
+  /// its label as it was.
   void Write(const QString& path, const WavHeader& header);
 
-  /// Shows or hides all but the name.
+  /// Shows or hides everything except the name.
   void SetVisible(bool visible);
 
  private:

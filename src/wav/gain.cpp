@@ -19,7 +19,7 @@ namespace {
 constexpr double LowestLevel = std::numeric_limits<std::int16_t>::min();
 constexpr double HighestLevel = std::numeric_limits<std::int16_t>::max();
 
-// What takes the peak to that end of the range; a peak of 0 never decides.
+// The factor that takes the peak to that end of the range; a peak of 0 never decides.
 double FactorTo(double end, std::int16_t peak) {
   return peak == 0 ? std::numeric_limits<double>::infinity() : std::abs(end / peak);
 }

@@ -35,7 +35,7 @@ Samples BlockOf(Samples buffer, qint64 block) {
   return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
 }
 
-// By the same text too, where a file system numbers its files anew at every look.
+// Compares the texts, too: some file systems give a file another number every time.
 bool TargetIsSource(const PassFiles& files) {
   return files.target == files.source || LeadToSameFile(files.source, files.target);
 }
@@ -60,7 +60,7 @@ WavResult<Normalization::Opened> Normalization::Open() {
   return OpenTarget();
 }
 
-// A target that cannot be written shows here, before it is deleted and before a byte is written.
+// A target that cannot be written fails here, before it is deleted and before a byte is written.
 WavResult<Normalization::Opened> Normalization::OpenTarget() {
   const auto& target = files_.target;
   if (!IsAbsolute(target)) {
@@ -80,7 +80,7 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
 
 WavResult<void> Normalization::Overwrite() {
   const auto& target = files_.target;
-  // The question may have stood for long.
+  // The question may have been open for a long time.
   if (TargetIsSource(files_)) {
     return CannotWriteTarget(ErrorOf(target, u"it became the source"_s));
   }
@@ -137,7 +137,7 @@ Normalization::Step Normalization::Work() {
   return std::nullopt;
 }
 
-// All blocks are read before any is written. Each is mapped while the processor has it at hand.
+// Reads all blocks before it writes any. Maps each while it is in the processor's cache.
 Normalization::Step Normalization::MapManyBlocks() {
   if (position_ > data_.BlockEnd(MultiSize)) {
     return GoOnTo(Phase::TailBlocks);
@@ -148,7 +148,7 @@ Normalization::Step Normalization::MapManyBlocks() {
       return tl::unexpected(read.error());
     }
   }
-  // One write of all of them takes the system nearly twice as long.
+  // A single write of all blocks takes the system nearly twice as long.
   for (qint64 block = 0; block < MultiBlocks; ++block) {
     const auto samples = BlockOf(buffer_, block);
     if (auto written = Write(position_ + block * BlockSize, BytesOf(samples)); !written) {
@@ -168,7 +168,8 @@ Normalization::Step Normalization::MapTailBlock() {
   });
 }
 
-// Words are read at once, and written when progress, which is due after any word, is shown.
+// Reads all words at once, and writes them whenever progress is shown, which may be due after any
+// word.
 Normalization::Step Normalization::MapTailWords() {
   if (auto read = ReadTail(); !read) {
     return tl::unexpected(read.error());
@@ -194,7 +195,7 @@ Normalization::Step Normalization::MapSingleBlock() {
   });
 }
 
-// The words behind the blocks, a block of them at a time, unwatched.
+// Maps the words after the blocks, up to a block of them at a time, without showing progress.
 Normalization::Step Normalization::MapSingleWords() {
   const auto words = std::min<qint64>(WordsUpTo(position_, data_.LastWord()), BlockWords);
   if (words == 0) {
@@ -211,7 +212,7 @@ Normalization::Step Normalization::CopyRest() {
   return copied.and_then([this] { return GoOnTo(Phase::Sync); });
 }
 
-// All is written, so that nothing ends the pass any more.
+// Everything is written, so nothing can abort the pass any more.
 Normalization::Step Normalization::AwaitDisk() {
   constexpr std::chrono::milliseconds betweenLooks(50);
   if (!sync_) {
@@ -223,7 +224,7 @@ Normalization::Step Normalization::AwaitDisk() {
       return timer_->ProgressAt(data_.fileLength);
     }
   }
-  // In place nothing after the last word is the pass's own.
+  // In place, the pass has written nothing after the last word.
   const auto length =
       files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
   return synced->and_then([&] { return Output().CheckStands(length); }).and_then([this] {
@@ -237,7 +238,7 @@ Normalization::Step Normalization::GoOnTo(Phase phase) {
   return std::nullopt;
 }
 
-// Progress is that of the beginning of what was done.
+// Reports the progress at the beginning of the piece that was just done.
 Normalization::Step Normalization::GoOnBy(qint64 bytes, UpdateInterval interval) {
   const qint64 begun = std::exchange(position_, position_ + bytes);
   return timer_->IsDue(interval) ? std::optional(timer_->ProgressAt(begun)) : std::nullopt;
@@ -254,8 +255,8 @@ WavResult<void> Normalization::ReadMapped(qint64 position, Samples samples) {
   return input_.Read(position, BytesOf(samples)).map([&] { table_->Map(samples); });
 }
 
-// No more than one block of words is left after the blocks. They were read before progress was
-// shown: no read finds out that they are gone since.
+// At most one block of words is left after the blocks. They were all read before progress was
+// shown, so no later read notices if they are gone by now.
 WavResult<void> Normalization::ReadTail() {
   if (tail_) {
     const qint64 end = tail_->first - 1 + static_cast<qint64>(tail_->words) * WordSize;
@@ -291,7 +292,7 @@ WavResult<void> Normalization::Copy(qint64 position, qint64 end) {
   return {};
 }
 
-// Written past the end of a file that was cut short meanwhile, the bytes would leave a hole.
+// If somebody else has cut the file short in the meantime, writing past its end would leave a hole.
 WavResult<void> Normalization::Write(qint64 position, std::span<const std::byte> bytes) {
   if (bytes.empty()) {
     return {};

@@ -28,52 +28,55 @@ enum class Buffering { Multi, Single };
 /// What a pass works on.
 struct PassFiles {
   QString source;
-  QString target;          ///< not looked at where the source is overwritten
+  QString target;          ///< ignored if the source is overwritten
   bool isInPlace = false;  ///< the source is overwritten
 };
 
-/// One normalization pass: Open(), Start(), then Advance() to its end. Nothing in a header is ever
-/// rewritten, nothing but mapped words is written in place; a separate target becomes as long as
-/// its source. Both files are closed with it.
+/// One normalization pass: Open(), Start(), then Advance() to its end. It never rewrites anything
+/// in a header; in place it writes only mapped words; a separate target becomes as long as its
+/// source. It closes both files when it is destroyed.
 ///
-/// Maps every word of the samples through the table of the gain, and what else the block loops
-/// meet: they are bounded by the end of the file, so that chunks behind the samples are mapped with
-/// them, deliberately, and not alike in the two ways of buffering. Progress is due at most every
-/// half second (64 blocks) or quarter of a second (single blocks; words of the former), and not at
-/// all during the rest. All that was mapped before it is shown is with the system.
+/// Maps every word of the samples through the table of the gain. It deliberately maps more: the
+/// block loops are bounded by the end of the file, so they also map chunks after the samples, and
+/// not the same ones in the two ways of buffering. That keeps the files that people get the same as
+/// before (LiteralModel, TellsTheWaysOfBufferingApartWhereChunksFollow). Progress is due at most
+/// every half second (64 blocks) or quarter of a second (single blocks, and the last words of
+/// Multi), and never during the rest. Everything mapped has been passed to the system before
+/// progress is shown.
 ///
-/// Completed is a pass whose output is on the disk and stands at its path. While the disk takes it
-/// in, progress is due every half second, at 100 %; an abort then comes too late. Nothing is
+/// The pass is completed once its output is on the disk and still at its path. While the disk takes
+/// it in, progress is due every half second, at 100 %; an abort then comes too late. Nothing is
 /// written past the end of a file that somebody else has cut short: that is an error.
 class Normalization : public Pass {
  public:
-  /// Ready: all is open, and what stands in front of the samples is copied. AsksToOverwrite: the
-  /// target is not empty; nothing has been changed, and Overwrite() goes on.
+  /// Ready: both files are open, and everything before the samples is copied. AsksToOverwrite: the
+  /// target is not empty; nothing has been changed, and Overwrite() continues.
   enum class Opened { Ready, AsksToOverwrite };
 
   explicit Normalization(PassFiles files) : files_(std::move(files)), buffer_(BlockWords) {}
 
-  /// Opens the source and finds its samples; only then looks at the target.
+  /// Opens the source and finds its samples; only then opens the target.
   [[nodiscard]] WavResult<Opened> Open();
 
-  /// Deletes the target that Open() found, and makes the new one.
+  /// Deletes the target that Open() found, and creates the new one.
   [[nodiscard]] WavResult<void> Overwrite();
 
-  /// The source is overwritten, be it that the target turned out to be the source.
+  /// Whether the source is overwritten, because the user chose that or because the target is the
+  /// source.
   [[nodiscard]] bool IsInPlace() const { return files_.isInPlace; }
 
-  /// The pass over what was opened begins now.
+  /// Begins the pass over the files that were opened.
   void Start(GainTable table, Buffering buffering, const Clock& clock);
 
   [[nodiscard]] PassState Advance() override;
   [[nodiscard]] PassState Abort() override;
 
-  /// MB/s (1024 * 1024 bytes) of the completed pass over the whole file, the disk's part included;
-  /// 0 where no time has passed.
+  /// MB/s (1024 * 1024 bytes) of the completed pass over the whole file, including the time of the
+  /// disk; 0 if no time has passed.
   [[nodiscard]] double Throughput() const { return throughput_; }
 
  private:
-  // The work in its order; a pass has those of one way of buffering.
+  // The phases in their order; a pass goes through those of one way of buffering.
   enum class Phase {
     ManyBlocks,    // Multi
     TailBlocks,    // Multi
@@ -84,14 +87,14 @@ class Normalization : public Pass {
     Sync,
     Done,
   };
-  // The words after the blocks of a pass with many buffers, while they are being mapped.
+  // The words after the blocks of a Multi pass, while they are being mapped.
   struct Tail {
     qint64 first = 0;  // position of the first one
     std::size_t words = 0;
     std::size_t mapped = 0;   // words
     std::size_t written = 0;  // words
   };
-  // What a step of the work says: progress where that is due.
+  // The outcome of a step: progress if it is due.
   using Step = WavResult<std::optional<PassProgress>>;
 
   [[nodiscard]] WavResult<Opened> OpenTarget();
@@ -124,7 +127,7 @@ class Normalization : public Pass {
   std::optional<GainTable> table_;
   std::optional<PassTimer> timer_;
   Phase phase_ = Phase::Done;
-  qint64 position_ = 0;  // where the loops are
+  qint64 position_ = 0;  // of the next byte for the loops
   std::optional<Tail> tail_;
   std::optional<BackgroundSync> sync_;
   double throughput_ = 0;

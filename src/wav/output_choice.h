@@ -27,11 +27,11 @@ class OutputChoice : public QObject {
   void SelectSource() { Output.Select(Source); }
   void WriteTarget(const QString& path);
 
-  // What is shown, whatever the settings record holds by now.
+  // The choice as it is shown, even if the settings record has changed since.
   [[nodiscard]] bool IsInPlace() const { return Output.Selected() == Source; }
   [[nodiscard]] QString TargetPath() const { return target_; }
 
-  /// While a pass runs no target can be browsed for.
+  /// While a pass runs the user cannot browse for a target.
   void SetIdle(bool isIdle);
 
  Q_SIGNALS:

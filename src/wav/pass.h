@@ -21,7 +21,7 @@ struct PassProgress {
   double elapsed = 0;    ///< seconds since the pass began
 };
 
-/// What a pass says after a piece of its work.
+/// The state of a pass after a piece of its work.
 struct PassGoesOn {
   PassProgress progress;
 };
@@ -29,16 +29,16 @@ struct PassCompleted {};
 struct PassAborted {};
 using PassState = std::variant<PassGoesOn, PassCompleted, PassAborted, WavError>;
 
-/// A long piece of work on a file, done piece by piece on the caller's thread: from an event loop,
-/// or by RunToEnd(). It may be destroyed between any two pieces; that is an abort.
+/// A long task on a file, done piece by piece on the caller's thread: from an event loop, or by
+/// RunToEnd(). Destroying it between two pieces aborts it.
 class Pass : public Interface {
  public:
-  /// Works until progress is due to be shown, or to the end of the pass. Not to be called after the
-  /// pass has said that it does not go on.
+  /// Works until progress is due to be shown, or to the end of the pass. Must not be called again
+  /// once it has returned another state than PassGoesOn.
   [[nodiscard]] virtual PassState Advance() = 0;
 
-  /// In place of the next Advance(): ends the pass, and nothing more is written. A pass that has
-  /// nothing left to write goes on all the same.
+  /// Called instead of the next Advance(): ends the pass, and nothing more is written. A pass that
+  /// has nothing left to write continues all the same.
   [[nodiscard]] virtual PassState Abort() = 0;
 };
 
@@ -52,16 +52,16 @@ enum class UpdateInterval { Half, Quarter };
 /// The clock of one pass: when its progress is due to be shown, and how long it took.
 class PassTimer {
  public:
-  /// The pass over a file of `fileLength` bytes begins now.
+  /// Starts the clock of a pass over a file of `fileLength` bytes.
   PassTimer(const Clock& clock, qint64 fileLength);
 
   /// Whether more than the interval has passed since progress was last shown.
   [[nodiscard]] bool IsDue(UpdateInterval interval) const;
 
-  /// The progress of a pass that is at `position`, which is shown now.
+  /// The progress of a pass that has reached `position`. The caller shows it now.
   [[nodiscard]] PassProgress ProgressAt(qint64 position);
 
-  /// Mebibytes a second for `bytes` since the pass began; 0 where no time has passed.
+  /// Mebibytes a second for `bytes` since the pass began; 0 if no time has passed.
   [[nodiscard]] double Throughput(qint64 bytes) const;
 
  private:

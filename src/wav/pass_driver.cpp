@@ -17,7 +17,7 @@ namespace brindle {
 
 namespace {
 
-// How long it takes at most until a pass goes on after a box.
+// How long at most a pass waits after a box is closed.
 constexpr double BetweenLooks = 0.02;  // seconds
 
 }  // namespace

@@ -12,9 +12,9 @@
 
 namespace brindle {
 
-/// Drives the passes of a window from the event loop, one at a time: after each piece the window
-/// shows the progress and hears its events; only then the wish to abort is looked at. An open box
-/// or dialog, which stops the whole program, stops the pass as well.
+/// Drives the passes of a window from the event loop, one at a time. After each piece the window
+/// shows the progress and handles its events; only then does the driver check whether to abort. An
+/// open box or dialog, which stops the whole program, stops the pass as well.
 class PassDriver {
  public:
   using ShowProgress = std::function<void(const PassProgress&)>;
@@ -22,14 +22,14 @@ class PassDriver {
 
   PassDriver(Clock& clock, ShowProgress show, IsAborted isAborted);
 
-  /// Works the first piece at once, and the others from the event loop. `ended` runs with the last
-  /// state of the pass, which may be destroyed by then; never after Stop().
+  /// Does the first piece at once, and the others from the event loop. `ended` runs with the last
+  /// state of the pass, which may have been destroyed by then; never after Stop().
   void Drive(Pass& pass, const std::function<void(const PassState&)>& ended);
 
-  /// Runs `action` once the events that wait have been handled; never after Stop().
+  /// Runs `action` once the pending events have been handled; never after Stop().
   void AfterEvents(const std::function<void()>& action);
 
-  /// Forgets what it was to do. The pass may be destroyed then.
+  /// Drops everything that it still had to do. The pass may then be destroyed.
   void Stop();
 
  private:
@@ -39,7 +39,7 @@ class PassDriver {
   Clock& clock_;
   ShowProgress show_;
   IsAborted isAborted_;
-  int stops_ = 0;  // what was to be done before the last one is forgotten
+  int stops_ = 0;  // actions from before the last one are dropped
   QObject lifetime_;
 };
 

@@ -28,13 +28,14 @@ ScanLoops LoopsOver(const SampleData& data, Coverage coverage) {
   const qint64 blocks =
       loops.blockEnd < data.start ? 0 : (loops.blockEnd - data.start) / BlockSize + 1;
   loops.unblocked = data.start + blocks * BlockSize;
-  // Deliberately not where the blocks ended.
+  // Deliberately not where the blocks ended: Coverage::Usual says which words that leaves out, and
+  // why.
   loops.words = isUsual ? loops.blockEnd + BlockSize : loops.unblocked;
   return loops;
 }
 
-// The last of the words between the blocks and the single words. Single words may stand askew,
-// where what follows the samples is an odd number of bytes; then they are none of the samples.
+// The last of the words that are in neither the blocks nor the single words. The single words may
+// be off by one byte, if an odd number of bytes follows the samples; then none of them is a sample.
 qint64 LastUnseen(const SampleData& data, const ScanLoops& loops) {
   const bool isAskew = (loops.words - loops.unblocked) % WordSize != 0;
   return isAskew ? data.LastWord() : std::min(data.LastWord(), loops.words - WordSize);

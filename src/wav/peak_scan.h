@@ -27,34 +27,34 @@ struct Peaks {
 
 /// Which words of the samples a scan looks at.
 ///
-/// Usual: not every one. That is kept so that the peaks shown stay those the program has always
-/// shown; CutOffUnseen() finds what it costs. The words after the blocks are read from the last 64
-/// KB block's end on, so that the last whole block is left out but for its last word where the
-/// samples run to the end of the file; below 64 KB of samples the upper half of the length field
-/// counts as a word.
+/// Usual: not all of them. That keeps the peaks on the screen the same as the program has always
+/// shown (UnseenWords, AreThoseThatTheLoopsOfAScanDoNotRead); CutOffUnseen() finds what it costs.
+/// The words after the blocks are read from the end of the last 64 KB block on. If the samples run
+/// to the end of the file, that leaves out the last whole block except its last word; below 64 KB
+/// of samples, the upper half of the length field counts as a word.
 enum class Coverage { Usual, EveryWord };
 
-/// The levels that were seen: one store a sample; lowest and highest are looked up once, at the
-/// end.
+/// The levels that occurred: a sample costs one store; lowest and highest are looked up once, at
+/// the end.
 class SeenLevels {
  public:
   void Add(Samples samples);
   [[nodiscard]] Peaks Ends() const;
 
  private:
-  // Flags of a whole byte: a single bit would have to be read first.
+  // A byte for each flag: setting a single bit would mean reading first.
   std::vector<std::uint8_t> flags_ = std::vector<std::uint8_t>(LevelCount);
 };
 
-/// What a scan of some samples reads: whole blocks from their start on, then single words.
+/// What a scan reads: whole blocks from the beginning of the samples on, then single words.
 struct ScanLoops {
   qint64 blockEnd = 0;   ///< the last position at which a block is read
   qint64 words = 0;      ///< the first position of a single word
   qint64 unblocked = 0;  ///< the first position after the blocks
 };
 
-/// Finds the lowest and highest sample level of a file. Its progress is due at most every half
-/// second, after a block.
+/// Finds the lowest and highest sample level of a file. Progress is due at most every half second,
+/// after a block.
 class PeakScan : public Pass {
  public:
   PeakScan(const QString& source, const Clock& clock, Coverage coverage = Coverage::Usual);
@@ -62,11 +62,12 @@ class PeakScan : public Pass {
   [[nodiscard]] PassState Advance() override;
   [[nodiscard]] PassState Abort() override;
 
-  /// Of what was seen until the scan ended, in whatever way.
+  /// The peaks of all samples read until the scan ended, whether completed or not.
   [[nodiscard]] Peaks Found() const { return seen_.Ends(); }
 
-  /// MB/s (1024 * 1024 bytes) of the ended scan; 0 where no time has passed. That of the end's
-  /// position *plus* the samples' start, deliberately: figures of older versions stay comparable.
+  /// MB/s (1024 * 1024 bytes) of the ended scan; 0 if no time has passed. Deliberately counts the
+  /// end's position *plus* the samples' start: figures stay comparable with those of older versions
+  /// (ThroughputOfScan, AddsTheStartToTheEnd).
   [[nodiscard]] float Throughput() const { return throughput_; }
 
  private:
@@ -83,9 +84,9 @@ class PeakScan : public Pass {
   ScanLoops loops_;
   SampleBuffer buffer_;
   SeenLevels seen_;
-  std::optional<PassTimer> timer_;  // from the moment in which the samples are found
-  qint64 next_ = 0;                 // the block to be read next
-  qint64 reached_ = 0;              // the position of what was read last
+  std::optional<PassTimer> timer_;  // since the samples were found
+  qint64 next_ = 0;                 // position of the next block
+  qint64 reached_ = 0;              // position of the last read
   float throughput_ = 0;
 };
 
@@ -95,8 +96,9 @@ struct CutOffWords {
   qint64 words = 0;  ///< of all samples of the file
 };
 
-/// How many of the words that the usual coverage leaves out a pass of this gain would cut off: at
-/// most those of two blocks. None where the file cannot be read; the pass will tell why.
+/// How many of the words that the usual coverage leaves out would be cut off by a pass with this
+/// gain: at most those of two blocks. None if the file cannot be read; the pass will report the
+/// reason.
 [[nodiscard]] CutOffWords CutOffUnseen(const QString& source, double gain);
 
 }  // namespace brindle

@@ -12,8 +12,8 @@
 
 namespace brindle {
 
-/// The field of the normalizer that says which level the peaks are to reach. Keeps the choice in
-/// the settings record, as a whole number.
+/// The field of the normalizer for the level that the peaks are to reach. Keeps the choice in the
+/// settings record, as a whole number.
 class PercentChoice : public QObject {
   Q_OBJECT
 
@@ -25,8 +25,8 @@ class PercentChoice : public QObject {
 
   void Form_Load();
 
-  /// The percentage that a pass is to aim at. A field that is empty, or in which a number is only
-  /// begun, counts as the stored one and shows it again.
+  /// The percentage for a pass. A field that is empty or holds a number just begun counts as the
+  /// stored percentage and shows it again.
   [[nodiscard]] double TargetPercent();
 
  private:

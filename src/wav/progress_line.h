@@ -12,13 +12,13 @@
 
 namespace brindle {
 
-/// The line of the normalizer in which a pass tells how far it is and how long it will take. It
-/// keeps its room while it is hidden.
+/// The line of the normalizer that shows how far a pass is and how long it will take. It keeps its
+/// space while it is hidden.
 class ProgressLine {
  public:
   ProgressLine();
 
-  /// The line, behind the label that says what is running.
+  /// The line, after the label that says what is running.
   [[nodiscard]] QBoxLayout* Line(QLabel* status);
 
   void ShowProgress();
@@ -26,7 +26,7 @@ class ProgressLine {
   void Update(const PassProgress& progress);
 
  private:
-  /// `elapsed` in seconds; nothing changes where `wholePercent` is not above 0.
+  /// `elapsed` is in seconds; nothing changes if `wholePercent` is not above 0.
   void ShowETA(double elapsed, int wholePercent);
   void SetVisible(bool visible);
 

@@ -13,8 +13,8 @@
 
 namespace brindle {
 
-// Sample data is a run of signed 16-bit words, lowest byte first, whatever the file says of its
-// width and channels.
+// Sample data is a sequence of signed 16-bit words, lowest byte first, whatever the file says about
+// its width and channels.
 static_assert(std::endian::native == std::endian::little, "the words of a file are the machine's");
 
 using Samples = std::span<std::int16_t>;
@@ -27,7 +27,7 @@ inline constexpr qint64 BlockSize = 65536;
 inline constexpr std::size_t BlockWords = BlockSize / WordSize;
 /// How many levels a word can have, -32768 to 32767.
 inline constexpr std::size_t LevelCount = 65536;
-/// Where the level 0 stands in a table of all levels.
+/// The index of level 0 in a table of all levels.
 inline constexpr std::size_t LevelZero = 32768;
 
 using SampleBuffer = std::vector<std::int16_t>;
@@ -36,7 +36,7 @@ using SampleBuffer = std::vector<std::int16_t>;
   return std::as_writable_bytes(samples);
 }
 
-/// How many words a loop visits that goes from `position` to `last` by 2.
+/// How many words a loop visits from `position` to `last` in steps of 2 bytes.
 [[nodiscard]] constexpr qint64 WordsUpTo(qint64 position, qint64 last) {
   return last < position ? 0 : (last - position) / WordSize + 1;
 }

@@ -10,18 +10,18 @@
 
 namespace brindle {
 
-// What the toolkit does not tell of a file.
+// What the toolkit does not report about a file.
 
-/// Whether another program keeps others from reading the file: `file` is open, or could not be
-/// opened. False where the system cannot tell.
+/// Whether another program keeps others from reading the file. `file` is either open or could not
+/// be opened. False if the system does not say.
 [[nodiscard]] bool IsLocked(const QFile& file);
 
-/// Bytes of an open file, asked of the system now; the error is its reason for refusing. The
-/// toolkit takes a file whose length it cannot tell for an empty one.
+/// Bytes of an open file, as the system reports them now; the error is its reason for refusing. The
+/// toolkit treats a file of unknown length as empty.
 [[nodiscard]] tl::expected<qint64, QString> LengthOf(const QFile& file);
 
-/// Whether an open file is still what stands at its path. The error is "the file is gone", "the
-/// file was replaced", or the system's reason why it cannot be found out.
+/// Whether an open file is still the one at its path. The error is "the file is gone", "the file
+/// was replaced", or the system's reason for not answering.
 [[nodiscard]] tl::expected<void, QString> CheckAtItsPath(const QFile& file);
 
 /// Whether both paths lead to one existing file: links, relative forms, and letter case where the

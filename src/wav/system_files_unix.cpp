@@ -17,8 +17,8 @@ namespace brindle {
 
 using namespace Qt::StringLiterals;
 
-// Two kinds of locks that do not know of each other: on a whole file, and on its ranges. Neither
-// keeps a file from being opened.
+// Checks two independent kinds of locks: on a whole file, and on its ranges. Neither keeps a file
+// from being opened.
 bool IsLocked(const QFile& file) {
   const int descriptor = file.handle();
   if (flock(descriptor, LOCK_SH | LOCK_NB) == 0) {

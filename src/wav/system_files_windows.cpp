@@ -26,7 +26,7 @@ std::wstring FinalPath(HANDLE handle) {
   return path;
 }
 
-// Some servers number no file.
+// Some servers give files no numbers; then the final paths decide.
 bool AreSameFile(HANDLE one, HANDLE two) {
   BY_HANDLE_FILE_INFORMATION first = {};
   BY_HANDLE_FILE_INFORMATION second = {};
@@ -43,10 +43,11 @@ bool AreSameFile(HANDLE one, HANDLE two) {
 
 }  // namespace
 
-// Either it cannot even be opened as this program opens files, or ranges of it cannot be read.
+// A file is locked if it cannot be opened the way this program opens files, or if ranges of it
+// cannot be read.
 bool IsLocked(const QFile& file) {
   if (!file.isOpen()) {
-    // Opening a device or a pipe could do something.
+    // Opening a device or a pipe could have side effects.
     if (!IsFileAt(file.fileName())) {
       return false;
     }
@@ -85,7 +86,7 @@ tl::expected<void, QString> CheckAtItsPath(const QFile& file) {
   return {};
 }
 
-// Both are held open meanwhile: only so long is a file's number its own.
+// Holds both files open: only while a file is open does its number belong to no other.
 bool LeadToSameFile(const QString& path, const QString& other) {
   if (path.isEmpty() || other.isEmpty()) {
     return false;

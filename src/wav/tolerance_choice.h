@@ -13,20 +13,21 @@
 
 namespace brindle {
 
-/// The slider of the normalizer that says how small a change is not worth a pass. Keeps the choice
-/// in the settings record.
+/// The slider of the normalizer for the smallest change that is worth a pass. Keeps the choice in
+/// the settings record.
 class ToleranceChoice : public QObject {
   Q_OBJECT
 
  public:
   explicit ToleranceChoice(Settings& record);
 
-  /// What stands in the line of the slider, label first.
+  /// The parts of the slider's line, label first.
   [[nodiscard]] QLabel* Caption() { return &Label4; }
   [[nodiscard]] QWidget* Range() { return &Toler; }
   [[nodiscard]] QWidget* Value() { return &TolerTxt; }
 
-  /// A stored tolerance that the slider cannot show moves it to its end, and is used as stored.
+  /// A stored tolerance beyond the slider's range moves the slider to its end, but counts as
+  /// stored.
   void Form_Load();
 
   /// The tolerance that is shown, in percent.

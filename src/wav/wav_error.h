@@ -18,7 +18,7 @@ struct WavError {
   FileError error;
 };
 
-/// What a file gave, or why it could not.
+/// A value from a file, or the reason why there is none.
 template <class Value>
 using WavResult = tl::expected<Value, WavError>;
 

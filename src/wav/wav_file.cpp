@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The toolkit's files take characters.
+// The toolkit's files take characters, not bytes.
 // NOLINTBEGIN(cppcoreguidelines-pro-type-reinterpret-cast): bytes are bytes by either name
 char* Chars(std::byte* bytes) { return reinterpret_cast<char*>(bytes); }
 const char* Chars(const std::byte* bytes) { return reinterpret_cast<const char*>(bytes); }
@@ -104,7 +104,7 @@ WavResult<std::size_t> WavFile::ReadPadded(qint64 position, std::span<std::byte>
   return bytes.size() - rest.size();
 }
 
-// A disk that fills up takes a part first and tells its reason only when asked to take the rest.
+// A disk that fills up first accepts a part, and gives its reason only when asked to take the rest.
 WavResult<void> WavFile::Write(qint64 position, std::span<const std::byte> bytes) {
   if (!SeekTo(position)) {
     return tl::unexpected(SystemError(WavError::Failed::Writing));

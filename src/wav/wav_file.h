@@ -15,36 +15,35 @@
 namespace brindle {
 
 /// A file read and written at positions counted from 1, as the WAV searches count them, without a
-/// buffer in between: what is written is the system's. Only regular files are opened.
+/// buffer in between: written bytes go straight to the system. Opens regular files only.
 class WavFile {
  public:
-  /// Opens what stands at the path.
+  /// Opens the file at the path.
   [[nodiscard]] WavResult<void> OpenForReading(const QString& path);
-  /// Opens what stands at the path for reading and writing; an error is one of writing.
+  /// Opens the file at the path for reading and writing; an error is one of writing.
   [[nodiscard]] WavResult<void> OpenForChanging(const QString& path);
-  /// The same, but makes an empty file where nothing stands.
+  /// The same, but creates an empty file if there is none.
   [[nodiscard]] WavResult<void> OpenOrCreate(const QString& path);
   void Close() { file_.close(); }
 
-  /// Bytes, asked of the system now. What is to be done with them says of which kind its refusal
-  /// is.
+  /// Bytes, as the system reports them now. `failed` is the kind of the error if the system
+  /// refuses: reading or writing, whichever the caller is about to do.
   [[nodiscard]] WavResult<qint64> Length(WavError::Failed failed) const;
-  /// Of an open file, or of one that could not be opened.
+  /// For an open file, or for one that could not be opened.
   [[nodiscard]] bool IsLockedByAnother() const;
 
-  /// The error "the file became shorter" where the file ends before `position`.
+  /// The error is "the file became shorter" if the file ends before `position`.
   [[nodiscard]] WavResult<void> CheckReaches(qint64 position, WavError::Failed failed) const;
-  /// Has the system write out all that was written. Can take long, and runs on any thread while no
+  /// Makes the system write everything to the disk. May take long; may run on any thread while no
   /// other one uses the file.
   [[nodiscard]] WavResult<void> Sync() const;
-  /// An error of writing where the file no longer stands at its path with `length` bytes or more.
+  /// An error of writing if the file is no longer at its path with at least `length` bytes.
   [[nodiscard]] WavResult<void> CheckStands(qint64 length) const;
 
-  /// Fills `bytes` from `position` on. Short of that many it is an error, "the file became
+  /// Fills `bytes` from `position` on. If the file has fewer bytes, the error is "the file became
   /// shorter".
   [[nodiscard]] WavResult<void> Read(qint64 position, std::span<std::byte> bytes);
-  /// The same, but what lies behind the end of the file counts as 0. Gives the bytes that are
-  /// there.
+  /// The same, but bytes after the end of the file count as 0. Returns how many bytes there are.
   [[nodiscard]] WavResult<std::size_t> ReadPadded(qint64 position, std::span<std::byte> bytes);
   [[nodiscard]] WavResult<void> Write(qint64 position, std::span<const std::byte> bytes);
 
@@ -54,7 +53,7 @@ class WavFile {
  private:
   [[nodiscard]] WavResult<void> Open(const QString& path, QIODevice::OpenMode mode,
                                      WavError::Failed failed);
-  /// Makes a reason of the system the error.
+  /// Turns a reason from the system into an error.
   [[nodiscard]] std::function<WavError(const QString& reason)> Because(
       WavError::Failed failed) const;
   [[nodiscard]] WavError BecameShorter(WavError::Failed failed) const;

@@ -38,13 +38,13 @@ struct Tag {
 constexpr Tag Format{"fmt ", "FMT "};
 constexpr Tag Data{"data", "DATA"};
 
-// Where the tag first stands, counted from 0; npos where it does not. Either spelling, but not a
-// mixed one.
+// The position of the first tag, counted from 0; npos if there is none. Finds either spelling, but
+// not a mixed one.
 std::size_t Find(std::string_view bytes, const Tag& tag) {
   return std::min(bytes.find(tag.lower), bytes.find(tag.upper));
 }
 
-// The tag and what belongs to it, where it stands at a position from 1 to `last`.
+// The tag with its block, if it begins at a position from 1 to `last`.
 std::optional<std::string_view> FindBlock(std::string_view bytes, const Tag& tag, std::size_t last,
                                           std::size_t blockSize) {
   const auto at = Find(bytes.substr(0, last - 1 + TagSize), tag);
@@ -117,7 +117,7 @@ tl::expected<WavHeader, WavNotOpened> ReadHeader(const QString& path) {
 
 WavResult<SampleData> LocateData(WavFile& file) {
   constexpr std::size_t step = 65536;
-  // Each piece reaches into the next one, for a data header that lies in both.
+  // Each piece overlaps the next one, for a data header that crosses their border.
   std::string piece(step + DataHeaderSize - 1, '\0');
   for (qint64 position = 1;; position += step) {
     const auto read = file.ReadPadded(position, Bytes(piece));

@@ -18,7 +18,7 @@ constexpr double SecondsPerHour = 3600;
 constexpr double SecondsPerMinute = 60;
 constexpr int ShownDecimals = 2;
 
-// Takes the whole units out of the rounded seconds and leaves the rest of the exact ones.
+// Takes the whole units from the rounded seconds and leaves the rest of the exact seconds.
 double TakeOut(double& seconds, double unit) {
   const auto count = static_cast<double>(IntegerDivided(seconds, unit).value_or(0));
   seconds -= count * unit;
