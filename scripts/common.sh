@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 # SPDX-License-Identifier: MIT
 #
-# What the workshop scripts share. Sourced first: strict mode, the current folder (kept in
-# started_in) changed to the root of the tree, and two ways of saying something.
+# Shared by the other scripts, which source it first: sets strict mode, changes to the root of the
+# tree (started_in keeps the folder the user was in), and defines say and die.
 set -euo pipefail
 started_in=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
