@@ -36,7 +36,7 @@ struct RecordValue {
   std::variant<double Settings::*, std::int16_t Settings::*> field;
 };
 
-/// A test of one calculator window, whose controls it reads as a user sees them.
+/// A test of one calculator window, which reads the controls as a user sees them.
 class CalculatorWindow : public WindowTest {
  protected:
   /// The text of a field, list or label.
@@ -90,10 +90,10 @@ class CalculatorWindow : public WindowTest {
   QPointer<QWidget> window;
 };
 
-/// A test of one calculator window that sees what the window writes into the record.
+/// A test of one calculator window that tracks what the window writes into the record.
 class RecordingWindow : public CalculatorWindow {
  protected:
-  /// The values are those that the window may write.
+  /// `values` are those that the window may write.
   RecordingWindow(WindowId id, std::vector<RecordValue> values)
       : id_(id), values_(std::move(values)) {}
 
@@ -125,7 +125,7 @@ class RecordingWindow : public CalculatorWindow {
     }
     return written;
   }
-  /// The names of those.
+  /// The names of the values written since.
   [[nodiscard]] Names Stored() const {
     Names names;
     for (const auto& [name, value] : Written()) {
@@ -135,10 +135,10 @@ class RecordingWindow : public CalculatorWindow {
   }
 
  private:
-  /// Takes the controls that the tests have at hand, after the window has been opened.
+  /// Finds the controls that the tests use, after the window has been opened.
   virtual void FindControls() {}
 
-  // No window computes these from the figures of a test.
+  // No window computes this number from the figures of a test.
   static double Untouched(double) { return 7.25; }
   static std::int16_t Untouched(std::int16_t) { return 77; }
 

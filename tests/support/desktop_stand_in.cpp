@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// Stands in for a program of the Windows desktop, by whose name it is called: adds a line to the
-// file that BRINDLE_TEST_NOTES names, "NAME|CURRENT FOLDER|HOW ITS WINDOW SHALL BE
-// SHOWN|ARGUMENT|...", and ends with BRINDLE_TEST_EXIT or 0.
+// Replaces a program of the Windows desktop, under that program's name: adds a line to the file
+// that BRINDLE_TEST_NOTES names, "NAME|CURRENT FOLDER|HOW ITS WINDOW IS TO BE SHOWN|ARGUMENT|...",
+// and exits with BRINDLE_TEST_EXIT or 0.
 
 #include <array>
 #include <cstdlib>

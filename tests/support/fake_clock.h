@@ -13,30 +13,30 @@
 
 namespace brindle {
 
-/// A clock that stands still until a test moves it, unless it is told to go on by itself.
+/// A clock that stands still until a test moves it, unless it is set to move by itself.
 class FakeClock : public Clock {
  public:
   [[nodiscard]] double Now() const override { return now_ += secondsPerLook_; }
   [[nodiscard]] float SecondsSinceMidnight() const override;
   void After(double seconds, QObject* context, std::function<void()> action) override;
 
-  /// Moves time on, running what becomes due on the way, each at its own moment.
+  /// Moves time forward, and runs each action that becomes due on the way at its own moment.
   void Advance(double seconds);
 
   /// Time passes while the program is busy: nothing runs.
   void Elapse(double seconds) { now_ += seconds; }
 
-  /// One turn of an event loop: runs what is due now, but nothing that becomes due by that. Whether
-  /// anything was.
+  /// One turn of an event loop: runs the actions that are due now, but none that become due through
+  /// them. Returns whether there were any.
   bool RunDue();
 
-  /// From now on time passes whenever somebody looks at the clock: for loops that wait for it.
+  /// From now on time passes at every look at the clock: for loops that wait for it.
   void AdvanceAtEveryLook(double seconds) { secondsPerLook_ = seconds; }
 
-  /// Sets the time of day, in seconds; it goes on from there with Advance() and wraps at midnight.
+  /// Sets the time of day, in seconds; from there it moves with Advance() and wraps at midnight.
   void SetSecondsSinceMidnight(double seconds) { midnightOffset_ = seconds - now_; }
 
-  /// How many actions wait.
+  /// How many actions are waiting.
   [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
 
  private:

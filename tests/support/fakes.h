@@ -24,8 +24,8 @@
 
 namespace brindle {
 
-/// Message boxes that remember what they were asked and answer as a test has prepared them, each
-/// with what happens while it stands. A box that was not prepared fails the test.
+/// Message boxes that remember each question and give the answers that the test has prepared, each
+/// after an action that runs while the box is open. A box that was not prepared fails the test.
 class FakeBoxes : public MessageBoxes {
  public:
   struct Asked {
@@ -34,8 +34,8 @@ class FakeBoxes : public MessageBoxes {
     QWidget* owner = nullptr;
   };
 
-  /// The next box gets this answer, after `meanwhile` was done. Without an answer the program went
-  /// away; a box whose owner was closed meanwhile gets none either.
+  /// The next box gets this answer, after `meanwhile` has run. No answer means that the program
+  /// ended; a box whose owner was closed meanwhile gets no answer either.
   void Answer(std::optional<BoxAnswer> answer, std::function<void()> meanwhile = {}) {
     prepared_.push_back({answer, std::move(meanwhile)});
   }
@@ -74,8 +74,8 @@ class FakeBoxes : public MessageBoxes {
   std::deque<Prepared> prepared_;
 };
 
-/// File dialogs that remember what they were opened with and give the prepared paths. A dialog that
-/// no path was prepared for fails the test.
+/// File dialogs that remember how they were opened and return the prepared paths. A dialog without
+/// a prepared path fails the test.
 class FakeDialogs : public FileDialogs {
  public:
   void AskForExisting(QWidget*, const FileQuestion& question, const WhenChosen& chosen) override {
@@ -87,7 +87,7 @@ class FakeDialogs : public FileDialogs {
     Next(question, chosen);
   }
 
-  std::deque<QString> paths;  ///< an empty one is Cancel
+  std::deque<QString> paths;  ///< an empty path means Cancel
   std::vector<FileQuestion> asked;
   std::vector<QString> suffixes;
 
@@ -106,7 +106,7 @@ class FakeDialogs : public FileDialogs {
   }
 };
 
-/// A desktop that remembers what it was asked for.
+/// A desktop that remembers every request.
 class FakeDesktop : public Desktop {
  public:
   void Beep() override { ++beeps; }
@@ -127,10 +127,10 @@ class FakeDesktop : public Desktop {
   int calculators = 0;
   std::vector<std::string> pages;
   std::vector<std::string> addresses;
-  std::vector<QWidget*> askers;  ///< of everything but the beeps
+  std::vector<QWidget*> askers;  ///< of every request except the beeps
 };
 
-/// A registry of one key with named values, which remembers what was done to it in order.
+/// A registry of one key with named values, which remembers every call in order.
 class FakeRegistry : public Registry {
  public:
   Result OpenKey(RegistryRoot, const QString& subKey, Key& opened) override {

@@ -12,11 +12,12 @@ namespace brindle {
 /// The events of a window's table of handlers.
 enum class Event { Click, KeyPress, KeyUp, GotFocus, LostFocus, MouseDown, MouseUp };
 
-/// What a test list calls the event: "KeyLetGo".
+/// The name of the event in a test list: "KeyLetGo".
 [[nodiscard]] std::string EventName(Event event);
 
-/// Brings the window to where Cause() causes this event alone: the focus on the control, or on
-/// `elsewhere` where it is to come from there, and the mouse button down where it is to be let go.
+/// Prepares the window so that Cause() causes this event alone: moves the focus to the control, or
+/// to `elsewhere` if it is to come from there, and presses the mouse button if it is to be
+/// released.
 void Prepare(Event event, QWidget* control, QWidget* elsewhere);
 
 /// Causes one event of a control, as a user does. That of a list picks its next entry.

@@ -19,25 +19,25 @@
 
 namespace brindle {
 
-/// What an event does, by name: "MLength", or "MLength=1" where the text or number counts too.
+/// The effects of an event, by name: "MLength", or "MLength=1" if the text or number counts, too.
 using Effects = std::set<std::string>;
 
 const inline Effects Nothing;
 
-/// One event of one control and all that it does. A row states only what happens: one of a control
-/// and an event is an event without a handler.
+/// One event of one control and everything that it does. A row states only what happens: a row with
+/// just a control and an event is an event without a handler.
 struct HandlerRow {
   std::string control;
   Event event = Event::Click;
   bool recomputes = false;
   Effects stores = {};                        ///< values of the record
-  std::optional<Effects> storesOfEmpty = {};  ///< the same with empty fields, where it differs
-  Effects fills = {};  ///< the fields that hold something afterwards, all of them empty before
+  std::optional<Effects> storesOfEmpty = {};  ///< the same with empty fields, if it differs
+  Effects fills = {};  ///< the fields that are filled afterwards; all are empty before
 };
 
 void PrintTo(const HandlerRow& row, std::ostream* out);
 
-/// "Video0KeyLetGo": what a test list calls an event of a control.
+/// The name of a control's event in a test list: "Video0KeyLetGo".
 [[nodiscard]] std::string EventOfControl(const std::string& control, Event event);
 
 /// Names a test by the control and the event of its row.
@@ -45,26 +45,26 @@ constexpr auto RowName = [](const auto& instance) {
   return EventOfControl(instance.param.control, instance.param.event);
 };
 
-/// The rows of events without a handler: each of the events of each of the controls.
+/// Rows for events without a handler: each of the events for each of the controls.
 [[nodiscard]] std::vector<HandlerRow> WithoutHandler(const std::vector<std::string>& controls,
                                                      const std::vector<Event>& events);
 
 inline auto Rows(const std::vector<HandlerRow>& rows) { return ::testing::ValuesIn(rows); }
 
-/// What happened, said as precisely as the row says it.
+/// What happened, in as much detail as the row states.
 [[nodiscard]] Effects AsStated(const std::map<std::string, std::string>& happened,
                                const Effects& stated);
 [[nodiscard]] Effects AsStated(const std::map<std::string, double>& happened,
                                const Effects& stated);
 
-/// A test of the handler table of a window: each row opens the window, causes its event and finds
-/// all that it says, and nothing else.
+/// A test of the handler table of a window: each row opens the window, causes its event and expects
+/// all that it states, and nothing else.
 template <class Window>
 class HandlerTable : public Window, public ::testing::WithParamInterface<HandlerRow> {
  protected:
   using ::testing::WithParamInterface<HandlerRow>::GetParam;
 
-  /// Opens the window and brings it to where the row's event comes alone. The focus comes from, or
+  /// Opens the window and prepares it so that the row's event comes alone. The focus comes from, or
   /// goes to, the control `elsewhere`, which has no handlers.
   void OpenForRow(const QString& elsewhere) {
     this->OpenCalculator();
@@ -88,7 +88,7 @@ class HandlerTable : public Window, public ::testing::WithParamInterface<Handler
     Cause(GetParam().event, target_, elsewhere_);
   }
 
-  /// Whether the record got what the row says, and nothing else.
+  /// Expects that the record got what the row states, and nothing else.
   void ExpectStores() const {
     EXPECT_EQ(AsStated(this->Written(), GetParam().stores), GetParam().stores);
   }
@@ -97,7 +97,7 @@ class HandlerTable : public Window, public ::testing::WithParamInterface<Handler
     EXPECT_EQ(AsStated(this->Written(), stores), stores);
   }
 
-  /// Whether those of the fields hold something that the row says, and no other.
+  /// Expects that the fields that the row states are filled, and no others.
   void ExpectFills(const Names& names) const {
     std::map<std::string, std::string> texts;
     for (const auto& name : names) {

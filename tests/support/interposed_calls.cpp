@@ -21,7 +21,7 @@ namespace {
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): the calls are the process's
 std::atomic<InterposedCalls*> interposed{nullptr};
 std::atomic<ino_t> syncedFile{0};
-// What an answer itself asks of the system goes through.
+// System calls made by an answer itself go through.
 thread_local bool isAnswering = false;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
@@ -38,14 +38,14 @@ std::string PathOf(int handle) {
   return length < 0 ? std::string() : std::string(path.data(), static_cast<std::size_t>(length));
 }
 
-// The number of the file that a descriptor stands for; 0 where there is none.
+// The number of the file behind a descriptor; 0 if there is none.
 ino_t FileOf(int handle) {
   using Fstat = int (*)(int, struct stat*);
   struct stat found = {};
   return TheSystems<Fstat>("fstat")(handle, &found) == 0 ? found.st_ino : 0;
 }
 
-// Whether the call is to fail, with its error number set.
+// Whether the call is to fail; sets its error number then.
 bool IsToFail(InterposedCalls::Answer InterposedCalls::*answer, const std::string& path) {
   auto* calls = interposed.load();
   if (calls == nullptr || !(calls->*answer)) {
@@ -102,7 +102,7 @@ int close(int handle) {
     syncedFile = 0;
     if (IsToFail(&InterposedCalls::closeOfSyncedFile, PathOf(handle))) {
       const int error = errno;
-      TheSystems<int (*)(int)>("close")(handle);  // which frees the descriptor all the same
+      TheSystems<int (*)(int)>("close")(handle);  // frees the descriptor although the call fails
       errno = error;
       return -1;
     }

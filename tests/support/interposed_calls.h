@@ -8,9 +8,10 @@
 
 namespace brindle {
 
-/// Stands between the test program and the system for as long as it lives; one at a time. Each
-/// function is asked before its call with the path of the file, and makes the call fail with the
-/// error number it gives; 0 lets the call through. `sync` and `length` may be asked by any thread.
+/// Intercepts calls from the test program to the system for as long as it lives; only one may live
+/// at a time. Each function is asked before its call, with the path of the file, and makes the call
+/// fail with the error number that it returns; 0 lets the call through. Any thread may ask `sync`
+/// and `length`.
 class InterposedCalls {
  public:
   using Answer = std::function<int(const std::string& path)>;
@@ -25,8 +26,8 @@ class InterposedCalls {
   Answer sync;               ///< fdatasync()
   Answer closeOfSyncedFile;  ///< the first close() of any descriptor after its sync
   Answer length;             ///< fstat()
-  Answer rename;             ///< rename(), with the path that it has before
-  /// Told when a read() has been done; it fails no call.
+  Answer rename;             ///< rename(), with the old path
+  /// Called after each read(); it makes no call fail.
   std::function<void(const std::string& path)> afterRead;
 };
 

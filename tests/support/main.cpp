@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// The main of every test program: an application without a screen, in its own small world, in which
-// no box that nobody expects stands for long.
+// The main of every test program: an application without a screen, with folders of its own, in
+// which no unexpected box stays open for long.
 
 #include <chrono>
 #include <clocale>
@@ -19,11 +19,11 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
-  // A test drives what is the toolkit's, not a dialog of the system.
+  // Tests can drive the toolkit's dialogs, but not those of the system.
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  // A run that is to prove something about the decimal comma must really have it.
+  // A run that is to test the decimal comma must really have it.
   if (qEnvironmentVariableIsSet("BRINDLE_EXPECT_COMMA") &&
       std::strcmp(std::localeconv()->decimal_point, ",") != 0) {
     std::cerr << "the locale of this run does not write a decimal comma\n";

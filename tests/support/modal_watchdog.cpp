@@ -20,7 +20,7 @@ namespace {
 
 constexpr int LooksInTheLimit = 20;
 
-int expecting = 0;  // how many ModalsMayStand live
+int expecting = 0;  // the number of living ModalsMayStand
 
 std::string RunningTest() {
   const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
@@ -34,7 +34,7 @@ std::string Description(const QWidget* modal) {
          "', \"" + text.toStdString() + '"';
 }
 
-// A message box without a Cancel refuses to be closed, but can be rejected.
+// A message box without a Cancel button refuses to be closed, but can be rejected.
 void Close(const QPointer<QWidget>& modal) {
   if (auto* dialog = qobject_cast<QDialog*>(modal)) {
     dialog->reject();

@@ -13,8 +13,8 @@
 
 namespace brindle {
 
-/// Fails the running test, by its name, when a modal widget stands longer than the limit, and
-/// closes the widget, so that the run goes on. Looks at it in real time, from any event loop.
+/// Fails the running test, by its name, if a modal widget stays open longer than the limit, and
+/// closes the widget, so that the run continues. Checks in real time, in any event loop.
 class ModalWatchdog : public QObject {
  public:
   explicit ModalWatchdog(std::chrono::milliseconds limit);
@@ -35,7 +35,8 @@ class ModalWatchdog : public QObject {
   QElapsedTimer since_;
 };
 
-/// As long as this lives, modal widgets may stand: for a test that expects one for long.
+/// As long as this lives, modal widgets may stay open: for a test that expects one to do so for
+/// long.
 class ModalsMayStand {
  public:
   ModalsMayStand();

@@ -23,8 +23,8 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-// Does something after the event loop has turned so often that a watchdog without any patience has
-// looked many times.
+// Does something after so many turns of the event loop that a watchdog with no patience at all has
+// checked many times.
 class AfterManyTurns : public QObject {
  public:
   explicit AfterManyTurns(std::function<void()> action) : action_(std::move(action)) {

@@ -7,11 +7,11 @@
 #include <string>
 
 namespace brindle {
-// In the unnamed namespace of the file that includes this, where the test framework looks for the
-// printer of the types that stand there.
+// In the unnamed namespace of the file that includes this: there the test framework looks for the
+// printer of that file's types.
 namespace {
 
-/// A row of a table of cases: its name is what a test list and a failure call it.
+/// A row of a table of cases; its name appears in test lists and failures.
 template <class Case>
 concept Named = requires(const Case& row) {
   row.name;

@@ -20,9 +20,9 @@
 
 namespace brindle {
 
-/// What the superuser can always do proves nothing. Gives the folder and the files directly in it
-/// to an unprivileged user and runs the check as that user, who must be able to hinder himself;
-/// what it finds fails the test. Where privileges cannot be dropped, the test counts as skipped.
+/// A check that the superuser always passes proves nothing. This gives the folder and the files
+/// directly in it to an unprivileged user, who can deny access to himself, and runs the check as
+/// that user; its findings fail the test. If privileges cannot be dropped, the test is skipped.
 inline void ExpectNoFindingsAsNobody(const TemporaryFolder& folder,
                                      const std::function<void(Findings&)>& check) {
   constexpr uid_t nobody = 65534;

@@ -61,7 +61,7 @@ void Wheel(QWidget* widget, int steps) {
   const auto middle = widget->rect().center();
   QWheelEvent event(middle, widget->mapToGlobal(middle), {}, {0, steps * 120}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
-  // As if it came from the window system: only such a wheel may bring the focus.
+  // Marked as coming from the window system: only such a wheel event may move the focus.
   QSpontaneKeyEvent::setSpontaneous(&event);
   QApplication::instance()->notify(widget, &event);
 }

@@ -9,14 +9,14 @@
 
 namespace brindle {
 
-// What a person does with a mouse and a keyboard. Events enter through the window, as those of the
-// window system do; they find their widget, move the focus and hold the mouse the way real ones do.
+// The actions of a person with a mouse and a keyboard. Events enter through the window, like those
+// of the window system: they find their widget, move the focus and grab the mouse as real ones do.
 
-/// Presses and lets go in the middle of the widget.
+/// Presses and releases in the middle of the widget.
 void Click(QWidget* widget, Qt::MouseButton button = Qt::LeftButton);
 void DoubleClick(QWidget* widget);
 void Press(QWidget* widget, Qt::MouseButton button = Qt::LeftButton);
-/// Lets go over the widget; the button pressed before hears of it wherever that is.
+/// Releases over the widget; the button that was pressed is notified wherever that is.
 void LetGo(QWidget* widget, Qt::MouseButton button = Qt::LeftButton);
 void MoveTo(QWidget* widget, QPoint position);
 void Wheel(QWidget* widget, int steps);
@@ -35,7 +35,7 @@ void TypeOver(const QString& text);
 /// Puts the text on the clipboard and pastes it with the keyboard.
 void Paste(const QString& text);
 
-/// Takes the focus to the widget by pressing Tab until it is there; fails the test after a round.
+/// Moves the focus to the widget by pressing Tab until it is there; fails the test after one round.
 void TabTo(QWidget* widget);
 
 }  // namespace brindle

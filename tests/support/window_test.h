@@ -18,21 +18,21 @@
 namespace brindle {
 
 /// A test that opens real windows on a record of its own (the built-in settings), with a clock that
-/// it moves itself. It fails when a message box stands that it did not expect.
+/// it moves itself. It fails if an unexpected message box opens.
 class WindowTest : public ::testing::Test {
  protected:
   WindowTest();
 
-  /// Opens the window and waits until keys go to it.
+  /// Opens the window and waits until it gets the keys.
   QWidget* Open(WindowId id);
 
-  /// Handles events until nothing waits for its turn any more: a pass of the normalizer has ended.
+  /// Handles events until none are pending: a pass of the normalizer has ended then.
   void RunToRest();
 
   /// Waits until the window is shown and active.
   static void WaitForActive(QWidget* window);
 
-  /// The control of this name in the window; fails the test when there is none.
+  /// The control of this name in the window; fails the test if there is none.
   template <class Control = QWidget>
   static Control* Find(const QWidget* window, const QString& name) {
     auto* control = window->findChild<Control*>(name);

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
-// with_environment PROGRAM [ARGUMENT...]: runs a Windows program in which every variable WITH_NAME
-// of the environment is there as NAME, too, and ends with its code. Wine keeps those of the toolkit
-// (QT_...) from programs.
+// with_environment PROGRAM [ARGUMENT...]: runs a Windows program with every environment variable
+// WITH_NAME also set as NAME, and exits with its code. This is needed because Wine hides the
+// toolkit's own variables (QT_...) from programs.
 
 #include <cwchar>
 #include <string>
@@ -26,7 +26,8 @@ void SetVariables() {
   FreeEnvironmentStringsW(block);
 }
 
-// What follows this program's own name, which may stand in quotes, as it was written.
+// The rest of the command line after this program's own name, which may be in quotes, exactly as
+// written.
 std::wstring RestOfCommandLine() {
   std::wstring line(GetCommandLineW());
   const auto end = line.starts_with(L'"') ? line.find(L'"', 1) + 1 : line.find(L' ');
