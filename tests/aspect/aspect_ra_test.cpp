@@ -41,10 +41,10 @@ enum Mode { Free, Standard, Custom };
 struct OpeningCase {
   std::string name;
   void (*change)(Settings& record) = nullptr;  // of the built-in settings
-  int option = -1;                             // the selected one
+  int option = -1;                             // selected
   std::string enabled;
-  std::string standard;  // what AR1 shows
-  std::string custom;    // what AR2 shows, and what is stored of it
+  std::string standard;  // shown in AR1
+  std::string custom;    // shown in AR2, and stored
   std::string figures;
 };
 
@@ -63,7 +63,8 @@ TEST_P(Opening, ShowsTheRecordAsFarAsItCan) {
   EXPECT_EQ(MODUL->currentText(), u"16"_s);
   EXPECT_EQ(record.ResolutionIncrement, 16);
   EXPECT_EQ(record.CustomAspect, SingleOf(expected.custom));
-  // The rest is as it was: what lies outside its range is shown otherwise, but not stored so.
+  // The rest of the record is unchanged: values out of range are shown differently, but not stored
+  // so.
   EXPECT_EQ(record.ResHorizontal, before.ResHorizontal);
   EXPECT_EQ(record.ResVertical, before.ResVertical);
   EXPECT_EQ(record.AspectMode, before.AspectMode);
@@ -458,7 +459,7 @@ TEST_F(AspectRaTest, TheFieldChangedWhileItIsDisabledIsStoredButLinksNothing) {
   EXPECT_TRUE(HRES->hasFocus());
 }
 
-// Counts how often what it watches is enabled or disabled.
+// Counts how often the watched widgets are enabled or disabled.
 class EnablingCounter : public QObject {
  public:
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -562,7 +563,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "624x352 219648 858 1.773 -0.28%"}),
     NameOf);
 
-// The slider that the user moves stays where it was put.
+// The slider that the user moves stays where the user put it.
 INSTANTIATE_TEST_SUITE_P(
     OutOfRange, MovedSlider,
     ::testing::Values(SliderCase{"WidthTooLarge", Standard, 1, "VRES", Qt::Key_End,
@@ -633,7 +634,7 @@ TEST_F(AspectRaTest, SlidersMovedByAToolSnapAndLink) {
   EXPECT_EQ(StoredResolution(), "720x560");
 }
 
-// Where the handle stands, in the slider.
+// The place of the handle in the slider.
 QPoint HandleOf(const QSlider* slider) {
   QStyleOptionSlider option;
   option.initFrom(slider);
@@ -660,7 +661,7 @@ TEST_F(AspectRaTest, ClickingBesideTheHandleMovesOneStep) {
   EXPECT_EQ(StoredResolution(), "704x400");
 }
 
-// Drags the handle across the whole slider and tells every value on the way.
+// Drags the handle across the whole slider and reports every value on the way.
 template <class Check>
 std::set<int> Drag(Slider* slider, const Check& check) {
   std::set<int> values;

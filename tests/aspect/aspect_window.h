@@ -49,7 +49,7 @@ class AspectWindow : public RecordingWindow {
     return Find(window, QStringLiteral("AspectR(%1)").arg(index));
   }
 
-  /// The index of the selected option, -1 where none is.
+  /// The index of the selected option, -1 if there is none.
   [[nodiscard]] int SelectedOption() const {
     int selected = -1;
     for (int index = 0; index < 3; ++index) {
@@ -66,7 +66,8 @@ class AspectWindow : public RecordingWindow {
     return std::string(AR1->isEnabled() ? "AR1" : "") + (AR2->isEnabled() ? "AR2" : "");
   }
 
-  /// What the labels say: "592x336 198912 777 1.762 -0.9%". The sliders must stand there.
+  /// The texts of the labels: "592x336 198912 777 1.762 -0.9%". Expects the sliders to be at that
+  /// resolution.
   [[nodiscard]] std::string Figures() const {
     EXPECT_EQ(Text("HRESL"), std::to_string(HRES->value()));
     EXPECT_EQ(Text("VRESL"), std::to_string(VRES->value()));
@@ -80,7 +81,7 @@ class AspectWindow : public RecordingWindow {
   }
   [[nodiscard]] std::string Shown() const { return Text("HRESL") + "x" + Text("VRESL"); }
 
-  /// Takes the focus to a control and presses keys there.
+  /// Moves the focus to a control and presses keys there.
   static void PressKeys(QWidget* control, std::initializer_list<Qt::Key> keys) {
     TabTo(control);
     for (const auto key : keys) {

@@ -201,7 +201,7 @@ TEST_P(Statistics, OfAFrame) {
 
 constexpr auto None = std::nullopt;
 
-// The remainder of the height rounds both factors up, that of the width none.
+// A remainder of the height rounds both factors up, and a remainder of the width neither.
 INSTANTIATE_TEST_SUITE_P(
     Blocks, Statistics,
     ::testing::Values(FrameCase{"NoRemainder", 720, 576, 0, 414720, 1620, 1.25, None},

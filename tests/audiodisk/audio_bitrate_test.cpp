@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
                       SuggestionCase{"JustBelow320", 319.999, "256kbps (Excellent)"}),
     NameOf);
 
-// Exactly the largest standard bitrate deliberately suggests nothing.
+// Exactly the largest standard bitrate deliberately suggests nothing, as it always has.
 INSTANTIATE_TEST_SUITE_P(Largest, Suggests,
                          ::testing::Values(SuggestionCase{"At320", 320, ""},
                                            SuggestionCase{"JustAbove320", 320.01,

@@ -445,7 +445,7 @@ TEST_F(AudioSpinning, HoldingStepsWithoutRecomputingUntilTheEnd) {
   EXPECT_EQ(record.MovieLength, 101);
   LetGo(plus);
   clock.Advance(1);
-  EXPECT_EQ(Text("MLength"), "105");  // the step behind the release
+  EXPECT_EQ(Text("MLength"), "105");  // the step after the release
   EXPECT_EQ(record.MovieLength, 105);
   EXPECT_TRUE(MLength->hasFocus());
 }

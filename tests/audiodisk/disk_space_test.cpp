@@ -28,7 +28,7 @@ TEST_P(FactorOfCodec, FollowsItsFormula) {
   EXPECT_EQ(VideoFactorOf(GetParam().option), GetParam().expected);
 }
 
-// Every factor is a sum of few powers of two, so that no digit is lost.
+// Every factor is a sum of few powers of two, so no digit is lost.
 INSTANTIATE_TEST_SUITE_P(Options, FactorOfCodec,
                          ::testing::Values(FactorCase{"Version3", 0, 1},
                                            FactorCase{"Versions4And5", 1, 0.9765625},

@@ -40,7 +40,7 @@ const Names Fields{"MLength", "MP2", "Video1", "Video2"};
 
 class HdHandlers : public HandlerTable<HdWindow> {
  protected:
-  // Opens the window so that the control is enabled, and an option not selected yet.
+  // Opens the window with the control enabled and, for an option, not yet selected.
   void OpenEnabled() {
     const auto& control = GetParam().control;
     SetFilm();
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
           {.control = "MP2", .event = Event::MouseUp}}),
     RowName);
 
-// Where the button is let go its field gets the focus: the running time's own handler then fills
+// When the button is released its field gets the focus: the running time's own handler then fills
 // the two others.
 INSTANTIATE_TEST_SUITE_P(
     SpinButtons, HdHandlers,
@@ -217,7 +217,7 @@ INSTANTIATE_TEST_SUITE_P(ClicksOnOptions, HdHandlers,
                                 .stores = {"HDAudioType=2"}}}),
                          RowName);
 
-// Letting the mouse go is the click.
+// Releasing the mouse is the click.
 INSTANTIATE_TEST_SUITE_P(Options, HdHandlers,
                          Rows(WithoutHandler({"Video(0)", "Video(1)", "DivX(0)", "DivX(1)",
                                               "Audio(0)", "Audio(1)", "Audio(2)"},
@@ -742,7 +742,7 @@ TEST_F(HDCalcTest, StrangeOptionsTogetherShowNothing) {
   EXPECT_EQ(Text("Result"), "879");
 }
 
-// The fields of the window, and where each keeps its number.
+// The fields of the window, and the value of the record that each sets.
 struct StoreCase {
   const char* name;
   double Settings::*stored;
@@ -755,7 +755,7 @@ const std::vector<StoreCase> Stores{{"Video1", &Settings::HDVideoBitrate},
 
 class HdField : public HdWindow {
  protected:
-  // Opens the window so that the field is enabled and has the focus.
+  // Opens the window with the field enabled and focused.
   void OpenIn(const std::string& name) {
     SetFilm();
     record.HDVideoMode = name == "Video2" ? 1 : 0;
@@ -897,7 +897,7 @@ TEST_P(LettingGoOverTheList, ChangesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(List, LettingGoOverTheList, ::testing::Values(Stores.back()), NameOf);
 
-// What a spin button does to the number of its field.
+// The effect of a spin button on the number in its field.
 struct StepCase {
   const char* name;
   const char* button;

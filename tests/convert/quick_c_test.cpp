@@ -85,7 +85,8 @@ INSTANTIATE_TEST_SUITE_P(
           {.control = "Frames", .event = Event::MouseUp}}),
     RowName);
 
-// A press fills all four sizes with 0; tidying then blanks a 0 that is neither pressed nor bytes.
+// A press fills all four sizes with 0; tidying then blanks a 0, except in bytes and in the pressed
+// field.
 INSTANTIATE_TEST_SUITE_P(
     SizeFields, QuickHandlers,
     Rows({{.control = "B", .event = Event::KeyPress, .stores = Quick, .fills = {"KB", "MB", "GB"}},
@@ -123,8 +124,8 @@ INSTANTIATE_TEST_SUITE_P(
           {.control = "GB", .event = Event::MouseUp, .stores = Quick, .fills = {"B", "KB", "MB"}}}),
     RowName);
 
-// What one event makes of a value above the field's limit, and which values of the record it
-// writes. Where the fields are normalized first, minutes and seconds are carried instead.
+// The result of one event for a value above the field's limit, and the values of the record that
+// the event writes. If the fields are normalized first, minutes and seconds are carried instead.
 struct LimitRow {
   std::string control;
   Event event = Event::KeyUp;
@@ -148,7 +149,7 @@ TEST_P(QuickLimits, DropDigits) {
   Forget();
 
   if (event == Event::KeyPress) {
-    KeyDown(Qt::Key_Return);  // a key that leaves the text as its handler made it
+    KeyDown(Qt::Key_Return);  // this key does not change the text itself
   } else {
     Cause(event, field, Systems.front());
   }
@@ -454,8 +455,8 @@ TEST_P(QuickHugeRecord, ShowsOnlyNumbersAndTakesNewOnes) {
 INSTANTIATE_TEST_SUITE_P(Each, QuickHugeRecord,
                          ::testing::Values(1e17, 1e300, 1.7e308, -1e17, -1.7e308));
 
-// What is typed over a field, and what stands in all of them, first while it is typed, then when
-// the field is left. An empty text is deleted instead.
+// A text typed over a field, and the contents of all fields: first while it is typed, then when the
+// field is left. An empty text means deleting.
 struct TypedCase {
   std::string name;
   std::string field;
@@ -559,7 +560,7 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"Emptied", "Min", "", "0:0:00.00  0", "0:0:0 0 0", 0}),
     NameOf);
 
-// The time is shown in hundredths of a second, and stands for the frames.
+// The time is shown in hundredths of a second, but it counts as exactly that of the frames.
 INSTANTIATE_TEST_SUITE_P(
     Frames, QuickTyping,
     ::testing::Values(TypedCase{"OfNtsc", "Frames", "150000", "1:23:25.01 83.417 150000",
@@ -781,7 +782,7 @@ TEST_F(QuickTimes, ConvertBackAtTheChosenRate) {
   EXPECT_EQ(Time(), "0:1:00.00 1 1798");
 }
 
-// A frame-rate system that there is none of.
+// A frame-rate system that does not exist.
 class QuickUnknownSystem : public QuickWindow, public ::testing::WithParamInterface<std::int16_t> {
  protected:
   void SetUp() override {
@@ -829,7 +830,7 @@ TEST_P(QuickUnknownSystem, ConvertsTheKeptTimeOnceASystemIsChosen) {
 
 INSTANTIATE_TEST_SUITE_P(Each, QuickUnknownSystem, ::testing::Values<std::int16_t>(7, -1, 32767));
 
-// What is typed over a field of the size, and what stands in all four, first while it is typed,
+// A text typed over one of the size fields, and the contents of all four: first while it is typed,
 // then when the field is left.
 struct SizeCase {
   std::string name;
@@ -885,7 +886,7 @@ INSTANTIATE_TEST_SUITE_P(
                       SizeCase{"ClearedGigabytes", "GB", "", "0|0|0|", 0, "0|0|0|0"}),
     NameOf);
 
-// The stored megabytes have the decimals that the tidying takes from the field.
+// The stored megabytes keep the decimals that tidying removes from the field.
 INSTANTIATE_TEST_SUITE_P(
     Large, QuickSizes,
     ::testing::Values(

@@ -44,7 +44,7 @@ class QuickWindow : public RecordingWindow {
     return Text("B") + "|" + Text("KB") + "|" + Text("MB") + "|" + Text("GB");
   }
 
-  /// The names of the fields that hold something.
+  /// The names of the fields that are not empty.
   [[nodiscard]] std::set<std::string> Filled() const {
     std::set<std::string> names;
     for (const auto* name : FieldNames) {
@@ -65,7 +65,7 @@ class QuickWindow : public RecordingWindow {
     return true;
   }
 
-  /// The index of the selected frame-rate system, -1 where none is.
+  /// The index of the selected frame-rate system, -1 if there is none.
   [[nodiscard]] int SelectedSystem() const {
     for (std::size_t i = 0; i < Systems.size(); ++i) {
       if (Systems.at(i)->isChecked()) {
@@ -75,7 +75,7 @@ class QuickWindow : public RecordingWindow {
     return -1;
   }
 
-  /// Types over what stands in the field; an empty text is deleted instead.
+  /// Types over the contents of the field; an empty text means deleting.
   void Enter(const std::string& name, const std::string& text) {
     FieldNamed(name)->setFocus();
     Key(Qt::Key_A, Qt::ControlModifier);
@@ -91,10 +91,10 @@ class QuickWindow : public RecordingWindow {
     Paste(text);
   }
 
-  /// Leaves the field that has the focus, for a control that has no handler of the focus.
+  /// Moves the focus away to a control that has no handler for it.
   void Leave() { Systems.front()->setFocus(); }
 
-  /// A recomputation shows in what it stores.
+  /// A recomputation is visible in what it stores.
   void ArmRecomputation() {}
 
   std::array<QRadioButton*, 3> Systems{};

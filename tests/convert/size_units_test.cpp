@@ -80,7 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
                   {"0.0000000001024", "1e-13", "9.765625E-17", "9.5367431640625E-20"}}),
     NameOf);
 
-// In each row a step from the rounded text before it would end in another digit.
+// In each row, computing a unit from the rounded text of the one before would give another last
+// digit.
 INSTANTIATE_TEST_SUITE_P(NoStepRounds, SizesFromOneUnit,
                          ::testing::Values(SizesCase{"FromBytes",
                                                      SizeUnit::B,

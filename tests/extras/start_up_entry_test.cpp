@@ -29,7 +29,7 @@ constexpr auto RunKey = "open SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run"
 constexpr auto Success = "GAIN spyware was successfully disabled.";
 constexpr auto Failure = "Error disabling GAIN spyware.";
 
-// Boxes that note among what is done to the registry when they stand.
+// Boxes that add themselves to the list of registry calls when they open.
 class NotingBoxes : public FakeBoxes {
  public:
   explicit NotingBoxes(Done& done) : done_(done) {}

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 class DefaultWTest : public MainWindow {
  protected:
-  // The window of the "Load Defaults" button, after some values have been changed.
+  // Opens the window of the "Load Defaults" button after some values have been changed.
   void Ask() {
     Start();
     record.MovieLength = 125.5;

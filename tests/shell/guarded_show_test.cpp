@@ -27,7 +27,7 @@ void PrintTo(const GuardedCase& row, std::ostream* out) { *out << row.button; }
 // The two buttons whose window may lack a shared library on the user's system.
 class GuardedShow : public MainWindow, public ::testing::WithParamInterface<GuardedCase> {
  protected:
-  // Starts the program with a window whose creation fails, half made, with this description.
+  // Starts the program with a window whose creation fails halfway, with this description.
   void StartWithFailure(const std::string& description) {
     windows.Add(GetParam().opens, [this, description]() -> std::unique_ptr<Form> {
       ++made;

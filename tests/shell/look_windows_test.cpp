@@ -16,7 +16,7 @@ namespace {
 
 std::string StyleName() { return QApplication::style()->name().toLower().toStdString(); }
 
-// The style that is in force once events have been handled.
+// The style in force after events have been handled.
 std::string StyleWith(const QPalette& palette) {
   QApplication::setPalette(palette);
   QTest::qWait(0);

@@ -29,7 +29,7 @@ using NameList = std::vector<std::string>;
 
 constexpr auto NameOf = [](const auto& instance) { return std::string(instance.param.name); };
 
-// A control of the main window as the user finds it. One without a caption carries a picture.
+// A control of the main window as the user finds it. A control without a caption has a picture.
 struct ControlCase {
   const char* name = "";
   const char* frame = "";

@@ -22,12 +22,12 @@
 namespace brindle {
 namespace {
 
-// Runs a check on a main window in a child process, whose limits and user it may change.
+// Runs a check on a main window in a child process, so that it may change its limits and its user.
 class MainWindowInChild : public MainWindow {
  protected:
   static constexpr uid_t Nobody = 65534;
 
-  // What the superuser can always do proves nothing: the check runs without privileges.
+  // The superuser passes every check of access, so the check runs without privileges.
   void ExpectNoFindingsOfOrdinaryUser(const std::function<void(Findings&)>& check) {
     const std::string cannotProve = "cannot prove: ";
     if (geteuid() == 0) {

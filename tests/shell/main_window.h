@@ -49,8 +49,8 @@ inline std::vector<QWidget*> Standing(const QString& name) {
   return found;
 }
 
-/// The main window on a program folder of its own, which a test may fill before Start(). The record
-/// is that of a program that has only just been started.
+/// The main window with a program folder of its own, which a test may fill before Start(). The
+/// record is that of a program that has just been started.
 class MainWindow : public WindowTest {
  protected:
   MainWindow() {
@@ -87,18 +87,20 @@ class MainWindow : public WindowTest {
     ASSERT_EQ(file.write(QByteArray::fromStdString(bytes)), static_cast<qint64>(bytes.size()));
   }
 
-  /// Where the file stands or would stand, a folder that even the superuser cannot replace by it.
+  /// Puts a folder where the file is or would be; not even the superuser can replace that by a
+  /// file.
   void PutFolderInTheWay() const {
     QFile::remove(PathOf("Brindle2.ini"));
     ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("Brindle2.ini/inner")));
   }
 
-  /// "Cannot read PATH: " or "Cannot write PATH: ", which a reason follows.
+  /// "Cannot read PATH: " or "Cannot write PATH: "; the reason comes after it.
   [[nodiscard]] std::string Cannot(const char* verb, const char* name = "Brindle2.ini") const {
     return std::string("Cannot ") + verb + " " +
            QDir::toNativeSeparators(PathOf(name)).toStdString() + ": ";
   }
-  /// Expects that one box has been asked, with an OK button, a text that begins so, and a reason.
+  /// Expects that exactly one box has been opened, with an OK button, a text that begins with
+  /// `beginning`, and a reason.
   void ExpectOneBox(const std::string& beginning) const {
     ASSERT_EQ(boxes.asked.size(), 1U);
     const auto text = boxes.asked.front().text;

@@ -22,7 +22,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Windows of the test's own, of which the last one made is at hand.
+// Windows defined by the test, which can access the last one made.
 class WindowListTest : public ::testing::Test {
  protected:
   WindowListTest() {

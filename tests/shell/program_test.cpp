@@ -32,8 +32,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int Patience = 10000;  // milliseconds
 
-// The whole program on the system's own clock, in the event loop that it ends. A test says what is
-// done meanwhile; what then stands is checked after the end.
+// The whole program on the system's own clock, in the event loop that it ends. A test says what to
+// do in the meantime; what is then left is checked after the end.
 class ProgramTest : public ::testing::Test {
  protected:
   // Runs the program to its end and gives its exit code. A program that does not end fails the
@@ -56,7 +56,7 @@ class ProgramTest : public ::testing::Test {
     return QApplication::exec();
   }
 
-  // The one window of this name, shown and active within some seconds.
+  // Waits some seconds for the one window of this name to be shown and active.
   static QWidget* Await(const QString& name) {
     if (!QTest::qWaitFor([&] { return Standing(name).size() == 1; }, Patience)) {
       ADD_FAILURE() << name.toStdString() << " does not appear";
@@ -67,13 +67,13 @@ class ProgramTest : public ::testing::Test {
     return window;
   }
 
-  // Does something once the message box stands, while whoever asked waits for the answer.
+  // Runs `action` once the message box is open, while its caller waits for the answer.
   void WhenABoxStands(const std::function<void(QMessageBox*)>& action) {
     QObject::connect(&look, &QTimer::timeout, [this, action] {
       if (const auto boxes = Standing(u"MessageBox"_s); !boxes.empty()) {
         look.stop();
         ++boxesSeen;
-        // Not the toolkit's own wait: to that a box is active when its owner is.
+        // Not the toolkit's own wait, which takes a box for active as soon as its owner is.
         EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == boxes.front(); },
                                     Patience));
         action(qobject_cast<QMessageBox*>(boxes.front()));
@@ -98,7 +98,7 @@ class ProgramTest : public ::testing::Test {
     }
   }
 
-  // Where the file stands, a folder that even the superuser cannot replace by a file.
+  // Puts a folder where the file is; not even the superuser can replace that by a file.
   void PutFolderInTheWay() const {
     QFile::remove(folder.PathOf("Brindle2.ini"));
     ASSERT_TRUE(QDir(folder.Path()).mkpath(u"Brindle2.ini/inner"_s));
@@ -159,7 +159,7 @@ TEST_F(ProgramTest, AnEndDuringTheSplashSavesNothing) {
 TEST_F(ProgramTest, AnEndDuringADismissedSplashBringsNoMainWindow) {
   EXPECT_EQ(Run([&] {
               auto* splash = Await(u"Splash"_s);
-              // Straight to the window: the end comes before the event loop has its next turn.
+              // Sent straight to the window: the end comes before the next turn of the event loop.
               QKeyEvent key(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_s);
               QApplication::sendEvent(splash, &key);
               program->End();

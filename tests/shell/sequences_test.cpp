@@ -30,7 +30,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // All by hand, with the built-in settings: 700 MB are 716800 KB, 100 minutes are 6000 seconds, and
-// every video frame at 25 fps, as every interval of audio behind one, costs 0.5859375 KB/s.
+// every video frame at 25 fps costs 0.5859375 KB/s, as does every interval of audio after one
+// frame.
 constexpr const char* VideoResult = "841";                     // both overheads
 constexpr const char* VideoResultWithOneOverhead = "846";      // 4.8 kbit/s more
 constexpr const char* VideoResultWithoutOverhead = "851";      // and once more
@@ -64,7 +65,7 @@ class Sequences : public WindowTest {
     return count;
   }
 
-  /// The window of this kind, shown or not; null where there is none.
+  /// The window of this kind, shown or not; null if there is none.
   static QWidget* Existing(WindowId id) {
     RunDeletions();
     for (auto* widget : QApplication::topLevelWidgets()) {
@@ -579,7 +580,7 @@ TEST_F(Sequences, FramesTypedInTheConverterStayInEveryWindow) {
   EXPECT_EQ(record.MovieLength, 2000 / 29.97 / 60);
 }
 
-// Which of the windows stay open while others are looked at is drawn, too.
+// Chance also decides which windows stay open while others are looked at.
 TEST_F(Sequences, OpeningLookingAtAndClosingWindowsInAnyOrderChangesNoRunningTime) {
   std::mt19937 random(20261122);
   std::uniform_real_distribution<double> minutes(0.01, 400);

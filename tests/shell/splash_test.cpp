@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 class SplashTest : public WindowTest {
  protected:
-  // Longer than the time between two looks at the clock.
+  // Longer than the time between two checks of the clock.
   static constexpr double aTurn = 0.1;
 
   void Run() {
@@ -146,7 +146,8 @@ TEST_P(SplashClick, EndsItAtTheNextTurn) {
 TEST_P(SplashClick, LetGoElsewhereIsNone) {
   Run();
   auto* widget = Label(GetParam());
-  // Each of the labels lies away from the picture's middle, and the picture from what is outside.
+  // Released elsewhere: the middle of the picture is outside every label, and for the picture the
+  // release is outside the splash.
   Press(widget);
   if (widget == Label("Image1")) {
     QTest::mouseRelease(splash->windowHandle(), Qt::LeftButton, {}, QPoint(-5, -5));

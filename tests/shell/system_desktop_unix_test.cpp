@@ -33,8 +33,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int Patience = 30000;  // milliseconds
 
-// A desktop whose programs are stand-ins: each writes down what it is called, where it runs and
-// what it is asked, and ends as it was told.
+// A desktop whose programs are stand-ins: each notes its name, its folder and its arguments, and
+// exits as the test has set.
 class SystemDesktopTest : public ::testing::Test {
  protected:
   SystemDesktopTest() {
@@ -49,7 +49,7 @@ class SystemDesktopTest : public ::testing::Test {
     EXPECT_TRUE(boxes.AllAsked()) << "a box was expected";
   }
 
-  // Until every stand-in has ended and the program has heard of it.
+  // Waits until every stand-in has ended and the program knows it.
   static void AwaitEnds() {
     const auto noneIsLeft = [] {
       siginfo_t info{};
@@ -59,8 +59,8 @@ class SystemDesktopTest : public ::testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  // `last` is what the stand-in does after its note, which it writes in one go: two of them may do
-  // so at once.
+  // `last` is what the stand-in does after its note. It writes the note in one piece, because two
+  // stand-ins may write at once.
   void Install(const char* name, const std::string& last = "exit 0") const {
     Put(name, "#!/bin/sh\nnote=$(printf '%s|' '" + std::string(name) +
                   "' \"$PWD\" \"$@\")\nprintf '%s\\n' \"$note\" >>'" +
@@ -73,7 +73,7 @@ class SystemDesktopTest : public ::testing::Test {
                                       QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
   }
 
-  // What the stand-ins have noted, once there are so many notes.
+  // The notes of the stand-ins, once there are `count` of them.
   std::vector<std::string> Notes(int count) const {
     const auto lines = [this] {
       return QString::fromStdString(notes.Bytes("all")).split(u'\n', Qt::SkipEmptyParts);
@@ -97,7 +97,7 @@ class SystemDesktopTest : public ::testing::Test {
     return note;
   }
 
-  // Expects that one box, and no second one, tells this, from the event loop.
+  // Expects one box, and no second one, with this text, opened from the event loop.
   void ExpectBox(const std::string& text) {
     boxes.Answer(BoxAnswer::Ok);
     EXPECT_TRUE(QTest::qWaitFor(
@@ -252,8 +252,8 @@ TEST_F(SystemDesktopTest, WhatWasStartedLivesOnWhenTheProgramEnds) {
   EXPECT_TRUE(QFile::exists(notes.PathOf("gone")));
 }
 
-// In a session of its own no signal of the program's terminal reaches it; and what this program
-// ignores, it ignores for itself.
+// In a session of its own, no signal of this program's terminal reaches it; and the signals that
+// this program ignores are not ignored there.
 TEST_F(SystemDesktopTest, WhatIsStartedHasItsOwnSessionAndItsOwnSignals) {
   constexpr unsigned long ofTooLargeFiles = 1UL << (SIGXFSZ - 1);
   const auto state = notes.PathOf("state").toStdString();

@@ -26,8 +26,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int Patience = 30000;  // milliseconds
 
-// A desktop whose calculator and help viewer are stand-ins, put where the system keeps its own
-// programs: only in Wine, where that is nobody's.
+// A desktop whose calculator and help viewer are stand-ins in the place of the system's own
+// programs: only in Wine, where nobody else uses that place.
 class SystemDesktopTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -68,7 +68,7 @@ class SystemDesktopTest : public ::testing::Test {
     return QDir::toNativeSeparators(program.Path()).toStdString();
   }
 
-  // Expects that one box tells this, from the event loop.
+  // Expects one box with this text, opened from the event loop.
   void ExpectBox(const std::string& start) {
     boxes.Answer(BoxAnswer::Ok);
     EXPECT_TRUE(QTest::qWaitFor(

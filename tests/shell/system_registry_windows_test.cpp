@@ -25,7 +25,7 @@ const QString Root = u"HKLM\\"_s;
 constexpr auto Success = "GAIN spyware was successfully disabled.";
 constexpr auto Failure = "Error disabling GAIN spyware.";
 
-// The system's own tool, which looks at the same registry in its own way. Gives whether it
+// Runs the system's own tool, which accesses the same registry in its own way. Returns whether it
 // succeeded.
 bool Reg(const QStringList& arguments) {
   QProcess process;
@@ -44,7 +44,7 @@ void Write(const QString& key, const QString& value) {
   EXPECT_TRUE(Stands(key, value));
 }
 
-// The real registry, of Wine only.
+// The real registry, but only that of Wine.
 class SystemRegistryTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -60,7 +60,7 @@ class SystemRegistryTest : public ::testing::Test {
     }
   }
 
-  // What the tool says of it.
+  // Runs the remover and returns the text of its last box.
   std::string Remove(BoxAnswer answer = BoxAnswer::Yes) {
     boxes.Answer(answer);
     boxes.Answer(BoxAnswer::TryAgain);
@@ -117,8 +117,8 @@ TEST_F(SystemRegistryTest, MissingKeyGivesNoKey) {
   registry.CloseKey(key);
 }
 
-// As far as Wine can show it: every user may open its keys for everything, but what is open for
-// reading may not be written.
+// As much as Wine can show: it lets every user open its keys for any access, but a key opened for
+// reading cannot be written.
 class ReadOnlyRegistry : public SystemRegistry {
  public:
   Result OpenKey(RegistryRoot, const QString& subKey, Key& key) override {

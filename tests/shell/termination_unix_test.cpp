@@ -22,7 +22,7 @@ struct SignalCase {
 
 void PrintTo(const SignalCase& row, std::ostream* out) { *out << row.name; }
 
-// Puts back what the signals meant before, for the tests that follow.
+// Restores the previous handling of the signals, for the tests that follow.
 class TerminationSignal : public ::testing::TestWithParam<SignalCase> {
  protected:
   void SetUp() override {

@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
            .stores = {"SplitAVISize=1000"},
            .fills = {"Frames=1", "Size1=0", "Size2=0", "KeyFs=1"}},
           {.control = "AVIsize", .event = Event::MouseUp},
-          // The running time is that of the text before the key.
+          // The stored running time is that of the text before the key.
           {.control = "Frames", .event = Event::KeyPress, .stores = {"MovieLength=50"}},
           {.control = "Frames",
            .event = Event::KeyUp,
@@ -284,7 +284,7 @@ INSTANTIATE_TEST_SUITE_P(
                  Pal, HundredMinutes, "32767", "0", "0-150000 0-"}),
     NameOf);
 
-// Key frames do not come backwards: there is nothing to cut at.
+// Key frames do not run backwards: there is nowhere to cut.
 INSTANTIATE_TEST_SUITE_P(NegativeInterval, SplitOpens,
                          ::testing::Values(OpenCase{
                              "CutsNothing", [](auto& r) { r.KeyframeInterval = -10; },
@@ -427,7 +427,7 @@ TEST_F(SplitLoading, EscapeClosesAndReopeningShowsWhatWasTyped) {
   EXPECT_TRUE(IsChecked(u"Segs(1)"_s));
 }
 
-// What is pasted over a field.
+// A text pasted over a field.
 struct EntryCase {
   std::string name;
   const char* field = nullptr;
@@ -750,7 +750,8 @@ TEST_F(SplitTyping, TheRunningTimeOfAnotherWindowIsTakenAtTheNextEdit) {
   EXPECT_EQ(record.MovieLength, 50.0001);
 }
 
-// What a key before it is taken, or the mouse let go, does to texts that stand in the fields.
+// The texts in the fields, and the stored values, after a key goes down but before its field takes
+// it, or after the mouse is released.
 struct LimitCase {
   std::string name;
   Event event = Event::KeyPress;
@@ -804,7 +805,8 @@ INSTANTIATE_TEST_SUITE_P(
         LimitCase{"MouseOnInterval", Event::MouseUp, "KeyFs", "250", "250", 100, 10}),
     NameOf);
 
-// A text that is no number, which no handler of its field has repaired yet: its key is still down.
+// A text that is not a number and that no handler of its field has repaired yet, because its key is
+// still down.
 struct UnrepairedCase {
   std::string name;
   double mode = 0;
@@ -837,10 +839,10 @@ INSTANTIATE_TEST_SUITE_P(
                       UnrepairedCase{"FirstOfTwo", 0, "Size1", "1300", "0-143856 0-"}),
     NameOf);
 
-// Three segments take the leading number of such a text.
+// With three segments the leading number of such a text counts.
 class LeadingNumberOfThree : public AviSplitWindow {
  protected:
-  // Types over what stands in the field; none of the keys has gone up yet.
+  // Types over the contents of the field; no key has been released yet.
   static void TypeHeld(TextField* field, const QString& text) {
     field->setFocus();
     for (const QChar c : text) {
@@ -878,7 +880,7 @@ TEST_F(LeadingNumberOfThree, OfTheFirstSizeLimitsTheSecond) {
   EXPECT_EQ(Sizes(), "1300 900abc 400 0");
 }
 
-// That one compares the whole text, which is no number.
+// Cutting to the file compares the whole text, which is not a number.
 TEST_F(LeadingNumberOfThree, DoesNotCutTheFirstSizeToTheFile) {
   OpenThree(1300, 400, 500);
   TypeHeld(Size1, u"2000abc"_s);
@@ -897,7 +899,7 @@ struct SystemCase {
 
 class SplitSystems : public AviSplitWindow, public ::testing::WithParamInterface<SystemCase> {
  protected:
-  // Selects the system of the case, coming from another one.
+  // Selects the system of the case, after another one.
   void SelectIt() {
     record.FrameRateSystem = GetParam().system == 0 ? 1 : 0;
     OpenCalculator();
@@ -1082,7 +1084,8 @@ class SplitPlaces : public AviSplitWindow {
     }
   }
 
-  // Where everything stands in the window, in the order of its making; what is hidden, too.
+  // The places of all controls in the window, hidden ones included, in the order in which they were
+  // made.
   [[nodiscard]] std::vector<std::pair<std::string, QRect>> Places() const {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
@@ -1218,7 +1221,7 @@ struct ExtremeCase {
 
 class SplitExtremes : public AviSplitWindow, public ::testing::WithParamInterface<ExtremeCase> {
  protected:
-  // Every field and label that shows a number shows one, or nothing.
+  // Every field and label for a number shows a number, or is blank.
   void ExpectNumbers() const {
     std::vector<QString> names{u"AVIsize"_s, u"Frames"_s, u"Size1"_s, u"Size2"_s, u"Size3"_s,
                                u"KeyFs"_s,   u"KeyFr"_s,  u"Time1"_s, u"Time2"_s, u"Time3"_s};

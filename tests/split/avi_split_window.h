@@ -35,27 +35,27 @@ class AviSplitWindow : public RecordingWindow {
     OpenCalculator();
   }
 
-  /// Comes to the field from elsewhere, which selects all of it, and pastes over that.
+  /// Enters the field from elsewhere, which selects all of it, and pastes over that.
   void Enter(TextField* field, const QString& text) {
     FirstRange->setFocus();
     field->setFocus();
     Paste(text);
   }
 
-  /// Comes to the field from elsewhere and empties it.
+  /// Enters the field from elsewhere and empties it.
   void Clear(TextField* field) {
     FirstRange->setFocus();
     field->setFocus();
     Key(Qt::Key_Delete);
   }
 
-  /// The visible sizes, the whole file's first: "1300 700 600".
+  /// The visible sizes, beginning with the whole file: "1300 700 600".
   [[nodiscard]] std::string Sizes() const {
     const auto sizes = Text("AVIsize") + " " + Text("Size1") + " " + Text("Size2");
     return Size3->isVisible() ? sizes + " " + Text("Size3") : sizes;
   }
 
-  /// The visible ranges to delete: "75000-150000 0-74999"; only dashes where there are none.
+  /// The visible ranges to delete: "75000-150000 0-74999"; only dashes if there are none.
   [[nodiscard]] std::string Ranges() const {
     std::string ranges;
     for (int i = 0; i < (Size3->isVisible() ? 8 : 4); i += 2) {

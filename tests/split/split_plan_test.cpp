@@ -125,7 +125,7 @@ INSTANTIATE_TEST_SUITE_P(
     NameOf);
 
 TEST(SplitRemainder, OfTypedDecimalsIsWhatAPersonWouldWrite) {
-  // Hundredths, counted as whole numbers, tell what the rest is.
+  // Counted in whole hundredths, the exact rest is known.
   std::mt19937 random(20260102);  // NOLINT(cert-msc51-cpp): the same figures in every run
   std::uniform_int_distribution<int> hundredths(0, 500000);
   for (int i = 0; i < 20000; ++i) {
@@ -138,7 +138,7 @@ TEST(SplitRemainder, OfTypedDecimalsIsWhatAPersonWouldWrite) {
   }
 }
 
-// "75000-150000 0-74999", with an empty place for a number that is not there.
+// "75000-150000 0-74999", with an empty place for a missing number.
 std::string Shown(const SplitPlan& plan, std::size_t ranges) {
   const auto frame = [](const FrameNumber& number) { return number ? TextOf(*number) : ""; };
   std::string text;
@@ -264,11 +264,11 @@ INSTANTIATE_TEST_SUITE_P(
         PlanCase{"SecondNotANumber", {150000, 1300, 400, NotANumber, 250}, NothingOfThree}),
     NameOf);
 
-// From the first frame to the one behind the last.
+// From the first frame to the one after the last.
 using Stretch = std::pair<double, double>;
 using Stretches = std::vector<Stretch>;
 
-// What stands when the ranges are deleted from a file. A range without an end is none.
+// What remains of a file when the ranges are deleted. A range without an end is none.
 Stretches Kept(const std::vector<FrameRange>& deleted, double frames) {
   Stretches gone;
   for (const auto& range : deleted) {
@@ -291,7 +291,7 @@ Stretches Kept(const std::vector<FrameRange>& deleted, double frames) {
   return kept;
 }
 
-// Empty where the stretches, in the order of the parts, are the whole file, each frame once.
+// Empty if the stretches, in the order of the parts, are the whole file, with each frame once.
 std::string WrongWith(const std::vector<Stretches>& parts, double frames) {
   double position = 0;
   for (const auto& part : parts) {
@@ -336,7 +336,7 @@ std::string Figures(const SplitInputs& inputs) {
          TextOf(inputs.keyFrameInterval);
 }
 
-// A length is its share of the bytes, at most one interval shorter.
+// A part has its share of the bytes, minus at most one interval.
 void ExpectShare(double length, double megaBytes, const SplitInputs& inputs) {
   EXPECT_EQ(std::fmod(length, inputs.keyFrameInterval), 0);
   const double share = inputs.frames * megaBytes / inputs.megaBytes;

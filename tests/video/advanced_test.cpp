@@ -41,7 +41,7 @@ using namespace Qt::StringLiterals;
 constexpr double FramesAt25 = 0.5859375;
 constexpr double FramesAt23 = 24 * 23.976 / 1024;
 constexpr double FramesAt29 = 24 * 29.97 / 1024;
-// Audio behind every video frame, or every 400 ms: what stands in the fields at creation.
+// Audio after every video frame, or every 400 ms: the contents of the fields at creation.
 constexpr double EveryFrameAt25 = 0.5859375;
 constexpr double EveryFrameAt23 = 23.4375 / (1 * (1000 / 23.976));
 constexpr double EveryFrameAt29 = 23.4375 / (1 * (1000 / 29.97));
@@ -49,7 +49,7 @@ constexpr double Every400Ms = 0.05859375;
 
 constexpr std::array FieldNames{"Itime", "Iframe1", "Iframe2", "Iframe3"};
 
-/// All of the record that the window may write.
+/// All values of the record that the window may write.
 struct WhatIsStored {
   double video = 0;
   double audio = 0;
@@ -76,7 +76,7 @@ class AdvancedTest : public RecordingWindow {
  protected:
   AdvancedTest() : RecordingWindow(WindowId::Advanced, {}) {}
 
-  /// Stores intervals that differ from each other and from what the fields hold at creation.
+  /// Stores intervals that differ from each other and from the contents of the fields at creation.
   void SetIntervals() {
     record.InterleaveTime = 500;
     record.InterleaveFrames1 = 2;
@@ -118,7 +118,7 @@ class AdvancedTest : public RecordingWindow {
   }
   [[nodiscard]] TextField* FieldOf(int option) const { return Field(FieldName(option)); }
 
-  /// Types over what stands in the field; pastes, so that any text goes.
+  /// Types over the contents of the field; pastes, so that any text is possible.
   void Enter(int option, const QString& text) const {
     FieldOf(option)->setFocus();
     FieldOf(option)->selectAll();
@@ -141,7 +141,7 @@ class AdvancedTest : public RecordingWindow {
     EXPECT_EQ(window, nullptr);
   }
 
-  /// The selected option, 0 where none is.
+  /// The selected option, 0 if there is none.
   [[nodiscard]] int Selected() const {
     int selected = 0;
     for (int option = 1; option <= 4; ++option) {
@@ -153,7 +153,7 @@ class AdvancedTest : public RecordingWindow {
     return selected;
   }
 
-  /// The options that can be chosen, then the fields that can be typed in: "1234 Iframe1".
+  /// The enabled options, then the enabled fields: "1234 Iframe1".
   [[nodiscard]] std::string Enabled() const {
     std::string enabled;
     for (int option = 1; option <= 4; ++option) {
@@ -169,7 +169,7 @@ class AdvancedTest : public RecordingWindow {
     return enabled;
   }
 
-  /// The window of this name, shown or not; null where there is none.
+  /// The window of this name, shown or not; null if there is none.
   static QWidget* Existing(const QString& name) {
     RunDeletions();
     for (auto* widget : QApplication::topLevelWidgets()) {
@@ -237,7 +237,7 @@ TEST_F(AdvancedTest, TheWindowHoldsUpNoOther) {
   EXPECT_TRUE(window->isVisible());
 }
 
-// What the record holds when the window loads, and what stands in both afterwards.
+// The record when the window loads, and the state of the window and the record afterwards.
 struct LoadCase {
   std::string name;
   int option = 0;
@@ -437,7 +437,7 @@ TEST_F(AdvancedTest, BoxesAreTickedByTheKeyboardToo) {
   EXPECT_EQ(record.VideoFrameOverhead, 0);
 }
 
-// Opening counts interleaving whatever its box says; the first click on a box puts it right.
+// Opening counts interleaving whatever its box says; the first click on a box corrects that.
 TEST_F(AdvancedTest, AnUntickedInterleavingBoxCountsOnlyUntilABoxIsClicked) {
   SetBoxes(0, 0);
   OpenCalculator();
@@ -456,7 +456,7 @@ TEST_F(AdvancedTest, AStrangeFlagIsStoredAnewAtTheFirstClickOfItsBox) {
   EXPECT_EQ(record.AudioOverheadOn, 1);
 }
 
-// The box changes nothing in the frame rate while it is not ticked.
+// An unticked box does not change the frame rate.
 TEST_F(AdvancedTest, AnUntickedInterleavingBoxLeavesOptionAndFrameRate) {
   SetBoxes(1, 0);
   OpenCalculator();
@@ -500,7 +500,7 @@ TEST_P(AdvancedChoice, ChangesTheFrameRateButCountsFramesAtTheOldOne) {
                              23.4375 / (3 * (1000 / 23.976)), 23.4375 / (4 * (1000 / 29.97))};
   const int before = from == 1 ? 1 : from - 2;
   const int after = to == 1 ? before : to - 2;
-  const auto expected = from == to  // not a click: it was selected before
+  const auto expected = from == to  // no click: it was selected already
                             ? WhatIsStored{50, 60, from, before, 1, 1, 500, 2, 3, 4}
                             : WhatIsStored{frames.at(static_cast<std::size_t>(before)),
                                            intervals.at(static_cast<std::size_t>(to - 1)),
@@ -592,8 +592,8 @@ TEST_F(AdvancedTest, AChoiceTouchesOnlyTheTwoFieldsThatChange) {
 struct IntervalCase {
   std::string name;
   std::string_view text;
-  double time = 0;    // the overhead where the text counts milliseconds
-  double frames = 0;  // the overhead where it counts frames of PAL
+  double time = 0;    // the overhead if the text counts milliseconds
+  double frames = 0;  // the overhead if it counts PAL frames
 };
 
 class AdvancedInterval : public AdvancedTest, public ::testing::WithParamInterface<IntervalCase> {};
@@ -626,7 +626,7 @@ TEST_P(AdvancedInterval, IsTakenAsItStandsByAClick) {
     Choose(OptionName(option));
     EXPECT_DOUBLE_EQ(record.AudioInterleaveOverhead, expected) << option;
 
-    // A number only begun ends as 0 where it is left; nothing else is repaired here.
+    // A number just begun becomes 0 when the field is left; nothing else is repaired here.
     EXPECT_EQ(FieldOf(option)->text(), IsJustBegun(row.text) ? u"0"_s : text);
     EXPECT_EQ(Now().time, 400);
     EXPECT_EQ(Now().frames1, 1);
@@ -660,7 +660,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class AdvancedFieldEvents : public HandlerTable<AdvancedTest> {};
 
-// The focus selects; no event stores, recomputes or repairs anything.
+// Getting the focus selects; no event stores, recomputes or repairs anything.
 TEST_P(AdvancedFieldEvents, OnlySelectWhenTheFocusComes) {
   const auto& [control, event] = std::tie(GetParam().control, GetParam().event);
   const auto* place = std::find(FieldNames.begin(), FieldNames.end(), control);
@@ -727,7 +727,7 @@ struct AcceptedCase {
   double expected = 0;
 };
 
-/// Enters a text, presses OK and sees what is written into the field and stored.
+/// Enters a text, presses OK and returns what is then in the field and in the record.
 class AdvancedAccepts : public AdvancedTest {
  protected:
   void ExpectAccepted(int option, const AcceptedCase& row) {
@@ -834,7 +834,7 @@ TEST_F(AdvancedTest, OkStoresTheFieldsThoughBothBoxesAreUnticked) {
   EXPECT_EQ(Now(), (WhatIsStored{0, 0, 2, 0, 0, 0, 40, 20, 1, 1}));
 }
 
-// Frames by the rate that another window chose; then the selected option sets it back.
+// Frames at the rate that another window chose; then the selected option sets it back.
 TEST_F(AdvancedTest, OkCountsFramesAtTheRateFromBeforeTheOptionSetsIt) {
   OpenCalculator();
   record.FrameRateSystem = 1;

@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
           {.control = "Extra", .event = Event::MouseUp, .recomputes = true}}),
     RowName);
 
-// The running time stands in the three fields, so that MLength is filled from them.
+// The three fields hold the running time, so that MLength is filled from them.
 INSTANTIATE_TEST_SUITE_P(
     TimeFields, BitrateHandlers,
     Rows({{.control = "Time1", .event = Event::KeyPress},

@@ -79,7 +79,7 @@ TEST_F(RunningTimeFields, EveryWholeSecondTypedStays) {
   }
 }
 
-// One in every 1801 of a day's seconds, typed, left, clicked around, closed and opened again.
+// One in every 1801 of a day's seconds: typed, left, clicked around, closed and opened again.
 TEST_F(RunningTimeFields, WholeSecondsOfADaySurviveEverythingButTyping) {
   for (int second = 61; second < 24 * 3600; second += 1801) {
     const int wholeHours = second / 3600;
@@ -162,7 +162,7 @@ TEST_F(RunningTimeFields, AFewHundredthsOfAMinuteCanBeTyped) {
 TEST_F(RunningTimeFields, AZeroWithAPeriodIsOneMinuteOnceItIsLeft) {
   TabTo(MLength);
   Key(Qt::Key_Delete);
-  KeyDown(Qt::Key_0, u"0"_s);  // the period comes before the 0 is let go
+  KeyDown(Qt::Key_0, u"0"_s);  // the period comes before the 0 is released
   Type(u"."_s);
   KeyLetGo(Qt::Key_0);
   EXPECT_EQ(Text("MLength"), "0.");
