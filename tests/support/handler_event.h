@@ -20,7 +20,7 @@ enum class Event { Click, KeyPress, KeyUp, GotFocus, LostFocus, MouseDown, Mouse
 /// released.
 void Prepare(Event event, QWidget* control, QWidget* elsewhere);
 
-/// Causes one event of a control, as a user does. That of a list picks its next entry.
+/// Causes one event of a control, as a user does. A click on a list picks its next entry.
 void Cause(Event event, QWidget* control, QWidget* elsewhere);
 
 }  // namespace brindle
