@@ -84,25 +84,46 @@ QPalette DarkPalette() {
   return palette;
 }
 
-// A film of 102 and a half minutes on two discs, with its trailer: the figures of the examples in
-// the help, which shows these pictures.
-void SetRealisticFigures(Settings& record) {
-  record.MovieLength = 102.5;
-  record.CDCount = 2;
-  record.AudioBitrate = 192;
-  record.ExtraMaterial = 45;
-  record.VideoOnlySize = 1215;
-  record.TargetAVISize = 1355;
-  record.HDVideoBitrate = 1647;
-  record.HDAudioType = 2;
-  record.SplitSegmentsMode = 1;
-  record.SplitAVISize = 1950;
-  record.SplitSize1 = 700;
-  record.SplitSize2 = 700;
-  record.QuickSizeMB = 4482;
-  record.StandardAspect = 5;  // 2.35:1
-  record.ResHorizontal = 640;
-  record.ResVertical = 272;
+// What a window's picture shows: a film of 102 and a half minutes on two discs, with its trailer.
+// These are the figures of the examples in the help, which shows the pictures. There is no default,
+// so that the compiler names a window that is missing here.
+void SetRealisticFigures(WindowId id, Settings& record) {
+  switch (id) {
+    case WindowId::BitrateCalc:
+      record.MovieLength = 102.5;  // the other windows show it, too
+      record.CDCount = 2;
+      record.AudioBitrate = 192;
+      record.ExtraMaterial = 45;
+      return;
+    case WindowId::AudioCalc:
+      record.VideoOnlySize = 1215;
+      record.TargetAVISize = 1355;
+      return;
+    case WindowId::HDCalc:
+      record.HDVideoBitrate = 1647;
+      record.HDAudioType = 2;
+      return;
+    case WindowId::AVISplit:
+      record.SplitSegmentsMode = 1;
+      record.SplitAVISize = 1950;
+      record.SplitSize1 = 700;
+      record.SplitSize2 = 700;
+      return;
+    case WindowId::QuickC:
+      record.QuickSizeMB = 4482;
+      return;
+    case WindowId::AspectRa:
+      record.StandardAspect = 5;  // 2.35:1
+      record.ResHorizontal = 640;
+      record.ResVertical = 272;
+      return;
+    case WindowId::WavNorm:  // opens the recording
+    case WindowId::Advanced:
+    case WindowId::AboutWin:
+    case WindowId::WebUpdate:
+    case WindowId::DefaultW:
+      return;
+  }
 }
 
 class Gallery {
@@ -159,12 +180,11 @@ int TakeAll(const Gallery& gallery) {
   splash.show();
   const auto mainProg = MakeMainProg(services, {.program = folder.path(), .config = folder.path()});
   mainProg->show();
-  SetRealisticFigures(record);
-  for (const auto id :
-       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
-        WindowId::QuickC, WindowId::AspectRa, WindowId::WavNorm, WindowId::Advanced,
-        WindowId::DefaultW, WindowId::AboutWin, WindowId::WebUpdate}) {
-    windows.Open(id);
+  for (const auto& window : AllWindows()) {
+    SetRealisticFigures(window.id, record);
+  }
+  for (const auto& window : AllWindows()) {
+    windows.Open(window.id);
   }
   if (!WriteRecording(recording)) {
     std::cerr << "cannot write " << recording.toStdString() << '\n';

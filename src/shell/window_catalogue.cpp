@@ -3,8 +3,11 @@
 
 #include "shell/window_catalogue.h"
 
+#include <array>
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <span>
 
 #include "aspect/aspect_ra.h"
 #include "audiodisk/audio_calc.h"
@@ -19,20 +22,82 @@
 #include "wav/wav_norm.h"
 
 namespace brindle {
+namespace {
+
+using InitDat = std::function<void()>;
+
+// For a window that needs nothing but its services.
+template <std::unique_ptr<Form> (*Make)(Services&)>
+std::unique_ptr<Form> From(Services& services, const InitDat&) {
+  return Make(services);
+}
+
+std::unique_ptr<Form> DefaultWFrom(Services& services, const InitDat& initDat) {
+  return MakeDefaultW(services, initDat);
+}
+
+// The table of the windows. It is a switch without a default, so that the compiler names a window
+// that is missing here. A number that is no window's gives an empty entry.
+constexpr CatalogueEntry EntryOf(WindowId id) {
+  switch (id) {
+    case WindowId::BitrateCalc:
+      return {id, u"BitrateCalc", From<MakeBitrateCalc>};
+    case WindowId::AudioCalc:
+      return {id, u"AudioCalc", From<MakeAudioCalc>};
+    case WindowId::HDCalc:
+      return {id, u"HDCalc", From<MakeHDCalc>};
+    case WindowId::AVISplit:
+      return {id, u"AVISplit", From<MakeAVISplit>};
+    case WindowId::AspectRa:
+      return {id, u"AspectRa", From<MakeAspectRa>};
+    case WindowId::QuickC:
+      return {id, u"QuickC", From<MakeQuickC>};
+    case WindowId::WavNorm:
+      return {id, u"WavNorm", From<MakeWavNorm>};
+    case WindowId::Advanced:
+      return {id, u"Advanced", From<MakeAdvanced>};
+    case WindowId::AboutWin:
+      return {id, u"AboutWin", From<MakeAboutWin>};
+    case WindowId::WebUpdate:
+      return {id, u"WebUpdate", From<MakeWebUpdate>};
+    case WindowId::DefaultW:
+      return {id, u"DefaultW", DefaultWFrom};
+  }
+  return {};
+}
+
+constexpr CatalogueEntry EntryAt(std::size_t index) {
+  return EntryOf(static_cast<WindowId>(index));
+}
+
+constexpr std::size_t CountWindows() {
+  std::size_t count = 0;
+  while (EntryAt(count).make != nullptr) {
+    ++count;
+  }
+  return count;
+}
+
+constexpr auto ListWindows() {
+  std::array<CatalogueEntry, CountWindows()> entries;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    entries[i] = EntryAt(i);
+  }
+  return entries;
+}
+
+constexpr auto Catalogue = ListWindows();
+
+}  // namespace
+
+std::span<const CatalogueEntry> AllWindows() { return Catalogue; }
 
 void AddAllWindows(OwningWindowList& windows, Services& services,
                    const std::function<void()>& initDat) {
-  windows.Add(WindowId::BitrateCalc, [&] { return MakeBitrateCalc(services); });
-  windows.Add(WindowId::AudioCalc, [&] { return MakeAudioCalc(services); });
-  windows.Add(WindowId::HDCalc, [&] { return MakeHDCalc(services); });
-  windows.Add(WindowId::AVISplit, [&] { return MakeAVISplit(services); });
-  windows.Add(WindowId::QuickC, [&] { return MakeQuickC(services); });
-  windows.Add(WindowId::AspectRa, [&] { return MakeAspectRa(services); });
-  windows.Add(WindowId::WavNorm, [&] { return MakeWavNorm(services); });
-  windows.Add(WindowId::Advanced, [&] { return MakeAdvanced(services); });
-  windows.Add(WindowId::AboutWin, [&] { return MakeAboutWin(services); });
-  windows.Add(WindowId::WebUpdate, [&] { return MakeWebUpdate(services); });
-  windows.Add(WindowId::DefaultW, [&services, initDat] { return MakeDefaultW(services, initDat); });
+  for (const auto& entry : Catalogue) {
+    windows.Add(entry.id,
+                [make = entry.make, &services, initDat] { return make(services, initDat); });
+  }
 }
 
 }  // namespace brindle

@@ -14,6 +14,7 @@
 
 #include "shell/main_prog.h"
 #include "shell/splash.h"
+#include "shell/window_catalogue.h"
 #include "tests/support/window_test.h"
 
 namespace brindle {
@@ -21,15 +22,15 @@ namespace brindle {
 /// Any window of the program, opened by its name on the built-in settings.
 class AnyWindow : public WindowTest {
  protected:
-  /// The windows of the list by their names.
+  /// The windows of the catalogue by their names.
   static const std::map<std::string, WindowId>& Listed() {
-    static const std::map<std::string, WindowId> listed{
-        {"DefaultW", WindowId::DefaultW},   {"BitrateCalc", WindowId::BitrateCalc},
-        {"AudioCalc", WindowId::AudioCalc}, {"HDCalc", WindowId::HDCalc},
-        {"Advanced", WindowId::Advanced},   {"AVISplit", WindowId::AVISplit},
-        {"QuickC", WindowId::QuickC},       {"AspectRa", WindowId::AspectRa},
-        {"WavNorm", WindowId::WavNorm},     {"AboutWin", WindowId::AboutWin},
-        {"WebUpdate", WindowId::WebUpdate}};
+    static const std::map<std::string, WindowId> listed = [] {
+      std::map<std::string, WindowId> ids;
+      for (const auto& entry : AllWindows()) {
+        ids.emplace(entry.name.toString().toStdString(), entry.id);
+      }
+      return ids;
+    }();
     return listed;
   }
 

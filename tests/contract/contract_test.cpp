@@ -33,6 +33,7 @@
 #include <gtest/gtest.h>
 
 #include "base/input/link_label.h"
+#include "shell/window_catalogue.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
 
@@ -337,6 +338,31 @@ constexpr auto WindowName = [](const auto& instance) { return instance.param.nam
 
 INSTANTIATE_TEST_SUITE_P(Each, WindowContract, ::testing::ValuesIn(WindowRows()), WindowName);
 INSTANTIATE_TEST_SUITE_P(Each, TabOrder, ::testing::ValuesIn(WindowsWithTabOrder()), WindowName);
+
+// A window that is added to the catalogue, but not to the table of this test, is named here.
+class Catalogued : public AnyWindow, public ::testing::WithParamInterface<CatalogueEntry> {
+ protected:
+  static std::string Name() { return GetParam().name.toString().toStdString(); }
+};
+
+TEST_P(Catalogued, IsTheWindowOfThisName) {
+  const auto* window = Open(GetParam().id);
+  EXPECT_EQ(NameOf(window), Name());
+}
+
+TEST_P(Catalogued, HasItsRowsInTheContractTable) {
+  const auto& rows = WindowRows();
+  EXPECT_EQ(
+      std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row.name == Name(); }),
+      1)
+      << Name() << " belongs into WindowRows()";
+  EXPECT_FALSE(RowsOf(Name()).empty()) << Name() << " belongs into ControlRows()";
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Catalogued, ::testing::ValuesIn(AllWindows()),
+                         [](const auto& instance) {
+                           return instance.param.name.toString().toStdString();
+                         });
 
 class ControlContract : public AnyWindow, public ::testing::WithParamInterface<ControlRow> {
  protected:

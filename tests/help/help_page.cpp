@@ -7,7 +7,7 @@
 #include <QString>
 #include <QXmlStreamReader>
 
-#include "tests/contract/contract_table.h"
+#include "shell/window_catalogue.h"
 
 namespace brindle {
 
@@ -120,11 +120,9 @@ HelpPage ReadHelpPage(const QString& name) {
 }
 
 std::vector<std::string> HelpPages() {
-  std::vector<std::string> names{"index"};
-  for (const auto& row : WindowRows()) {
-    if (row.name != "Splash") {
-      names.push_back(row.name);
-    }
+  std::vector<std::string> names{"index", "MainProg"};
+  for (const auto& entry : AllWindows()) {
+    names.push_back(entry.name.toString().toStdString());
   }
   return names;
 }

@@ -64,6 +64,17 @@ TEST_P(AnyPage, EveryPictureCanBeReadOut) {
   EXPECT_EQ(page.picturesWithoutAlt.join(u' ').toStdString(), "");
 }
 
+TEST_P(AnyPage, ShowsItsWindow) {
+  const QString window = GetParam() == "index" ? u"MainProg"_s : QString::fromStdString(GetParam());
+  EXPECT_TRUE(page.pictures.contains(u"pictures/"_s + window + u".png"_s));
+}
+
+TEST_P(AnyPage, IsAboutAWindowThatTheReadmeDescribes) {
+  if (GetParam() != "index") {
+    EXPECT_TRUE(ReadAll(u"../README.md"_s).contains(u"- **"_s + page.heading + u"**"_s));
+  }
+}
+
 TEST_P(AnyPage, SaysWhatSystemItIsWrittenIn) {
   EXPECT_TRUE(ReadAll(QString::fromStdString(GetParam()) + u".html"_s)
                   .contains(u"content=\"text/html; charset=utf-8\""_s));

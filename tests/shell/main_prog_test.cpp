@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include "base/input/spin_button.h"
+#include "shell/window_catalogue.h"
 #include "tests/shell/main_window.h"
 
 namespace brindle {
@@ -182,10 +183,8 @@ void PrintTo(const OpeningCase& row, std::ostream* out) { *out << row.name; }
 class OpeningButton : public MainWindow, public ::testing::WithParamInterface<OpeningCase> {};
 
 TEST_P(OpeningButton, OpensItsOwnWindowAndNoOther) {
-  for (const auto id :
-       {WindowId::BitrateCalc, WindowId::AudioCalc, WindowId::HDCalc, WindowId::AVISplit,
-        WindowId::AspectRa, WindowId::QuickC, WindowId::WavNorm, WindowId::Advanced,
-        WindowId::AboutWin, WindowId::WebUpdate, WindowId::DefaultW}) {
+  for (const auto& entry : AllWindows()) {
+    const auto id = entry.id;
     const auto* name = id == GetParam().opens ? "Wanted" : "Unwanted";
     windows.Add(id, [name] {
       return std::make_unique<Form>(QString::fromLatin1(name), QString::fromLatin1(name));

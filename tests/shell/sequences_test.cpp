@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <map>
 #include <random>
 #include <string>
 #include <string_view>
@@ -20,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include "base/windows/window_list.h"
+#include "shell/window_catalogue.h"
 #include "tests/support/named_case.h"
 #include "tests/support/user.h"
 #include "tests/support/window_test.h"
@@ -42,12 +42,9 @@ constexpr const char* AudioResultWithoutInterleaving = "210";  // 150 MB x 8192 
 class Sequences : public WindowTest {
  protected:
   static QString NameOfWindow(WindowId id) {
-    static const std::map<WindowId, QString> names{
-        {WindowId::BitrateCalc, u"BitrateCalc"_s}, {WindowId::AudioCalc, u"AudioCalc"_s},
-        {WindowId::HDCalc, u"HDCalc"_s},           {WindowId::Advanced, u"Advanced"_s},
-        {WindowId::AVISplit, u"AVISplit"_s},       {WindowId::QuickC, u"QuickC"_s},
-        {WindowId::AspectRa, u"AspectRa"_s}};
-    return names.at(id);
+    const auto all = AllWindows();
+    return std::find_if(all.begin(), all.end(), [id](const auto& entry) { return entry.id == id; })
+        ->name.toString();
   }
 
   static void RunDeletions() {

@@ -10,7 +10,8 @@
 
 namespace brindle {
 
-/// Every window that another window can open.
+/// Every window that another window can open. `shell/window_catalogue` tells the rest about each;
+/// it counts them from 0, so none is given a number of its own.
 enum class WindowId {
   BitrateCalc,
   AudioCalc,
