@@ -71,12 +71,15 @@ void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
-// Sees the key releases of all controls, because a field keeps its own to itself.
+// Sees the keys of all controls, because a field keeps its own to itself.
 bool Form::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyRelease) {
-    const auto* released = dynamic_cast<QKeyEvent*>(event);
-    if (released->key() == Qt::Key_F1) {
-      letGoOfF1_ = released->timestamp();
+  const bool isRelease = event->type() == QEvent::KeyRelease;
+  if (isRelease || event->type() == QEvent::KeyPress) {
+    const auto* key = dynamic_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_F1) {
+      letGoOfF1_.reset();  // another key came between: nothing is held
+    } else if (isRelease) {
+      letGoOfF1_ = key->timestamp();
     }
   }
   return QWidget::eventFilter(watched, event);
