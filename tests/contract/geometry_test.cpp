@@ -34,6 +34,7 @@
 #include "base/input/slider.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -558,10 +559,10 @@ class WavNormStays : public GeometryStays {
     path = folder.filePath(QString(60, u'w') + u".wav"_s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    // Six channels, 2147483647 Hz, -32768 bit.
-    const auto header = QByteArray::fromHex(
-        "524946460000000057415645666d74201000000001000600ffffff7f00000000000000806461746100000400");
-    ASSERT_EQ(file.write(header + QByteArray(0x40000, '\x40')), header.size() + 0x40000);
+    const WavParts wav{
+        .samples = std::string(0x40000, '\x40'), .channels = 6, .rate = 2147483647, .bits = 0x8000};
+    const auto bytes = QByteArray::fromStdString(wav.Bytes());
+    ASSERT_EQ(file.write(bytes), bytes.size());
   }
 
   void Push(const QString& button) {

@@ -16,6 +16,7 @@
 
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/pass_support.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 
@@ -31,8 +32,8 @@ inline constexpr double Gain = -1.75;
 class PassFolder : public TemporaryFolder {
  public:
   explicit PassFolder(const WavParts& parts)
-      : source_(WavBytes(parts)),
-        mapped_(MappedWords(source_, parts.start, parts.samples.size(), Gain)) {
+      : source_(parts.Bytes()),
+        mapped_(MappedWords(source_, parts.Start(), parts.samples.size(), Gain)) {
     Put("source.wav", source_);
   }
 

@@ -19,6 +19,7 @@
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"
 #include "wav/gain.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -262,7 +263,7 @@ class ThroughputOfPass : public ::testing::TestWithParam<LengthCase> {};
 
 TEST_P(ThroughputOfPass, CountsTheWholeFile) {
   const auto& [name, buffering, isInPlace, behind] = GetParam();
-  const PassFolder folder({.samples = Noise(3 * Block), .behind = behind, .start = 1001});
+  const PassFolder folder({.samples = Noise(3 * Block), .before = UpTo(1001), .behind = behind});
   ReadClock clock;
   clock.JumpAfter(1, 1.5);
   ObserverOfPass observer;
@@ -332,7 +333,7 @@ class CutSource : public ::testing::TestWithParam<int> {};
 
 TEST_P(CutSource, WithinTheHeaderIsCopiedAndNothingIsMapped) {
   const TemporaryFolder folder;
-  auto bytes = WavBytes({.samples = {}, .declared = 0xFFFFFFFF});
+  auto bytes = WavParts{.declared = 0xFFFFFFFF}.Bytes();
   bytes.resize(bytes.size() - static_cast<std::size_t>(GetParam()));
   folder.Put("source.wav", bytes);
   for (const auto buffering : {Buffering::Single, Buffering::Multi}) {

@@ -10,7 +10,6 @@
 #include <deque>
 #include <functional>
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,46 +33,9 @@
 #include "shell/window_catalogue.h"
 #include "tests/support/calculator_window.h"
 #include "tests/support/user.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
-
-/// What a small WAV file is made of.
-struct SmallWav {
-  std::vector<std::int16_t> samples;
-  std::uint16_t format = 1;
-  std::uint16_t channels = 2;
-  std::uint32_t rate = 44100;
-  std::uint16_t bits = 16;
-  std::optional<std::uint32_t> declared;  ///< length of the data, where it is not the true one
-  std::string formatTag = "fmt ";
-  std::string dataTag = "data";
-
-  [[nodiscard]] QByteArray Bytes() const {
-    std::string bytes = "RIFF";
-    Append(bytes, static_cast<std::uint32_t>(36 + 2 * samples.size()), 4);
-    bytes += "WAVE" + formatTag;
-    Append(bytes, 16, 4);
-    Append(bytes, format, 2);
-    Append(bytes, channels, 2);
-    Append(bytes, rate, 4);
-    Append(bytes, 4 * rate, 4);
-    Append(bytes, 4, 2);
-    Append(bytes, bits, 2);
-    bytes += dataTag;
-    Append(bytes, declared.value_or(static_cast<std::uint32_t>(2 * samples.size())), 4);
-    for (const auto sample : samples) {
-      Append(bytes, static_cast<std::uint16_t>(sample), 2);
-    }
-    return QByteArray::fromStdString(bytes);
-  }
-
- private:
-  static void Append(std::string& bytes, std::uint32_t value, int count) {
-    for (int i = 0; i < count; ++i) {
-      bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
-    }
-  }
-};
 
 /// The samples as a pass of this gain leaves them.
 inline std::vector<std::int16_t> Amplified(std::vector<std::int16_t> samples, double gain) {
@@ -137,28 +99,29 @@ class NormalizerWindow : public CalculatorWindow {
     EXPECT_EQ(file.write(bytes), bytes.size());
     return PathOf(name);
   }
-  QString Put(const char* name, const SmallWav& wav) const { return Put(name, wav.Bytes()); }
+  QString Put(const char* name, const WavParts& wav) const { return Put(name, BytesOf(wav)); }
   [[nodiscard]] QByteArray BytesOf(const char* name) const {
     QFile file(PathOf(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
   }
+  static QByteArray BytesOf(const WavParts& wav) { return QByteArray::fromStdString(wav.Bytes()); }
 
   /// Samples with the peaks -16384 and 8191: at 100 % their gain is 2.
-  static SmallWav Quiet() { return {.samples = {-16384, 8191, 3, -5, 0, 700}}; }
-  static SmallWav QuietAmplified() { return {.samples = Amplified(Quiet().samples, 2)}; }
+  static WavParts Quiet() { return {.levels = {-16384, 8191, 3, -5, 0, 700}}; }
+  static WavParts QuietAmplified() { return {.levels = Amplified(Quiet().levels, 2)}; }
 
   /// Samples of `blocks` times 64 KB, with the peaks of Quiet() in the first of them. A scan, and a
   /// pass of single buffers, tells of its progress behind each block but the last.
-  static SmallWav Long(std::size_t blocks) {
-    SmallWav wav;
-    wav.samples.resize(blocks * 32768, 100);
-    wav.samples[1] = -16384;
-    wav.samples[2] = 8191;
+  static WavParts Long(std::size_t blocks) {
+    WavParts wav;
+    wav.levels.resize(blocks * 32768, 100);
+    wav.levels[1] = -16384;
+    wav.levels[2] = 8191;
     return wav;
   }
-  static SmallWav LongAmplified(std::size_t blocks) {
+  static WavParts LongAmplified(std::size_t blocks) {
     auto wav = Long(blocks);
-    wav.samples = Amplified(wav.samples, 2);
+    wav.levels = Amplified(wav.levels, 2);
     return wav;
   }
 
@@ -200,7 +163,7 @@ class NormalizerWindow : public CalculatorWindow {
   }
 
   /// Opens the window with a scanned file in it.
-  void OpenScanned(const SmallWav& wav) {
+  void OpenScanned(const WavParts& wav) {
     const auto path = Put("in.wav", wav);
     OpenNormalizer();
     OpenFile(path);

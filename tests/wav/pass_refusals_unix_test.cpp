@@ -26,6 +26,7 @@
 #include "tests/support/unprivileged.h"
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"
+#include "tests/wav/wav_builder.h"
 #include "tests/wav/wav_file_support.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
@@ -203,7 +204,7 @@ TEST_F(SlowDisk, NobodyIsToldWhileNoTimePasses) {
 }
 
 TEST_F(SlowDisk, CountsInTheThroughput) {
-  Folder().Put("source.wav", WavBytes({.samples = Noise(100)}));
+  Folder().Put("source.wav", WavParts{.samples = Noise(100)}.Bytes());
   std::atomic<bool> isOver{false};
   ObserverOfPass observer;
   observer.onSync = [&] {

@@ -21,6 +21,7 @@
 #include "base/time/clock.h"
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/watched_pass.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass.h"
@@ -126,33 +127,6 @@ class ScriptedQuestions : public TargetQuestions {
   int asked = 0;
   int worksInPlace = 0;
 };
-
-/// The bytes of a number, lowest first.
-inline std::string LittleEndian(std::uint32_t value, std::size_t bytes) {
-  std::string text;
-  for (std::size_t i = 0; i < bytes; ++i) {
-    text += static_cast<char>(value >> (8 * i) & 0xFFU);
-  }
-  return text;
-}
-
-/// What a WAV file is made of: 16-bit mono at 44100 Hz.
-struct WavParts {
-  std::string samples;
-  std::string behind;      ///< what follows the samples
-  std::size_t start = 45;  ///< position of the first sample byte, at least 45
-  std::optional<std::uint32_t>
-      declared;  ///< data length in the header, where it is not the true one
-};
-
-inline std::string WavBytes(const WavParts& parts) {
-  const auto declared = parts.declared.value_or(static_cast<std::uint32_t>(parts.samples.size()));
-  auto bytes = "RIFF" + LittleEndian(36 + declared, 4) + "WAVEfmt " + LittleEndian(16, 4) +
-               LittleEndian(1, 2) + LittleEndian(1, 2) + LittleEndian(44100, 4) +
-               LittleEndian(88200, 4) + LittleEndian(2, 2) + LittleEndian(16, 2);
-  bytes.resize(parts.start - 1 - 8, '\0');
-  return bytes + "data" + LittleEndian(declared, 4) + parts.samples + parts.behind;
-}
 
 /// Sample bytes that look different everywhere, from -12000 to 12000.
 inline std::string Noise(std::size_t bytes) {

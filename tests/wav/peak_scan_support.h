@@ -13,6 +13,7 @@
 
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/pass_support.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/pass.h"
 #include "wav/peak_scan.h"
 
@@ -31,7 +32,7 @@ class PeakScanTest : public ::testing::Test {
  protected:
   // Scans a file of these parts, and holds that the file is as it was.
   ScanResult Scan(const WavParts& parts, const Clock& clock, PassObserver& observer) const {
-    const auto bytes = WavBytes(parts);
+    const auto bytes = parts.Bytes();
     folder_.Put("scanned.wav", bytes);
     const auto scan = ScanPeaks(folder_.PathOf("scanned.wav"), clock, observer);
     EXPECT_EQ(TextOf(scan.error), "no error");

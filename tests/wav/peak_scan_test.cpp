@@ -19,6 +19,7 @@
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/peak_scan_support.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/pass.h"
 
 namespace brindle {
@@ -166,7 +167,7 @@ TEST_F(PeakScanTest, WholePercentOfATieIsEven) {
   const ReadClock clock(1);
   ScriptedObserver observer;
   // The second block at 65618 of 305200 bytes is at 21.5 %.
-  const auto scan = Scan({.samples = Noise(305200 - 81), .start = 82}, clock, observer);
+  const auto scan = Scan({.samples = Noise(305200 - 81), .before = UpTo(82)}, clock, observer);
   ASSERT_EQ(observer.updates.size(), 3U);
   EXPECT_EQ(observer.updates[1].percent, 21.5F);
   EXPECT_EQ(observer.updates[1].wholePercent, 22);
@@ -217,8 +218,9 @@ TEST_P(AbortOfScan, GivesTheLevelsSoFar) {
   const auto& [name, endsAt, lowest, highest] = GetParam();
   const TemporaryFolder folder;
   folder.Put("scanned.wav",
-             WavBytes({.samples = Filled(Block, 100) + Filled(Block, -200) + Filled(Block, 300) +
-                                  Filled(Block, 400) + Filled(20, -500)}));
+             WavParts{.samples = Filled(Block, 100) + Filled(Block, -200) + Filled(Block, 300) +
+                                 Filled(Block, 400) + Filled(20, -500)}
+                 .Bytes());
   const ReadClock clock(1);
   ScriptedObserver observer;
   observer.endsAt = endsAt;
@@ -249,7 +251,7 @@ class ThroughputOfScan : public ::testing::TestWithParam<ThroughputCase> {};
 TEST_P(ThroughputOfScan, AddsTheStartToTheEnd) {
   const auto& [name, dataBytes, start, endPosition] = GetParam();
   const TemporaryFolder folder;
-  folder.Put("scanned.wav", WavBytes({.samples = Noise(dataBytes), .start = start}));
+  folder.Put("scanned.wav", WavParts{.samples = Noise(dataBytes), .before = UpTo(start)}.Bytes());
   ReadClock clock;
   ScriptedObserver observer;
   // The checks behind the blocks are read after the jump, and one of them is told.
@@ -289,7 +291,7 @@ TEST_F(PeakScanTest, ThroughputOfAnAbortIsThatOfTheBlockItEndedBehind) {
 TEST_F(PeakScanTest, HeaderCutWithinItsLengthHasNoSamples) {
   const ReadClock clock(1);
   for (std::size_t cut = 1; cut <= 4; ++cut) {
-    auto bytes = WavBytes({.samples = {}, .declared = 0xFFFFFFFF});
+    auto bytes = WavParts{.declared = 0xFFFFFFFF}.Bytes();
     bytes.resize(bytes.size() - cut);
     Folder().Put("cut.wav", bytes);
     ScriptedObserver observer;
@@ -307,7 +309,7 @@ TEST_F(PeakScanTest, TagIsFoundAtEveryPlaceTheFileMayEndBehindIt) {
   for (const std::size_t middle : {std::size_t{4096}, Block, 2 * Block}) {
     for (std::size_t tag = middle - 8; tag <= middle + 8; ++tag) {
       for (std::size_t cut = 0; cut <= 4; ++cut) {
-        auto bytes = WavBytes({.samples = {}, .start = tag + 9, .declared = 0xFFFFFFFF});
+        auto bytes = WavParts{.before = UpTo(tag + 9), .declared = 0xFFFFFFFF}.Bytes();
         bytes.resize(bytes.size() - cut);
         Folder().Put("cut.wav", bytes);
         ScriptedObserver observer;
@@ -351,7 +353,8 @@ TEST_F(FailureOfScan, EmptyFile) {
 
 TEST_F(PeakScanTest, FileThatGrowsMeanwhileIsScannedAsItWas) {
   const auto path = Folder().PathOf("growing.wav");
-  Folder().Put("growing.wav", WavBytes({.samples = Filled(4 * Block, 7), .declared = 0xFFFFFFFF}));
+  Folder().Put("growing.wav",
+               WavParts{.samples = Filled(4 * Block, 7), .declared = 0xFFFFFFFF}.Bytes());
   const ReadClock clock(1);
   ScriptedObserver observer;
   observer.onUpdate = [&](std::size_t) {
@@ -401,7 +404,7 @@ TEST_P(UnseenWords, AreThoseThatTheLoopsOfAScanDoNotRead) {
   const auto& [name, bytes, behind] = GetParam();
   const TemporaryFolder folder;
   const WavParts parts{.samples = Filled(bytes, 20000), .behind = std::string(behind, 'x')};
-  folder.Put("scanned.wav", WavBytes(parts));
+  folder.Put("scanned.wav", parts.Bytes());
   const auto path = folder.PathOf("scanned.wav");
   const auto length = static_cast<qint64>(bytes);
   const auto seen = SeenWords(45, length, 44 + length + static_cast<qint64>(behind));
@@ -446,7 +449,7 @@ TEST(EveryWordTest, IsLookedAtWhereTheUsualScanLeavesABlockOut) {
       auto samples = Filled(bytes, 100);
       const std::int16_t loud = -30000;
       std::memcpy(samples.data() + at, &loud, sizeof(loud));
-      folder.Put("scanned.wav", WavBytes({.samples = samples, .behind = "LIST"}));
+      folder.Put("scanned.wav", WavParts{.samples = samples, .behind = "LIST"}.Bytes());
       const ReadClock clock;
       ScriptedObserver observer;
       const auto scan =

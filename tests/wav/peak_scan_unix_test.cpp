@@ -15,6 +15,7 @@
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_unix_support.h"
 #include "tests/wav/peak_scan_support.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/peak_scan.h"
 
 namespace brindle {
@@ -33,7 +34,7 @@ TEST_F(FailureOfScan, DeviceIsNotAFile) {
 
 TEST_F(FailureOfScan, FileThatMayNotBeRead) {
   const auto path = Folder().PathOf("secret.wav");
-  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
+  Folder().Put("secret.wav", WavParts{.samples = Noise(100)}.Bytes());
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     SetMode(path, 0);
     found.ExpectEqual(ErrorOfScan(path),
@@ -43,7 +44,7 @@ TEST_F(FailureOfScan, FileThatMayNotBeRead) {
 
 TEST_F(FailureOfScan, FileInAFolderThatMayNotBeEntered) {
   const auto path = Folder().PathOf("secret.wav");
-  Folder().Put("secret.wav", WavBytes({.samples = Noise(100)}));
+  Folder().Put("secret.wav", WavParts{.samples = Noise(100)}.Bytes());
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     SetMode(Folder().Path(), 0);
     found.ExpectEqual(ErrorOfScan(path),
@@ -53,7 +54,7 @@ TEST_F(FailureOfScan, FileInAFolderThatMayNotBeEntered) {
 
 TEST_F(FailureOfScan, FileThatBecomesShorterMeanwhile) {
   const auto path = Folder().PathOf("shrinking.wav");
-  const auto bytes = WavBytes({.samples = Noise(5 * Block)});
+  const auto bytes = WavParts{.samples = Noise(5 * Block)}.Bytes();
   // In the block that comes next, in a later one, in the words behind them.
   for (const std::size_t length : {44 + Block + 100, 44 + 3 * Block, 44 + 5 * Block - 1}) {
     Folder().Put("shrinking.wav", bytes);
@@ -72,7 +73,7 @@ TEST_F(FailureOfScan, FileThatBecomesShorterMeanwhile) {
 TEST_F(PeakScanTest, FileDeletedMeanwhileIsScannedToItsEnd) {
   const auto path = Folder().PathOf("deleted.wav");
   const auto samples = Filled(4 * Block, 7) + Filled(2, -9);
-  Folder().Put("deleted.wav", WavBytes({.samples = samples}));
+  Folder().Put("deleted.wav", WavParts{.samples = samples}.Bytes());
   const ReadClock clock(1);
   ScriptedObserver observer;
   observer.onUpdate = [&](std::size_t) { QFile::remove(path); };

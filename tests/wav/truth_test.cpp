@@ -26,6 +26,7 @@
 #include "tests/support/named_case.h"
 #include "tests/wav/literal_model.h"
 #include "tests/wav/watched_pass.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/gain.h"
 #include "wav/normalization.h"
 #include "wav/pass.h"
@@ -111,28 +112,14 @@ const FileBytes& Noise() {
   return noise;
 }
 
-void Append(FileBytes& file, const char* text) {
-  for (; *text != '\0'; ++text) {
-    file.push_back(static_cast<std::uint8_t>(*text));
-  }
+// The noise from the byte of the file on that this is, so that no two places look alike.
+std::string NoiseFrom(std::size_t offset, std::int64_t size) {
+  const auto from = Noise().begin() + static_cast<std::ptrdiff_t>(offset);
+  return {from, from + static_cast<std::ptrdiff_t>(size)};
 }
 
-void AppendNumber(FileBytes& file, std::uint64_t number, int bytes) {
-  for (; bytes > 0; --bytes) {
-    file.push_back(static_cast<std::uint8_t>(number % 256));
-    number /= 256;
-  }
-}
-
-void AppendNoise(FileBytes& file, std::int64_t size) {
-  const auto from = Noise().begin() + static_cast<std::ptrdiff_t>(file.size());
-  file.insert(file.end(), from, from + static_cast<std::ptrdiff_t>(size));
-}
-
-void AppendChunk(FileBytes& file, std::int64_t size) {
-  Append(file, "LIST");
-  AppendNumber(file, static_cast<std::uint64_t>(size), 4);
-  AppendNoise(file, size);
+std::string ChunkFrom(std::size_t offset, std::int64_t size) {
+  return "LIST" + Number(static_cast<std::uint64_t>(size), 4) + NoiseFrom(offset + 8, size);
 }
 
 struct Layout {
@@ -147,30 +134,20 @@ struct Layout {
 };
 
 FileBytes FileOf(const Layout& layout) {
-  FileBytes file;
-  file.reserve(static_cast<std::size_t>(200 + layout.samples + layout.before.value_or(0) +
-                                        layout.behind.value_or(0)));
-  Append(file, "RIFF");
-  AppendNumber(file, 36, 4);
-  Append(file, "WAVE");
-  Append(file, layout.isUpperCase ? "FMT " : "fmt ");
-  AppendNumber(file, 16, 4);
-  AppendNumber(file, 1, 2);
-  AppendNumber(file, layout.channels, 2);
-  AppendNumber(file, 44100, 4);
-  AppendNumber(file, 176400, 4);
-  AppendNumber(file, 4, 2);
-  AppendNumber(file, layout.bits, 2);
+  WavParts parts{.channels = layout.channels, .bits = layout.bits, .declared = layout.declared};
+  if (layout.isUpperCase) {
+    parts.formatTag = "FMT ";
+    parts.dataTag = "DATA";
+  }
   if (layout.before) {
-    AppendChunk(file, *layout.before);
+    parts.before = ChunkFrom(parts.Start() - 9, *layout.before);
   }
-  Append(file, layout.isUpperCase ? "DATA" : "data");
-  AppendNumber(file, layout.declared.value_or(static_cast<std::uint32_t>(layout.samples)), 4);
-  AppendNoise(file, layout.samples);
+  parts.samples = NoiseFrom(parts.Start() - 1, layout.samples);
   if (layout.behind) {
-    AppendChunk(file, *layout.behind);
+    parts.behind = ChunkFrom(parts.Start() - 1 + parts.samples.size(), *layout.behind);
   }
-  return file;
+  const auto bytes = parts.Bytes();
+  return {bytes.begin(), bytes.end()};
 }
 
 void PutFile(const QString& path, const FileBytes& bytes) {

@@ -18,6 +18,7 @@
 #include "tests/support/unprivileged.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_unix_support.h"
+#include "tests/wav/wav_builder.h"
 #include "tests/wav/wav_file_support.h"
 #include "wav/wav_file.h"
 
@@ -96,7 +97,7 @@ struct LockCase {
 
 class LockedWav : public ::testing::TestWithParam<LockCase> {
  protected:
-  void SetUp() override { folder_.Put("file.wav", WavBytes({.samples = "abcd"})); }
+  void SetUp() override { folder_.Put("file.wav", WavParts{.samples = "abcd"}.Bytes()); }
 
   // Asked in a process that holds no lock of its own.
   [[nodiscard]] std::string OpeningHere() const {

@@ -13,6 +13,7 @@
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_windows_support.h"
+#include "tests/wav/wav_builder.h"
 #include "tests/wav/wav_file_support.h"
 #include "wav/system_files.h"
 #include "wav/wav_file.h"
@@ -119,7 +120,7 @@ struct HoldCase {
 class HeldWav : public WavFileTest, public ::testing::WithParamInterface<HoldCase> {};
 
 TEST_P(HeldWav, IsAlreadyOpenUnlessItIsShared) {
-  const auto bytes = WavBytes({.samples = "abcd"});
+  const auto bytes = WavParts{.samples = "abcd"}.Bytes();
   Folder().Put("file.wav", bytes);
   EXPECT_EQ(Opening(Path()), "4");
   {
@@ -176,7 +177,7 @@ class LockedWav : public WavFileTest, public ::testing::WithParamInterface<LockC
 };
 
 TEST_P(LockedWav, IsAlreadyOpenUntilTheLockIsGone) {
-  Folder().Put("file.wav", WavBytes({.samples = "abcd"}));
+  Folder().Put("file.wav", WavParts{.samples = "abcd"}.Bytes());
   EXPECT_EQ(Opening(Path()), "4");
   {
     const HeldFile holder(Path(), Changing, SharedForChanging);

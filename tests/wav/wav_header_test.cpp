@@ -19,19 +19,11 @@
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
 namespace {
-
-std::string Number(std::uint64_t number, int bytes) {
-  std::string text;
-  for (; bytes > 0; --bytes) {
-    text.push_back(static_cast<char>(number % 256));
-    number /= 256;
-  }
-  return text;
-}
 
 struct Format {
   const char* tag = "fmt ";

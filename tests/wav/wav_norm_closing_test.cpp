@@ -28,6 +28,7 @@
 #include "shell/main_prog.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -119,7 +120,7 @@ class ClosingWindow : public NormalizerWindow {
     EXPECT_EQ(Shown(), "info peaks scan normalize");
     questions.Answer(BoxAnswer::Ok);
     ClickOn("btnNorm");
-    EXPECT_EQ(BytesOf("again.wav"), QuietAmplified().Bytes());
+    EXPECT_EQ(BytesOf("again.wav"), BytesOf(QuietAmplified()));
     EXPECT_EQ(Boxes().size(), 1U);
     window->close();
     RunDeletions();
@@ -179,7 +180,7 @@ TEST_P(ClosedWays, DuringANormalizationAfterTheQuestion) {
   ASSERT_EQ(questions.asked.size(), 1U);
   EXPECT_EQ(questions.asked[0].text, ReallyAbort);
   EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNoDefaultNo);
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
   ExpectReopensUnlessEnded();
 }
 
@@ -195,7 +196,7 @@ TEST_P(ClosedWays, NotDuringANormalizationThatIsToGoOn) {
   ClickOn("btnNorm");
   RunDeletions();
   ExpectOpen();
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)));
   EXPECT_EQ(Shown(), "info scan");
   EXPECT_EQ(Disabled(), "");
   // And it closes without a question afterwards.
@@ -214,13 +215,13 @@ TEST_P(ClosedWays, DuringAPassWithManyBuffers) {
   ClickOn("btnNorm");
   ExpectIt();
   EXPECT_EQ(Boxes(), Texts{ReallyAbort});
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes().first(46));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()).first(46));
 }
 
 TEST_P(ClosedWays, BehindTheLoopsOfAPass) {
   OpenScannedLong();
   questions.Answer(BoxAnswer::Yes,
-                   [&] { EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes()); });
+                   [&] { EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4))); });
   for (int update = 0; update < 3; ++update) {
     During("Normalizing...", [] {});
   }
@@ -271,7 +272,7 @@ TEST_F(ClosedBySystem, ANormalizationStopsAtItsNextUpdateUnasked) {
   ClickOn("btnNorm");
   ExpectClosed(Way::MainWindow);
   EXPECT_EQ(Boxes(), Texts());
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
 }
 
 TEST_F(ClosedBySystem, AScanStopsAtItsNextUpdate) {
@@ -362,7 +363,7 @@ TEST_P(ClosedUnderABox, OfAFailedScan) {
 }
 
 TEST_P(ClosedUnderABox, OfANeedlessPass) {
-  OpenScanned({.samples = {0, 0}});
+  OpenScanned({.levels = {0, 0}});
   AnswerClosing();
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{NotRequired});
@@ -383,7 +384,7 @@ TEST_P(ClosedUnderABox, OfTheStatistics) {
   AnswerClosing();
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes().size(), 1U) << "the pass is over, nothing is left to abort";
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
   ExpectIt();
 }
 
@@ -406,7 +407,7 @@ TEST_P(ClosedUnderABox, ThatAsksAboutTheTarget) {
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), (Texts{Overwrite, ReallyAbort}));
   EXPECT_EQ(BytesOf("out.wav"), "precious");
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
   ExpectIt();
 }
 
@@ -417,7 +418,7 @@ TEST_P(ClosedUnderABox, ThatAsksAboutTheAbort) {
   questions.Answer(BoxAnswer::Yes, [&] { ExpectOpen(); });
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), (Texts{ReallyAbort, ReallyAbort}));
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
   ExpectIt();
 }
 
@@ -440,7 +441,7 @@ TEST_F(ClosingWindow, UnderTheTargetsQuestionIsNotDoneWhenThePassIsToGoOn) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   ExpectOpen();
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
 }
 
 // A window that is about to close is asked once; the program may end meanwhile, though.
@@ -464,7 +465,7 @@ TEST_F(ClosingWindow, AgainUnderItsOwnQuestionLeavesItOpenAfterNo) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   ExpectOpen();
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)));
   window->close();
   ExpectClosed(Way::Close);
 }
@@ -477,7 +478,7 @@ TEST_F(ClosingWindow, WithTheMainWindowUnderItsOwnQuestion) {
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), (Texts{ReallyAbort, ReallyAbort}));
   ExpectClosed(Way::MainWindow);
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
 }
 
 // Closing the normalizer takes the main window's question about it away: the main window stays.
@@ -493,7 +494,7 @@ TEST_F(ClosingWindow, UnderTheQuestionOfTheMainWindow) {
     RunDeletions();
     EXPECT_EQ(window, nullptr);
     EXPECT_EQ(mainClosed, 0);
-    EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+    EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
     clock.AdvanceAtEveryLook(0);
   }
 }
@@ -576,7 +577,7 @@ class ClosingOnTheScreen : public NormalizerWindow {
     });
     look.start(0);
   }
-  void OpenLoaded(const SmallWav& wav) {
+  void OpenLoaded(const WavParts& wav) {
     const auto path = Put("in.wav", wav);
     OpenNormalizer();
     WhenOpen<QFileDialog>([&](QFileDialog* dialog) {
@@ -613,7 +614,7 @@ TEST_F(ClosingOnTheScreen, EscapeInTheQuestionMeansNo) {
   ClickOn("btnNorm");
   EXPECT_EQ(seen, 3);
   EXPECT_TRUE(window->isVisible());
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(3).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(3)));
 }
 
 TEST_F(ClosingOnTheScreen, TheEndOfTheProgramAnswersNoQuestionAboutTheTarget) {
@@ -639,7 +640,7 @@ TEST_F(ClosingOnTheScreen, TheEndOfTheProgramEndsAPassUnderItsQuestion) {
   });
   ClickOn("btnNorm");
   EXPECT_EQ(seen, 2);
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
 }
 
 TEST_F(ClosingOnTheScreen, TheEndOfTheProgramTakesAFileDialogAway) {

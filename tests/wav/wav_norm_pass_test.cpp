@@ -19,6 +19,7 @@
 #include "base/settings/settings.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -33,7 +34,7 @@ bool Matches(const std::string& text, const QString& pattern) {
 
 class ScanningWindow : public NormalizerWindow {
  protected:
-  void OpenLoaded(const SmallWav& wav) {
+  void OpenLoaded(const WavParts& wav) {
     const auto path = Put("in.wav", wav);
     OpenNormalizer();
     OpenFile(path);
@@ -47,7 +48,7 @@ TEST_F(ScanningWindow, ShowsThePeaks) {
   EXPECT_EQ(Disabled(), "");
   EXPECT_EQ(Peaks(), "-16384 8191");
   EXPECT_EQ(Boxes(), Texts());
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
   EXPECT_FALSE(QFile::exists(PathOf("out.wav")));
 }
 
@@ -60,7 +61,7 @@ struct PeakCase {
 class ScannedPeaks : public NormalizerWindow, public ::testing::WithParamInterface<PeakCase> {};
 
 TEST_P(ScannedPeaks, NeverLeaveZeroOut) {
-  OpenScanned({.samples = GetParam().samples});
+  OpenScanned({.levels = GetParam().samples});
   EXPECT_EQ(Peaks(), GetParam().peaks);
   EXPECT_EQ(Shown(), Scanned);
 }
@@ -151,7 +152,7 @@ TEST_F(ScanningWindow, LeavesPeaksAndNormalizeOfTheScanBeforeInSight) {
 TEST_F(ScanningWindow, AbortedShowsWhatItSaw) {
   OpenLoaded(Long(4));
   auto wav = Long(4);
-  wav.samples[40000] = 20000;  // in the second block
+  wav.levels[40000] = 20000;  // in the second block
   Put("in.wav", wav);
   LetUpdatesCome();
   During("Scanning...", [&] { ClickOn("Cancel"); });
@@ -248,7 +249,7 @@ TEST_F(ScanningWindow, GoesOnToNormalizeWhenToldTo) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnScan");
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
   EXPECT_EQ(Shown(), AfterAPass);
 }
 
@@ -260,7 +261,7 @@ TEST_F(ScanningWindow, GoesOnToNormalizeEvenAfterAnAbort) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnScan");
   EXPECT_TRUE(Boxes().at(0).starts_with("WAV file was successfully normalized."));
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)));
 }
 
 TEST_F(ScanningWindow, GoesByTheOptionOfItsStart) {
@@ -293,7 +294,7 @@ class NeedlessPasses : public NormalizerWindow,
 TEST_P(NeedlessPasses, AreTold) {
   const auto& [name, samples, tolerance, percent, isRequired] = GetParam();
   record.WavTolerance = tolerance;
-  OpenScanned({.samples = samples});
+  OpenScanned({.levels = samples});
   TabTo(PercNorm);
   TypeOver(QString::fromLatin1(percent));
   questions.Answer(BoxAnswer::Ok);
@@ -329,14 +330,14 @@ TEST_F(NormalizingWindow, WritesTheTargetAndTellsOfIt) {
     // The pass is over but for its message.
     EXPECT_EQ(Shown(), "info scan abort Normalizing...");
     EXPECT_EQ(Disabled(), "Mbuffer Target PercNorm btnOpen btnScan btnNorm");
-    EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+    EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
   });
   ClickOn("btnNorm");
   ASSERT_EQ(questions.asked.size(), 1U);
   EXPECT_EQ(questions.asked[0].buttons, BoxButtons::Ok);
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
   EXPECT_EQ(Shown(), AfterAPass);
   EXPECT_EQ(Disabled(), "");
 }
@@ -346,7 +347,7 @@ TEST_F(NormalizingWindow, NamesItsBuffers) {
   OpenScanned(Quiet());
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", true)});
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
 }
 
 TEST_F(NormalizingWindow, TellsTheThroughputOfTheScan) {
@@ -385,13 +386,13 @@ class Gains : public NormalizerWindow, public ::testing::WithParamInterface<Gain
 
 TEST_P(Gains, ComeOfPeaksAndPercentage) {
   record.WavTolerance = 0;
-  OpenScanned({.samples = GetParam().samples});
+  OpenScanned({.levels = GetParam().samples});
   TabTo(PercNorm);
   TypeOver(QString::fromLatin1(GetParam().percent));
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime(GetParam().amplification, false)});
-  EXPECT_EQ(BytesOf("out.wav"), SmallWav{.samples = GetParam().expected}.Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf({.levels = GetParam().expected}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -424,7 +425,7 @@ TEST_F(NormalizingWindow, ShowsHowFarItIs) {
     EXPECT_TRUE(Matches(Text("ETA2"), u"^13:[2-5][0-9]$"_s)) << Text("ETA2");
   });
   Normalize();
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(5).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(5)));
   EXPECT_EQ(FocusedControl(), "btnScan");
 }
 
@@ -438,13 +439,13 @@ TEST_F(NormalizingWindow, NeedsAScanBeforeTheNextOne) {
 
 TEST_F(NormalizingWindow, AppliesThePeaksOfTheFileBefore) {
   OpenScanned(Quiet());
-  const SmallWav other{.samples = {-1000, 1000, 20000, 3}};
+  const WavParts other{.levels = {-1000, 1000, 20000, 3}};
   OpenFile(Put("other.wav", other));
   EXPECT_EQ(Shown(), "info scan normalize");
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("out.wav"), SmallWav{.samples = Amplified(other.samples, 2)}.Bytes());
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf({.levels = Amplified(other.levels, 2)}));
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
 }
 
 TEST_F(NormalizingWindow, KeepsItsOptionsThroughout) {
@@ -460,8 +461,8 @@ TEST_F(NormalizingWindow, KeepsItsOptionsThroughout) {
     EXPECT_EQ(Disabled(), "Mbuffer TargetFile Target PercNorm btnOpen btnScan btnNorm");
   });
   Normalize();
-  EXPECT_EQ(BytesOf("in.wav"), Long(3).Bytes());
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(3).Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Long(3)));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(3)));
   const auto text = Boxes().at(0);
   EXPECT_NE(text.find("Applied amplification: 200%"), std::string::npos) << text;
   EXPECT_NE(text.find("single buffer"), std::string::npos) << text;
@@ -479,7 +480,7 @@ TEST_F(NormalizingWindow, KeepsToTheSource) {
   LetUpdatesCome();
   During("Normalizing...", [&] { ClickOn("Output(1)"); });
   Normalize();
-  EXPECT_EQ(BytesOf("in.wav"), LongAmplified(3).Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(LongAmplified(3)));
   EXPECT_FALSE(QFile::exists(PathOf("out.wav")));
   EXPECT_FALSE(record.WavOverwriteSource);
   EXPECT_EQ(Disabled(), "");
@@ -498,7 +499,7 @@ TEST_F(NormalizingWindow, StartsNothingElseMeanwhile) {
   });
   Normalize();
   EXPECT_EQ(dialogs.asked.size(), 0U);
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(3).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(3)));
 }
 
 TEST_F(NormalizingWindow, LetsNothingElseStartAtItsBeginning) {
@@ -525,7 +526,7 @@ TEST_F(NormalizingWindow, OverwritesTheSource) {
   OpenScanned(Quiet());
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(QuietAmplified()));
   EXPECT_FALSE(QFile::exists(PathOf("out.wav")));
   EXPECT_EQ(Disabled(), "TargetFile Target");
 }
@@ -547,7 +548,7 @@ TEST_F(NormalizingWindow, AsksBeforeItOverwrites) {
   EXPECT_EQ(questions.asked[0].text, Overwrite);
   EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNoDefaultNo);
   EXPECT_EQ(questions.asked[1].text, StatisticsWithoutTime("200", false));
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
 }
 
 TEST_F(NormalizingWindow, LeavesATargetThatIsToStay) {
@@ -557,7 +558,7 @@ TEST_F(NormalizingWindow, LeavesATargetThatIsToStay) {
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{Overwrite});
   EXPECT_EQ(BytesOf("out.wav"), "precious");
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
   EXPECT_EQ(Shown(), AfterAPass);
   EXPECT_EQ(Disabled(), "");
 }
@@ -567,7 +568,7 @@ TEST_F(NormalizingWindow, AsksNothingAboutAnEmptyTarget) {
   OpenScanned(Quiet());
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
 }
 
 TEST_F(NormalizingWindow, WorksInPlaceWhereTheTargetIsTheSource) {
@@ -576,7 +577,7 @@ TEST_F(NormalizingWindow, WorksInPlaceWhereTheTargetIsTheSource) {
   EXPECT_TRUE(IsChecked(u"Output(1)"_s));
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(QuietAmplified()));
   EXPECT_TRUE(record.WavOverwriteSource);
   EXPECT_TRUE(IsChecked(u"Output(0)"_s));
   EXPECT_EQ(Disabled(), "TargetFile Target");
@@ -592,7 +593,7 @@ TEST_F(NormalizingWindow, TellsOfATargetThatIsNoAbsolutePath) {
   EXPECT_EQ(Boxes(), Texts{"Cannot write Output.wav: not an absolute path"});
   EXPECT_EQ(Shown(), AfterAPass);
   EXPECT_EQ(Disabled(), "");
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
 }
 
 TEST_F(NormalizingWindow, TellsOfATargetThatIsAFolder) {
@@ -694,7 +695,7 @@ TEST_F(AbortedNormalization, AsksFirst) {
   EXPECT_EQ(Disabled(), "");
   EXPECT_EQ(FocusedControl(), "btnScan");
   // A partial target stays: the header and the block before the update.
-  auto expected = LongAmplified(4).Bytes().first(44 + 65536);
+  auto expected = BytesOf(LongAmplified(4)).first(44 + 65536);
   EXPECT_EQ(BytesOf("out.wav"), expected);
 }
 
@@ -705,8 +706,8 @@ TEST_F(AbortedNormalization, LeavesTheSourcePartlyAmplified) {
   During("Normalizing...", [&] { ClickOn("Cancel"); });
   questions.Answer(BoxAnswer::Yes);
   ClickOn("btnNorm");
-  auto expected = Long(4).Bytes();
-  expected.replace(0, 44 + 65536, LongAmplified(4).Bytes().first(44 + 65536));
+  auto expected = BytesOf(Long(4));
+  expected.replace(0, 44 + 65536, BytesOf(LongAmplified(4)).first(44 + 65536));
   EXPECT_EQ(BytesOf("in.wav"), expected);
 }
 
@@ -720,7 +721,7 @@ TEST_F(AbortedNormalization, GoesOnAfterNo) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   EXPECT_EQ(questions.asked.size(), 3U);
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)));
   clock.AdvanceAtEveryLook(0);
   ClickOn("btnScan");
   EXPECT_EQ(Peaks(), "-16384 8191");
@@ -752,7 +753,7 @@ TEST_F(AbortedNormalization, WithManyBuffers) {
   questions.Answer(BoxAnswer::Yes);
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{ReallyAbort});
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes().first(46));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()).first(46));
   EXPECT_TRUE(record.WavMultiBuffer);
   EXPECT_EQ(Disabled(), "");
 }
@@ -761,7 +762,7 @@ TEST_F(AbortedNormalization, WithManyBuffers) {
 TEST_F(AbortedNormalization, StopsTheNextScanAtItsFirstUpdate) {
   OpenScanned(Long(4));
   auto louder = Long(4);
-  louder.samples[40000] = 20000;  // in the second block
+  louder.levels[40000] = 20000;  // in the second block
   LetUpdatesCome();
   During("Normalizing...", [&] { ClickOn("Cancel"); });
   questions.Answer(BoxAnswer::Yes);
@@ -776,7 +777,7 @@ TEST_F(AbortedNormalization, StopsTheNextScanAtItsFirstUpdate) {
 TEST_F(AbortedNormalization, TooLateIsTakenByTheNextScan) {
   OpenScanned(Long(3));
   auto louder = Long(3);
-  louder.samples[40000] = 20000;  // in the second block
+  louder.levels[40000] = 20000;  // in the second block
   LetUpdatesCome();
   During("Normalizing...", [] {});
   During("Normalizing...", [] {});
@@ -789,7 +790,7 @@ TEST_F(AbortedNormalization, TooLateIsTakenByTheNextScan) {
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_EQ(texts[0], ReallyAbort);
   EXPECT_TRUE(texts[1].starts_with("WAV file was successfully normalized."));
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(3).Bytes());
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(3)));
   Put("in.wav", louder);
   ClickOn("btnScan");
   EXPECT_EQ(Peaks(), "-16384 8191");
@@ -806,7 +807,7 @@ TEST_F(AbortedNormalization, IsForgottenByANewWindow) {
   window->close();
   RunDeletions();
   auto louder = Long(3);
-  louder.samples[40000] = 20000;
+  louder.levels[40000] = 20000;
   OpenScanned(louder);
   EXPECT_EQ(Peaks(), "-16384 20000");
 }
@@ -824,7 +825,7 @@ TEST_F(AbortedNormalization, OfAScanIsTakenByTheAutomaticPass) {
   During("", [&] { Find<QAbstractButton>(window, u"Cancel"_s)->click(); });
   ClickOn("btnScan");
   EXPECT_EQ(Boxes(), Texts());
-  EXPECT_EQ(BytesOf("out.wav"), LongAmplified(4).Bytes().first(44 + 65536));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(LongAmplified(4)).first(44 + 65536));
   EXPECT_EQ(Shown(), AfterAPass);
 }
 
@@ -837,9 +838,9 @@ class UnseenLoudness : public NormalizingWindow {
       "Normalize to the peaks of the whole file instead?";
 
   // Two blocks, of which a scan leaves out the second but for its last word.
-  static SmallWav LoudAtTheEnd() {
-    SmallWav wav = Long(2);
-    wav.samples[40000] = 32000;
+  static WavParts LoudAtTheEnd() {
+    WavParts wav = Long(2);
+    wav.levels[40000] = 32000;
     return wav;
   }
 
@@ -855,7 +856,7 @@ TEST_F(UnseenLoudness, IsNormalizedToTheWholeFileAfterYes) {
   OpenLoudAtTheEnd();
   questions.Answer(BoxAnswer::Yes, [&] {
     EXPECT_EQ(Shown(), Scanned);
-    EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+    EXPECT_EQ(BytesOf("in.wav"), BytesOf(LoudAtTheEnd()));
   });
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
@@ -863,8 +864,8 @@ TEST_F(UnseenLoudness, IsNormalizedToTheWholeFileAfterYes) {
   EXPECT_EQ(questions.asked[0].text, CutsOff);
   EXPECT_EQ(questions.asked[0].buttons, BoxButtons::YesNo);
   EXPECT_EQ(questions.asked[1].text, StatisticsWithoutTime("102.4", false));
-  const auto expected = Amplified(LoudAtTheEnd().samples, 32767 / 32000.0);
-  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+  const auto expected = Amplified(LoudAtTheEnd().levels, 32767 / 32000.0);
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf({.levels = expected}));
   EXPECT_EQ(Peaks(), "-16384 8191") << "what the scan showed stays";
   EXPECT_EQ(Shown(), AfterAPass);
 }
@@ -875,8 +876,8 @@ TEST_F(UnseenLoudness, IsCutOffAfterNo) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), (Texts{CutsOff, StatisticsWithoutTime("200", false)}));
-  const auto expected = Amplified(LoudAtTheEnd().samples, 2);
-  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+  const auto expected = Amplified(LoudAtTheEnd().levels, 2);
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf({.levels = expected}));
 }
 
 TEST_F(UnseenLoudness, NeedsNothingWhereTheWholeFileIsLoudEnough) {
@@ -887,7 +888,7 @@ TEST_F(UnseenLoudness, NeedsNothingWhereTheWholeFileIsLoudEnough) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), (Texts{CutsOff, NotRequired}));
-  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(LoudAtTheEnd()));
   EXPECT_EQ(Shown(), Scanned);
   EXPECT_EQ(Disabled(), "TargetFile Target") << "nothing is left of the pass";
 }
@@ -903,8 +904,8 @@ TEST_F(UnseenLoudness, IsAskedAboutAfterAnAutomaticScanToo) {
 }
 
 TEST_F(UnseenLoudness, IsNoQuestionWhereNothingIsCutOff) {
-  SmallWav wav = LoudAtTheEnd();
-  wav.samples[40000] = 16383;  // louder than what was seen, and still within the range
+  WavParts wav = LoudAtTheEnd();
+  wav.levels[40000] = 16383;  // louder than what was seen, and still within the range
   record.WavOverwriteSource = true;
   OpenScanned(wav);
   Normalize();
@@ -912,12 +913,12 @@ TEST_F(UnseenLoudness, IsNoQuestionWhereNothingIsCutOff) {
 }
 
 TEST_F(UnseenLoudness, ANoteOfASecondIsNotCutOff) {
-  SmallWav note;
+  WavParts note;
   note.channels = 1;
-  note.samples.resize(44100);
-  for (std::size_t i = 0; i < note.samples.size(); ++i) {
+  note.levels.resize(44100);
+  for (std::size_t i = 0; i < note.levels.size(); ++i) {
     const int swing = i % 2 == 0 ? 12000 : -12000;
-    note.samples[i] = static_cast<std::int16_t>(i < 32767 ? swing : 120);
+    note.levels[i] = static_cast<std::int16_t>(i < 32767 ? swing : 120);
   }
   record.WavOverwriteSource = true;
   OpenScanned(note);
@@ -925,9 +926,9 @@ TEST_F(UnseenLoudness, ANoteOfASecondIsNotCutOff) {
   questions.Answer(BoxAnswer::Ok);
   ClickOn("btnNorm");
   EXPECT_TRUE(Matches(Boxes().front(), u"^32767 of 44100 samples would be cut off"_s));
-  const auto expected = Amplified(note.samples, 32767 / 12000.0);
-  note.samples = expected;
-  EXPECT_EQ(BytesOf("in.wav"), note.Bytes());
+  const auto expected = Amplified(note.levels, 32767 / 12000.0);
+  note.levels = expected;
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(note));
 }
 
 TEST_F(UnseenLoudness, TheScanOfTheWholeFileCanBeAborted) {
@@ -940,7 +941,7 @@ TEST_F(UnseenLoudness, TheScanOfTheWholeFileCanBeAborted) {
   });
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{CutsOff});
-  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(LoudAtTheEnd()));
   EXPECT_EQ(Shown(), Scanned);
 }
 
@@ -958,8 +959,8 @@ TEST_F(UnseenLoudness, WhatIsChosenDuringTheScanOfTheWholeFileIsForTheNextPass) 
   ClickOn("btnNorm");
   const auto asked = Boxes();
   EXPECT_TRUE(Matches(asked.back(), u"102.4%[^%]*single buffer"_s)) << asked.back();
-  const auto expected = Amplified(LoudAtTheEnd().samples, 32767 / 32000.0);
-  EXPECT_EQ(BytesOf("in.wav"), SmallWav{.samples = expected}.Bytes());
+  const auto expected = Amplified(LoudAtTheEnd().levels, 32767 / 32000.0);
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf({.levels = expected}));
   EXPECT_EQ(BytesOf("out.wav"), "(none)");
 }
 
@@ -979,7 +980,7 @@ TEST_F(UnseenLoudness, TheWindowMayGoWhileTheQuestionStands) {
   questions.Answer(std::nullopt);
   ClickOn("btnNorm");
   EXPECT_EQ(Boxes(), Texts{CutsOff});
-  EXPECT_EQ(BytesOf("in.wav"), LoudAtTheEnd().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(LoudAtTheEnd()));
 }
 
 // --- What the window shows -----------------------------------------------------------------------
@@ -995,8 +996,8 @@ TEST_F(DefaultsLoadedMeanwhile, ThePassWritesTheTargetThatStandsThere) {
   ASSERT_TRUE(record.WavOverwriteSource);
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
-  EXPECT_EQ(BytesOf("out.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(QuietAmplified()));
 }
 
 TEST_F(DefaultsLoadedMeanwhile, TheScanReadsTheFileThatIsShown) {
@@ -1011,8 +1012,8 @@ TEST_F(DefaultsLoadedMeanwhile, TheScanReadsTheFileThatIsShown) {
 TEST_F(DefaultsLoadedMeanwhile, ThePassHeedsTheToleranceAndTheBuffersThatStandThere) {
   record.WavTolerance = 30;
   record.WavMultiBuffer = true;
-  SmallWav wav;
-  wav.samples = {-27000, 27000, 3};
+  WavParts wav;
+  wav.levels = {-27000, 27000, 3};
   OpenScanned(wav);
   LoadDefaults();
   record.WavMultiBuffer = false;
@@ -1032,7 +1033,7 @@ TEST_F(DefaultsLoadedMeanwhile, TheSourceIsOverwrittenWhereThatStandsThere) {
   record.WavOverwriteSource = false;
   record.WavTargetFile = PathOf("other.wav");
   Normalize();
-  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(QuietAmplified()));
   EXPECT_EQ(BytesOf("other.wav"), "(none)");
 }
 

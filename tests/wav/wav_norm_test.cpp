@@ -33,6 +33,7 @@
 #include "base/settings/settings.h"
 #include "base/settings/settings_lines.h"
 #include "tests/support/handler_event.h"
+#include "tests/wav/wav_builder.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
 
@@ -566,16 +567,15 @@ TEST_F(OpeningFiles, CancelledChangesNothing) {
 
 struct InfoCase {
   const char* name = nullptr;
-  SmallWav wav;
+  WavParts wav;
   std::string info;
 };
 
 class FileInfos : public NormalizerWindow, public ::testing::WithParamInterface<InfoCase> {};
 
-SmallWav Rated(std::uint32_t rate, std::uint16_t bits, std::uint16_t channels,
+WavParts Rated(std::uint32_t rate, std::uint16_t bits, std::uint16_t channels,
                std::uint32_t declared) {
-  return {
-      .samples = {1, 2}, .channels = channels, .rate = rate, .bits = bits, .declared = declared};
+  return {.levels = {1, 2}, .channels = channels, .rate = rate, .bits = bits, .declared = declared};
 }
 
 TEST_P(FileInfos, ReplaceThoseOfTheFileBefore) {
@@ -604,13 +604,13 @@ INSTANTIATE_TEST_SUITE_P(
         InfoCase{"RateTooHigh", Rated(0x80000000U, 16, 2, 1000), "8000Hz 16bit Stereo 0:01:01"},
         InfoCase{"NoBits", Rated(44100, 0, 2, 1000), "44100Hz 0bit Stereo 0:01:01"},
         InfoCase{"UpperCaseTags",
-                 {.samples = {1}, .formatTag = "FMT ", .dataTag = "DATA"},
+                 {.levels = {1}, .formatTag = "FMT ", .dataTag = "DATA"},
                  "44100Hz 16bit Stereo 0:00:00"}),
     NameOf);
 
 struct RefusalCase {
   const char* name = nullptr;
-  SmallWav wav;
+  WavParts wav;
   std::string message;
 };
 
@@ -638,13 +638,13 @@ constexpr const char* NotPcm = "This program only accepts uncompressed PCM WAV f
 INSTANTIATE_TEST_SUITE_P(
     Each, RefusedFiles,
     ::testing::Values(
-        RefusalCase{"NoFormat", {.samples = {1}, .formatTag = "fmtx"}, NotAWav},
-        RefusalCase{"MixedCaseFormat", {.samples = {1}, .formatTag = "Fmt "}, NotAWav},
-        RefusalCase{"NoData", {.samples = {1}, .dataTag = "dat "}, NotAWav},
-        RefusalCase{"MixedCaseData", {.samples = {1}, .dataTag = "Data"}, NotAWav},
-        RefusalCase{"Extensible", {.samples = {1}, .format = 0xFFFE}, NotPcm},
-        RefusalCase{"Compressed", {.samples = {1}, .format = 85}, NotPcm},
-        RefusalCase{"FormatBeforeData", {.samples = {1}, .format = 2, .dataTag = "none"}, NotPcm}),
+        RefusalCase{"NoFormat", {.levels = {1}, .formatTag = "fmtx"}, NotAWav},
+        RefusalCase{"MixedCaseFormat", {.levels = {1}, .formatTag = "Fmt "}, NotAWav},
+        RefusalCase{"NoData", {.levels = {1}, .dataTag = "dat "}, NotAWav},
+        RefusalCase{"MixedCaseData", {.levels = {1}, .dataTag = "Data"}, NotAWav},
+        RefusalCase{"Extensible", {.levels = {1}, .format = 0xFFFE}, NotPcm},
+        RefusalCase{"Compressed", {.levels = {1}, .format = 85}, NotPcm},
+        RefusalCase{"FormatBeforeData", {.levels = {1}, .format = 2, .dataTag = "none"}, NotPcm}),
     NameOf);
 
 TEST_F(OpeningFiles, OfNoFileFailsWithOneMessage) {
@@ -866,7 +866,7 @@ TEST_F(KeyboardAlone, NormalizesAFile) {
   EXPECT_EQ(FocusedControl(), "btnScan") << "where the focus was before it went to Abort";
   questions.Answer(BoxAnswer::Ok);
   PressSpaceOn("btnNorm");
-  EXPECT_EQ(BytesOf("new.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("new.wav"), BytesOf(QuietAmplified()));
   EXPECT_TRUE(window->focusWidget() != nullptr && window->focusWidget()->isVisible())
       << FocusedControl();
 }

@@ -25,7 +25,7 @@ TEST_F(NormalizingWindow, WorksInPlaceWhereTheTargetIsALinkToTheSource) {
   ASSERT_TRUE(QFile::link(PathOf("in.wav"), PathOf("out.wav")));
   Normalize();
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
-  EXPECT_EQ(BytesOf("in.wav"), QuietAmplified().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(QuietAmplified()));
   EXPECT_TRUE(IsChecked(u"Output(0)"_s));
 }
 
@@ -37,7 +37,7 @@ TEST_F(NormalizingWindow, TellsOfATargetOfAnotherPlatform) {
   EXPECT_EQ(Boxes(), Texts{"Cannot write C:\\Output.wav:relative: not an absolute path"});
   EXPECT_EQ(Shown(), AfterAPass);
   EXPECT_EQ(Disabled(), "");
-  EXPECT_EQ(BytesOf("in.wav"), Quiet().Bytes());
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
 }
 
 TEST_F(NormalizingWindow, TellsOfASourceThatBecomesShorter) {
