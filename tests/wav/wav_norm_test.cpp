@@ -33,7 +33,7 @@
 #include "base/settings/settings.h"
 #include "base/settings/settings_lines.h"
 #include "tests/support/handler_event.h"
-#include "tests/wav/wav_builder.h"
+#include "tests/support/handler_table.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
 
@@ -228,29 +228,8 @@ TEST_F(Loading, IsOfOneWindowOnly) {
 
 // --- Handlers ----------------------------------------------------------------------------------
 
-struct QuietCase {
-  std::string control;
-  Event event = Event::KeyPress;
-};
-
-void PrintTo(const QuietCase& row, std::ostream* out) { *out << row.control; }
-
 // The events of the controls that have no handler.
-std::vector<QuietCase> QuietCases() {
-  std::vector<QuietCase> cases;
-  for (const auto* control : {"PercNorm", "Mbuffer", "AutoNorm", "RemFolders", "btnOpen", "Target",
-                              "Output(0)", "Output(1)", "Toler"}) {
-    for (const auto event : {Event::GotFocus, Event::LostFocus}) {
-      cases.push_back({control, event});
-    }
-  }
-  for (const auto event : {Event::KeyUp, Event::MouseDown, Event::MouseUp}) {
-    cases.push_back({"PercNorm", event});
-  }
-  return cases;
-}
-
-class QuietEvents : public NormalizerWindow, public ::testing::WithParamInterface<QuietCase> {};
+class QuietEvents : public NormalizerWindow, public ::testing::WithParamInterface<HandlerRow> {};
 
 TEST_P(QuietEvents, ChangeNothing) {
   OpenNormalizer();
@@ -267,16 +246,16 @@ TEST_P(QuietEvents, ChangeNothing) {
   EXPECT_EQ(Shown() + Disabled() + Text("PercNorm") + Text("TolerTxt") + Info(), shown);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, QuietEvents, ::testing::ValuesIn(QuietCases()),
-                         [](const auto& instance) {
-                           std::string name;
-                           for (const char c : instance.param.control) {
-                             if (c != '(' && c != ')') {
-                               name += c;
-                             }
-                           }
-                           return name + EventName(instance.param.event);
-                         });
+INSTANTIATE_TEST_SUITE_P(Focus, QuietEvents,
+                         Rows(WithoutHandler({"PercNorm", "Mbuffer", "AutoNorm", "RemFolders",
+                                              "btnOpen", "Target", "Output(0)", "Output(1)",
+                                              "Toler"},
+                                             {Event::GotFocus, Event::LostFocus})),
+                         RowName);
+INSTANTIATE_TEST_SUITE_P(Field, QuietEvents,
+                         Rows(WithoutHandler({"PercNorm"},
+                                             {Event::KeyUp, Event::MouseDown, Event::MouseUp})),
+                         RowName);
 
 class OutputOptions : public NormalizerWindow {};
 
