@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include <QByteArray>
@@ -19,6 +20,8 @@
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"
 #include "wav/gain.h"
+#include "wav/gain.h"
+#include "wav/pass.h"
 #include "tests/wav/wav_builder.h"
 
 namespace brindle {
@@ -172,6 +175,30 @@ TEST_P(LoopOfPass, WritesNothingMoreBehindAnAbort) {
     }
   }
 }
+TEST_P(LoopOfPass, DestroyedBetweenTwoPiecesLeavesWhatAnAbortLeaves) {
+  const auto& row = GetParam();
+  for (std::size_t pieces = 1; pieces <= row.places.size(); ++pieces) {
+    Folder().Put("source.wav", Folder().Source());
+    QFile::remove(Folder().PathOf("target.wav"));
+    {
+      Normalization pass(Folder().Files(row.isInPlace));
+      ASSERT_TRUE(pass.Open());
+      const ReadClock clock(1);
+      pass.Start(GainTable(Gain), row.buffering, clock);
+      for (std::size_t i = 0; i < pieces; ++i) {
+        EXPECT_TRUE(std::holds_alternative<PassGoesOn>(pass.Advance()));
+      }
+    }
+    EXPECT_EQ(FirstDifference(Folder().Output(row.isInPlace),
+                              Folder().WrittenTo(row.places[pieces - 1].written, row.isInPlace)),
+              "none")
+        << "after " << pieces << " pieces";
+    if (!row.isInPlace) {
+      EXPECT_EQ(FirstDifference(Folder().Bytes("source.wav"), Folder().Source()), "none");
+    }
+  }
+}
+
 
 INSTANTIATE_TEST_SUITE_P(Cases, LoopOfPass, ::testing::ValuesIn(Loops), NameOf);
 
