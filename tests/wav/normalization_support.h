@@ -226,6 +226,19 @@ class TargetOfPass : public FilesOfPass {
 };
 
 /// Targets that are the source.
-class SameFileOfPass : public FilesOfPass {};
+class SameFileOfPass : public FilesOfPass {
+ protected:
+  /// `relink` makes the target the source while the question about overwriting it stands.
+  void ExpectNothingDeletedAfter(const std::function<void()>& relink) {
+    Questions().answer = true;
+    Questions().whenAsked = relink;
+    EXPECT_EQ(RunTo(Target()), CannotWriteBecause(Target(), "it became the source"));
+    EXPECT_EQ(Questions().asked, 1);
+    EXPECT_EQ(Questions().worksInPlace, 0);
+    ExpectSourceIntact();
+    EXPECT_EQ(FirstDifference(Folder().Bytes("target.wav"), Folder().Source()), "none");
+    EXPECT_EQ(Folder().Names(), (Names{"source.wav", "target.wav"}));
+  }
+};
 
 }  // namespace brindle

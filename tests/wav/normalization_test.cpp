@@ -19,10 +19,9 @@
 #include "tests/support/named_case.h"
 #include "tests/wav/normalization_support.h"
 #include "tests/wav/pass_support.h"
-#include "wav/gain.h"
+#include "tests/wav/wav_builder.h"
 #include "wav/gain.h"
 #include "wav/pass.h"
-#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -175,6 +174,7 @@ TEST_P(LoopOfPass, WritesNothingMoreBehindAnAbort) {
     }
   }
 }
+
 TEST_P(LoopOfPass, DestroyedBetweenTwoPiecesLeavesWhatAnAbortLeaves) {
   const auto& row = GetParam();
   for (std::size_t pieces = 1; pieces <= row.places.size(); ++pieces) {
@@ -198,7 +198,6 @@ TEST_P(LoopOfPass, DestroyedBetweenTwoPiecesLeavesWhatAnAbortLeaves) {
     }
   }
 }
-
 
 INSTANTIATE_TEST_SUITE_P(Cases, LoopOfPass, ::testing::ValuesIn(Loops), NameOf);
 
@@ -534,6 +533,14 @@ TEST_F(SameFileOfPass, HardLink) {
   ExpectWorkedInPlace();
   ExpectMapped("target.wav");
   EXPECT_TRUE(std::filesystem::equivalent(Source().toStdU16String(), Target().toStdU16String()));
+}
+
+TEST_F(SameFileOfPass, HardLinkMadeUnderTheQuestionDeletesNothing) {
+  Folder().Put("target.wav", "an older file");
+  ExpectNothingDeletedAfter([&] {
+    QFile::remove(Target());
+    std::filesystem::create_hard_link(Source().toStdU16String(), Target().toStdU16String());
+  });
 }
 
 TEST_F(SameFileOfPass, CopyIsAnotherFile) {

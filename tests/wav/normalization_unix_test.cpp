@@ -255,6 +255,25 @@ TEST_F(SameFileOfPass, SymbolicLink) {
   EXPECT_TRUE(QFileInfo(Target()).isSymLink());
 }
 
+TEST_F(SameFileOfPass, SymbolicLinkMadeUnderTheQuestionDeletesNothing) {
+  Folder().Put("target.wav", "an older file");
+  ExpectNothingDeletedAfter([&] {
+    QFile::remove(Target());
+    EXPECT_TRUE(QFile::link(Source(), Target()));
+  });
+  EXPECT_TRUE(QFileInfo(Target()).isSymLink());
+}
+
+// The target is the only file by then.
+TEST_F(SameFileOfPass, SourceMovedToTheTargetUnderTheQuestionIsNotDeleted) {
+  Folder().Put("target.wav", "an older file");
+  ExpectNothingDeletedAfter([&] {
+    QFile::remove(Target());
+    EXPECT_TRUE(QFile::rename(Source(), Target()));
+    EXPECT_TRUE(QFile::link(Target(), Source()));
+  });
+}
+
 TEST_F(SameFileOfPass, LinkedFolder) {
   ASSERT_TRUE(QFile::link(Folder().Path(), Folder().PathOf("folder")));
   EXPECT_EQ(RunTo(Folder().PathOf("folder/source.wav")), "completed");

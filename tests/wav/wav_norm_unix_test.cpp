@@ -4,10 +4,12 @@
 #include <cerrno>
 #include <string>
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "base/input/message_boxes.h"
 #include "tests/support/interposed_calls.h"
 #include "tests/wav/normalizer_window.h"
 
@@ -27,6 +29,26 @@ TEST_F(NormalizingWindow, WorksInPlaceWhereTheTargetIsALinkToTheSource) {
   EXPECT_EQ(Boxes(), Texts{StatisticsWithoutTime("200", false)});
   EXPECT_EQ(BytesOf("in.wav"), BytesOf(QuietAmplified()));
   EXPECT_TRUE(IsChecked(u"Output(0)"_s));
+}
+
+// The target is the only file by then: deleting it would lose the recording.
+TEST_F(NormalizingWindow, DeletesNoTargetThatBecameTheSourceUnderItsQuestion) {
+  Put("out.wav", QByteArray("precious"));
+  OpenScanned(Quiet());
+  questions.Answer(BoxAnswer::Yes, [&] {
+    QFile::remove(PathOf("out.wav"));
+    EXPECT_TRUE(QFile::rename(PathOf("in.wav"), PathOf("out.wav")));
+    EXPECT_TRUE(QFile::link(PathOf("out.wav"), PathOf("in.wav")));
+  });
+  questions.Answer(BoxAnswer::Ok);
+  ClickOn("btnNorm");
+  EXPECT_EQ(Boxes(), (Texts{Overwrite, "Cannot write " + PathOf("out.wav").toStdString() +
+                                           ": it became the source"}));
+  EXPECT_EQ(BytesOf("out.wav"), BytesOf(Quiet()));
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Quiet()));
+  EXPECT_EQ(Shown(), AfterAPass);
+  EXPECT_EQ(Disabled(), "");
+  EXPECT_FALSE(IsChecked(u"Output(0)"_s));
 }
 
 TEST_F(NormalizingWindow, TellsOfATargetOfAnotherPlatform) {
