@@ -19,11 +19,18 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QFile>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QString>
+#include <QUrl>
 #include <QWidget>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 #include "base/input/message_boxes.h"
@@ -160,6 +167,34 @@ class NormalizerWindow : public CalculatorWindow {
   void OpenFile(const QString& path) {
     dialogs.paths.push_back(path);
     ClickOn("btnOpen");
+  }
+
+  /// Drags the data over the middle of a control and lets it go there, where that is allowed.
+  /// Whether it is.
+  bool DropOn(const char* control, const QMimeData& data) const {
+    auto* widget = Control(control);
+    const auto at = widget->mapTo(window.data(), widget->rect().center());
+    auto* to = window->windowHandle();
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(to, &enter);
+    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(to, &move);
+    EXPECT_EQ(enter.isAccepted(), move.isAccepted());
+    if (!move.isAccepted()) {
+      QDragLeaveEvent leave;
+      QApplication::sendEvent(to, &leave);
+      return false;
+    }
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(to, &drop);
+    const bool isTaken = drop.isAccepted();
+    QCoreApplication::processEvents();
+    return isTaken;
+  }
+  bool DropOn(const char* control, const QString& path) const {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    return DropOn(control, data);
   }
 
   /// Opens the window with a scanned file in it.

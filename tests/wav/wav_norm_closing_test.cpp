@@ -351,6 +351,15 @@ TEST_P(ClosedUnderABox, OfARefusedFile) {
   ExpectIt();
 }
 
+TEST_P(ClosedUnderABox, OfADroppedFile) {
+  OpenNormalizer();
+  AnswerClosing();
+  EXPECT_TRUE(DropOn("WavInfo1", Put("bad.wav", QByteArray("nothing"))));
+  EXPECT_EQ(Boxes(), Texts{Refused});
+  EXPECT_EQ(record.WavSourceFile.toStdString(), "");
+  ExpectIt();
+}
+
 TEST_P(ClosedUnderABox, OfAFailedScan) {
   const auto path = Put("in.wav", Quiet());
   OpenNormalizer();
@@ -674,6 +683,35 @@ TEST_F(ClosingOnTheScreen, AWindowClosedUnderItsFileDialogTakesNoFile) {
   EXPECT_EQ(record.WavSourceFile.toStdString(), "");
   RunDeletions();
   EXPECT_EQ(window, nullptr);
+}
+
+// The window is gone by the time at which its message would be answered.
+TEST_F(ClosingOnTheScreen, AWindowClosedUnderTheMessageOfADroppedFileHearsNoAnswer) {
+  const auto path = Put("in.wav", Quiet());
+  OpenNormalizer();
+  EXPECT_TRUE(DropOn("WavInfo1", path));
+  WhenOpen<QMessageBox>([&](QMessageBox* box) {
+    EXPECT_EQ(box->text().toStdString(), Refused);
+    EXPECT_FALSE(DropOn("WavInfo1", path)) << "while a message stands";
+    const QPointer<QMessageBox> message = box;
+    window->close();
+    EXPECT_FALSE(box->isVisible()) << "the message outlives its window";
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    static_cast<QDialog*>(box)->done(QMessageBox::Ok);
+    EXPECT_FALSE(Control("btnScan")->isHidden()) << "the answer resets the window";
+    RunDeletions();
+    EXPECT_EQ(window, nullptr);
+    EXPECT_EQ(message, nullptr);
+  });
+  EXPECT_TRUE(DropOn("WavInfo1", Put("bad.wav", QByteArray("nothing"))));
+  AwaitEnd();
+  EXPECT_EQ(seen, 1);
+  EXPECT_EQ(record.WavSourceFile, path);
+  OpenNormalizer();
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Disabled(), "");
+  EXPECT_TRUE(DropOn("WavInfo1", path));
+  EXPECT_EQ(Shown(), Loaded);
 }
 
 TEST_F(ClosingOnTheScreen, AWindowClosedUnderItsTargetDialogTakesNoTarget) {

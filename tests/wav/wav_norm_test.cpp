@@ -15,8 +15,6 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QDragEnterEvent>
-#include <QDragLeaveEvent>
-#include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QFile>
 #include <QLabel>
@@ -27,7 +25,6 @@
 #include <QStringList>
 #include <QUrl>
 #include <QWidget>
-#include <QWindow>
 #include <gtest/gtest.h>
 
 #include "base/settings/settings.h"
@@ -36,6 +33,7 @@
 #include "tests/support/handler_table.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/normalizer_window.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -681,36 +679,7 @@ TEST_F(OpeningFiles, AFileTitleIsShownAsItIs) {
 
 // --- Dropping a file ---------------------------------------------------------------------------
 
-class DroppedFiles : public NormalizerWindow {
- protected:
-  // Drags the data over the middle of a control and lets it go there, where that is allowed.
-  // Whether it is.
-  bool DropOn(const char* control, const QMimeData& data) const {
-    auto* widget = Control(control);
-    const auto at = widget->mapTo(window.data(), widget->rect().center());
-    auto* to = window->windowHandle();
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(to, &enter);
-    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(to, &move);
-    EXPECT_EQ(enter.isAccepted(), move.isAccepted());
-    if (!move.isAccepted()) {
-      QDragLeaveEvent leave;
-      QApplication::sendEvent(to, &leave);
-      return false;
-    }
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(to, &drop);
-    const bool isTaken = drop.isAccepted();
-    QCoreApplication::processEvents();
-    return isTaken;
-  }
-  bool DropOn(const char* control, const QString& path) const {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
-    return DropOn(control, data);
-  }
-};
+class DroppedFiles : public NormalizerWindow {};
 
 TEST_F(DroppedFiles, AreOpened) {
   const auto path = Put("in.wav", Quiet());
