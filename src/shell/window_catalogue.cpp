@@ -72,7 +72,7 @@ constexpr CatalogueEntry EntryAt(std::size_t index) {
 
 constexpr std::size_t CountWindows() {
   std::size_t count = 0;
-  while (EntryAt(count).make != nullptr) {
+  while (!EntryAt(count).name.isEmpty()) {
     ++count;
   }
   return count;
