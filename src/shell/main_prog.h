@@ -21,6 +21,8 @@ struct ProgramFolders {
 /// The main window as the program sees it: a button for every other window, and the keeper of the
 /// settings file.
 class MainProg : public Form {
+  Q_OBJECT
+
  public:
   using Form::Form;
 

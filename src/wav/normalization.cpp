@@ -282,8 +282,7 @@ WavResult<void> Normalization::Copy(qint64 position, qint64 end) {
   while (position <= end) {
     const auto size = std::min<qint64>(end - position + 1, static_cast<qint64>(buffer.size()));
     const auto piece = buffer.first(static_cast<std::size_t>(size));
-    const auto copied =
-        input_.Read(position, piece).and_then([&] { return Write(position, piece); });
+    auto copied = input_.Read(position, piece).and_then([&] { return Write(position, piece); });
     if (!copied) {
       return copied;
     }

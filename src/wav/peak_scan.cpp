@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include <QString>
@@ -59,8 +60,8 @@ Peaks SeenLevels::Ends() const {
   return {.lowest = level(first), .highest = level(last.base() - 1)};
 }
 
-PeakScan::PeakScan(const QString& source, const Clock& clock, Coverage coverage)
-    : source_(source), clock_(clock), coverage_(coverage), buffer_(BlockWords) {}
+PeakScan::PeakScan(QString source, const Clock& clock, Coverage coverage)
+    : source_(std::move(source)), clock_(clock), coverage_(coverage), buffer_(BlockWords) {}
 
 PassState PeakScan::Advance() {
   if (!timer_) {

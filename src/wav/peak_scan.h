@@ -57,7 +57,7 @@ struct ScanLoops {
 /// after a block.
 class PeakScan : public Pass {
  public:
-  PeakScan(const QString& source, const Clock& clock, Coverage coverage = Coverage::Usual);
+  PeakScan(QString source, const Clock& clock, Coverage coverage = Coverage::Usual);
 
   [[nodiscard]] PassState Advance() override;
   [[nodiscard]] PassState Abort() override;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QApplication>
+#include <QLabel>
 #include <QString>
 #include <QWidget>
 #include <gtest/gtest.h>

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <QLabel>
 #include <QString>
 #include <QWidget>
 #include <gtest/gtest.h>
