@@ -298,9 +298,9 @@ class AVISplit : public Form {
     Size2.ShowAsResult(!isShown);
   }
 
-  // Leaves the field that is being edited alone, and deliberately stores nothing of what it cuts to
-  // fit: the next opening shows what the user typed (SplitLoading). While somebody types the size of
-  // the file, every key starts from the sizes that were typed: 1400 passes 1, 14 and 140.
+  // Leaves the field that is being edited alone, and deliberately stores nothing of what it cuts
+  // to fit: the next opening shows what the user typed (SplitLoading). While the size of the file
+  // is typed, every key starts from the sizes that were typed: 1400 passes 1, 14 and 140.
   void FillBlankFields(const TextField* editing = nullptr) {
     const auto one = u"1"_s;
     const bool isThree = Segs.Selected() == Three;
