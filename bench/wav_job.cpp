@@ -220,7 +220,7 @@ void Window(const Arguments& arguments) {
   if (arguments.size() > 1) {
     record.WavTargetFile = arguments[1];
   }
-  AddAllWindows(windows, services, [] {});
+  AddAllWindows(windows, services, [](const auto& then) { then(); });
   windows.Open(WindowId::WavNorm);
   if (arguments.empty()) {
     QApplication::processEvents();

@@ -174,7 +174,7 @@ int TakeAll(const Gallery& gallery) {
   OwningWindowList windows(silence);
   const Product product = BuiltProduct();
   Services services{record, windows, clock, silence, silence, silence, registry, product};
-  AddAllWindows(windows, services, [] {});
+  AddAllWindows(windows, services, [](const auto& then) { then(); });
 
   Splash splash(services);
   splash.show();

@@ -23,13 +23,13 @@ using namespace Qt::StringLiterals;
 
 class DefaultW : public Form {
   Services& services_;
-  std::function<void()> initDat_;
+  InitDat initDat_;
 
   PushButton Command1{u"Command1"_s, u"Load Defaults"_s};
   PushButton Command2{u"Command2"_s, u"Cancel"_s};
 
  public:
-  DefaultW(Services& services, std::function<void()> initDat)
+  DefaultW(Services& services, InitDat initDat)
       : Form(u"DefaultW"_s, u"Load Default Settings"_s),
         services_(services),
         initDat_(std::move(initDat)) {
@@ -57,8 +57,7 @@ class DefaultW : public Form {
   void Form_Load() { services_.desktop.Beep(); }
 
   void Command1_Click() {
-    initDat_();
-    close();
+    initDat_([this] { close(); });
   }
 
   void Command2_Click() { close(); }
@@ -66,7 +65,7 @@ class DefaultW : public Form {
 
 }  // namespace
 
-std::unique_ptr<Form> MakeDefaultW(Services& services, std::function<void()> initDat) {
+std::unique_ptr<Form> MakeDefaultW(Services& services, InitDat initDat) {
   return std::make_unique<DefaultW>(services, std::move(initDat));
 }
 

@@ -11,8 +11,11 @@
 
 namespace brindle {
 
-/// The window that asks for confirmation before the built-in settings are loaded. `initDat` loads
-/// and writes them.
-[[nodiscard]] std::unique_ptr<Form> MakeDefaultW(Services& services, std::function<void()> initDat);
+/// Loads the built-in settings and writes them. `then` runs when that, and a message if it failed,
+/// is over.
+using InitDat = std::function<void(const std::function<void()>& then)>;
+
+/// The window that asks for confirmation before the built-in settings are loaded.
+[[nodiscard]] std::unique_ptr<Form> MakeDefaultW(Services& services, InitDat initDat);
 
 }  // namespace brindle

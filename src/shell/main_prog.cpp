@@ -151,10 +151,10 @@ class MainProgWindow final : public MainProg {
     Form_Load();
   }
 
-  void InitDat() override {
+  void InitDat(const std::function<void()>& then) override {
     ResetToBuiltIn(services_.record);
     SaveOnExit.setChecked(true);
-    WriteSettings([] {});
+    WriteSettings(then);
   }
 
   void CloseUnasked() override {
@@ -206,10 +206,10 @@ class MainProgWindow final : public MainProg {
     if (!bytes) {
       UseDefaultsUnsaved(CannotRead(bytes.error()));
     } else if (bytes->isEmpty()) {
-      InitDat();
+      InitDat([] {});
     } else if (!ReadSettings(*bytes)) {
       if (const auto kept = file.KeepUnusable()) {
-        InitDat();
+        InitDat([] {});
       } else {
         UseDefaultsUnsaved(CannotWrite(kept.error()));
       }

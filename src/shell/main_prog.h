@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QString>
@@ -27,8 +28,8 @@ class MainProg : public Form {
   using Form::Form;
 
   /// Sets every stored field to its built-in value (except the two that keep theirs), ticks
-  /// SaveOnExit and writes the file.
-  virtual void InitDat() = 0;
+  /// SaveOnExit and writes the file. `then` runs when that, and a message if it failed, is over.
+  virtual void InitDat(const std::function<void()>& then) = 0;
 
   /// Closes the window, and the program with it, because the system wants it: no window is asked.
   virtual void CloseUnasked() = 0;

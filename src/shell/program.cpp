@@ -15,7 +15,7 @@ namespace brindle {
 
 Program::Program(Product product, ProgramFolders folders)
     : product_(std::move(product)), folders_(std::move(folders)) {
-  AddAllWindows(windows_, services_, [this] { mainProg_->InitDat(); });
+  AddAllWindows(windows_, services_, [this](const auto& then) { mainProg_->InitDat(then); });
 }
 
 void Program::Start() {

@@ -33,7 +33,8 @@ class Program : public QObject {
 
   /// The system asks the program to end. Counts as closing the main window, but no window is asked:
   /// saves if SaveOnExit is ticked, hides everything, ends the event loop. While the splash is
-  /// shown there is nothing to save. Only the first call counts.
+  /// shown there is nothing to save. Only the first call counts, except
+  /// that a second one does not wait for the answer to a message of the first.
   void End();
 
  private:

@@ -24,8 +24,6 @@
 namespace brindle {
 namespace {
 
-using InitDat = std::function<void()>;
-
 // For a window that needs nothing but its services.
 template <std::unique_ptr<Form> (*Make)(Services&)>
 std::unique_ptr<Form> From(Services& services, const InitDat&) {
@@ -92,8 +90,7 @@ constexpr auto Catalogue = ListWindows();
 
 std::span<const CatalogueEntry> AllWindows() { return Catalogue; }
 
-void AddAllWindows(OwningWindowList& windows, Services& services,
-                   const std::function<void()>& initDat) {
+void AddAllWindows(OwningWindowList& windows, Services& services, const InitDat& initDat) {
   for (const auto& entry : Catalogue) {
     windows.Add(entry.id,
                 [make = entry.make, &services, initDat] { return make(services, initDat); });

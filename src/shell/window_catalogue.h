@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <span>
 
@@ -12,6 +11,7 @@
 #include "base/input/form.h"
 #include "base/windows/services.h"
 #include "base/windows/window_list.h"
+#include "shell/default_w.h"
 #include "shell/owning_window_list.h"
 
 namespace brindle {
@@ -22,14 +22,13 @@ struct CatalogueEntry {
   /// The name of the window itself, of its page in the help and of its picture.
   QStringView name;
   /// Makes the window. `initDat` loads the default settings.
-  std::unique_ptr<Form> (*make)(Services& services, const std::function<void()>& initDat) = nullptr;
+  std::unique_ptr<Form> (*make)(Services& services, const InitDat& initDat) = nullptr;
 };
 
 /// Every window that another window can open, in the order of their ids.
 [[nodiscard]] std::span<const CatalogueEntry> AllWindows();
 
 /// Tells the list how every window of the catalogue is made. `initDat` loads the default settings.
-void AddAllWindows(OwningWindowList& windows, Services& services,
-                   const std::function<void()>& initDat);
+void AddAllWindows(OwningWindowList& windows, Services& services, const InitDat& initDat);
 
 }  // namespace brindle

@@ -4,19 +4,19 @@
 #include "wav/background_sync.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include <QDeadlineTimer>
+#include <QObject>
 #include <QThread>
 
 namespace brindle {
 
-BackgroundSync::BackgroundSync(const WavFile& file)
-    : file_(file),
-      thread_(QThread::create([this] { result_ = file_.Sync(); }), [](QThread* thread) {
-        thread->wait();
-        delete thread;
-      }) {
+BackgroundSync::BackgroundSync(std::shared_ptr<const WavFile> file)
+    : file_(std::move(file)),
+      thread_(QThread::create([file = file_, outcome = outcome_] { *outcome = file->Sync(); })) {
   thread_->start();
 }
 
@@ -24,11 +24,20 @@ std::optional<WavResult<void>> BackgroundSync::Await(std::chrono::milliseconds p
   if (!thread_->wait(QDeadlineTimer(patience))) {
     return std::nullopt;
   }
-  // The system may have been unable to start the thread.
-  if (!result_) {
-    result_ = file_.Sync();
+  // The system may have no thread to give.
+  if (!*outcome_) {
+    *outcome_ = file_->Sync();
   }
-  return result_;
+  return *outcome_;
+}
+
+void BackgroundSync::LetGo::operator()(QThread* thread) const {
+  QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+  // It may have ended before it was connected, or never have begun.
+  if (!thread->isRunning()) {
+    thread->wait();
+    delete thread;
+  }
 }
 
 }  // namespace brindle

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -15,19 +14,26 @@
 
 namespace brindle {
 
-/// Makes the system write a file to the disk, on a separate thread because that may take long.
-/// Nothing else may use the file in the meantime. The destructor waits for the thread.
+/// Has the system write a file out on a thread of its own, because the disk may take long. Nothing
+/// else may use the file meanwhile. Destroying this waits for nothing: the thread keeps the file
+/// until the disk has it, or the program ends.
 class BackgroundSync {
  public:
-  explicit BackgroundSync(const WavFile& file);
+  explicit BackgroundSync(std::shared_ptr<const WavFile> file);
 
-  /// The result, as soon as it is known; none if it is still unknown after `patience`.
+  /// What came of it, as soon as that is known; nothing after `patience`.
   [[nodiscard]] std::optional<WavResult<void>> Await(std::chrono::milliseconds patience);
 
  private:
-  const WavFile& file_;
-  std::optional<WavResult<void>> result_;  // belongs to the thread until that has ended
-  std::unique_ptr<QThread, std::function<void(QThread*)>> thread_;
+  struct LetGo {
+    void operator()(QThread* thread) const;
+  };
+  // The thread's until it has ended.
+  using Outcome = std::optional<WavResult<void>>;
+
+  std::shared_ptr<const WavFile> file_;
+  std::shared_ptr<Outcome> outcome_ = std::make_shared<Outcome>();
+  std::unique_ptr<QThread, LetGo> thread_;
 };
 
 }  // namespace brindle

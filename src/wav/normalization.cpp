@@ -48,14 +48,14 @@ tl::unexpected<WavError> CannotWriteTarget(const FileError& error) {
 
 WavResult<Normalization::Opened> Normalization::Open() {
   const auto data =
-      input_.OpenForReading(files_.source).and_then([this] { return LocateData(input_); });
+      input_->OpenForReading(files_.source).and_then([this] { return LocateData(*input_); });
   if (!data) {
     return tl::unexpected(data.error());
   }
   data_ = *data;
   files_.isInPlace = files_.isInPlace || TargetIsSource(files_);
   if (files_.isInPlace) {
-    return input_.OpenForChanging(files_.source).map([] { return Opened::Ready; });
+    return input_->OpenForChanging(files_.source).map([] { return Opened::Ready; });
   }
   return OpenTarget();
 }
@@ -66,15 +66,15 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
   if (!IsAbsolute(target)) {
     return CannotWriteTarget(ErrorOf(target, u"not an absolute path"_s));
   }
-  const auto length = output_.OpenOrCreate(target).and_then(
-      [this] { return output_.Length(WavError::Failed::Writing); });
+  const auto length = output_->OpenOrCreate(target).and_then(
+      [this] { return output_->Length(WavError::Failed::Writing); });
   if (!length) {
     return tl::unexpected(length.error());
   }
   if (*length == 0) {
     return CopyHead().map([] { return Opened::Ready; });
   }
-  output_.Close();
+  output_->Close();
   return Opened::AsksToOverwrite;
 }
 
@@ -88,7 +88,7 @@ WavResult<void> Normalization::Overwrite() {
   if (!old.remove()) {
     return CannotWriteTarget(ErrorOf(target, old));
   }
-  return output_.OpenOrCreate(target).and_then([this] { return CopyHead(); });
+  return output_->OpenOrCreate(target).and_then([this] { return CopyHead(); });
 }
 
 void Normalization::Start(GainTable table, Buffering buffering, const Clock& clock) {
@@ -227,7 +227,7 @@ Normalization::Step Normalization::AwaitDisk() {
   // In place, the pass has written nothing after the last word.
   const auto length =
       files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
-  return synced->and_then([&] { return Output().CheckStands(length); }).and_then([this] {
+  return synced->and_then([&] { return Output()->CheckStands(length); }).and_then([this] {
     throughput_ = timer_->Throughput(data_.fileLength);
     return GoOnTo(Phase::Done);
   });
@@ -252,7 +252,7 @@ WavResult<void> Normalization::MapBlock(std::size_t words) {
 }
 
 WavResult<void> Normalization::ReadMapped(qint64 position, Samples samples) {
-  return input_.Read(position, BytesOf(samples)).map([&] { table_->Map(samples); });
+  return input_->Read(position, BytesOf(samples)).map([&] { table_->Map(samples); });
 }
 
 // At most one block of words is left after the blocks. They were all read before progress was
@@ -260,11 +260,11 @@ WavResult<void> Normalization::ReadMapped(qint64 position, Samples samples) {
 WavResult<void> Normalization::ReadTail() {
   if (tail_) {
     const qint64 end = tail_->first - 1 + static_cast<qint64>(tail_->words) * WordSize;
-    return input_.CheckReaches(end, WavError::Failed::Reading);
+    return input_->CheckReaches(end, WavError::Failed::Reading);
   }
   const auto words = static_cast<std::size_t>(WordsUpTo(position_, data_.LastWord()));
   tail_ = {.first = position_, .words = words};
-  return input_.Read(position_, BytesOf(Samples(buffer_).first(words)));
+  return input_->Read(position_, BytesOf(Samples(buffer_).first(words)));
 }
 
 WavResult<void> Normalization::WriteTail() {
@@ -282,7 +282,7 @@ WavResult<void> Normalization::Copy(qint64 position, qint64 end) {
   while (position <= end) {
     const auto size = std::min<qint64>(end - position + 1, static_cast<qint64>(buffer.size()));
     const auto piece = buffer.first(static_cast<std::size_t>(size));
-    auto copied = input_.Read(position, piece).and_then([&] { return Write(position, piece); });
+    auto copied = input_->Read(position, piece).and_then([&] { return Write(position, piece); });
     if (!copied) {
       return copied;
     }
@@ -298,9 +298,9 @@ WavResult<void> Normalization::Write(qint64 position, std::span<const std::byte>
   }
   const qint64 end = position - 1 + static_cast<qint64>(bytes.size());
   const auto reaches = files_.isInPlace
-                           ? input_.CheckReaches(end, WavError::Failed::Reading)
-                           : output_.CheckReaches(position - 1, WavError::Failed::Writing);
-  return reaches.and_then([&] { return Output().Write(position, bytes); });
+                           ? input_->CheckReaches(end, WavError::Failed::Reading)
+                           : output_->CheckReaches(position - 1, WavError::Failed::Writing);
+  return reaches.and_then([&] { return Output()->Write(position, bytes); });
 }
 
 }  // namespace brindle

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <tl/expected.hpp>
@@ -117,11 +118,13 @@ class Normalization : public Pass {
   [[nodiscard]] WavResult<void> ReadTail();
   [[nodiscard]] WavResult<void> WriteTail();
   [[nodiscard]] WavResult<void> Write(qint64 position, std::span<const std::byte> bytes);
-  [[nodiscard]] WavFile& Output() { return files_.isInPlace ? input_ : output_; }
+  [[nodiscard]] const std::shared_ptr<WavFile>& Output() const {
+    return files_.isInPlace ? input_ : output_;
+  }
 
   PassFiles files_;
-  WavFile input_;
-  WavFile output_;
+  std::shared_ptr<WavFile> input_ = std::make_shared<WavFile>();
+  std::shared_ptr<WavFile> output_ = std::make_shared<WavFile>();
   SampleData data_;
   SampleBuffer buffer_;
   std::optional<GainTable> table_;

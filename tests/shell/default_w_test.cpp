@@ -144,7 +144,8 @@ TEST_F(DefaultWTest, OpenWindowsKeepTheirValuesUntilTheyAreOpenedAgain) {
 TEST_F(DefaultWTest, AFileThatCannotBeWrittenIsToldOnceAndTheWindowCloses) {
   Ask();
   PutFolderInTheWay();
-  boxes.Answer(BoxAnswer::Ok);
+  boxes.Answer(BoxAnswer::Ok,
+               [] { EXPECT_EQ(Standing(u"DefaultW"_s).size(), 1U) << "closed under the message"; });
   Click(Find(window, u"Command1"_s));
   ExpectOneBox(Cannot("write"));
   EXPECT_TRUE(Standing(u"DefaultW"_s).empty());

@@ -55,7 +55,7 @@ class MainWindow : public WindowTest {
  protected:
   MainWindow() {
     record = Settings();
-    AddAllWindows(windows, services, [this] { main->InitDat(); });
+    AddAllWindows(windows, services, [this](const auto& then) { main->InitDat(then); });
   }
 
   /// Loads the main window without showing it.

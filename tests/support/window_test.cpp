@@ -17,7 +17,10 @@ WindowTest::WindowTest() : record(BuiltInSettings()) {
   record.SpinRepeatInterval = 0.05F;
   record.SpinFirstDelay = 0.5F;
   record.AppFolder = folder.path();
-  AddAllWindows(windows, services, [this] { ++defaultsLoaded; });
+  AddAllWindows(windows, services, [this](const auto& then) {
+    ++defaultsLoaded;
+    then();
+  });
 }
 
 QWidget* WindowTest::Open(WindowId id) {

@@ -78,7 +78,7 @@ class NormalizerWindow : public CalculatorWindow {
   }
 
   NormalizerWindow() {
-    AddAllWindows(windows, prepared, [] {});
+    AddAllWindows(windows, prepared, [](const auto& then) { then(); });
     record.WavAutoNormalize = false;
     record.WavRememberFolders = true;
     record.WavOverwriteSource = false;

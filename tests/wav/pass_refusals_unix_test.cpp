@@ -13,6 +13,7 @@
 #include <string>
 #include <sys/resource.h>
 #include <thread>
+#include <variant>
 #include <vector>
 
 #include <QFile>
@@ -201,6 +202,37 @@ TEST_F(SlowDisk, NobodyIsToldWhileNoTimePasses) {
   EXPECT_EQ(Run(clock, observer, [&] { return std::chrono::steady_clock::now() > start + some; }),
             Ended::Completed);
   EXPECT_TRUE(observer.updates.empty());
+}
+
+// The window, or the program, can be closed then: all is with the system, and nobody waits.
+TEST_F(SlowDisk, IsNotWaitedForWhenThePassIsDestroyed) {
+  std::atomic<bool> isWriting{false};
+  std::atomic<bool> isOver{false};
+  std::atomic<bool> hasEnded{false};
+  InterposedCalls calls;
+  calls.sync = [&](const std::string&) {
+    isWriting = true;
+    while (!isOver) {
+      std::this_thread::sleep_for(milliseconds(1));
+    }
+    hasEnded = true;
+    return 0;
+  };
+  const ReadClock clock(1);
+  {
+    Normalization pass(Folder().Files());
+    ASSERT_TRUE(pass.Open());
+    pass.Start(GainTable(Gain), Buffering::Single, clock);
+    while (!isWriting) {
+      ASSERT_TRUE(std::holds_alternative<PassGoesOn>(pass.Advance()));
+    }
+  }
+  EXPECT_FALSE(hasEnded);
+  ExpectMapped("target.wav");
+  isOver = true;
+  while (!hasEnded) {
+    std::this_thread::sleep_for(milliseconds(1));
+  }
 }
 
 TEST_F(SlowDisk, CountsInTheThroughput) {

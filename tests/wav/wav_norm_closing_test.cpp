@@ -568,7 +568,7 @@ class ClosingOnTheScreen : public NormalizerWindow {
   static constexpr int Patience = 10000;  // milliseconds
 
   ClosingOnTheScreen() {
-    AddAllWindows(windows, onScreen, [] {});
+    AddAllWindows(windows, onScreen, [](const auto& then) { then(); });
   }
 
   // Does something once a modal dialog stands and is active.

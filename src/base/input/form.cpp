@@ -29,6 +29,7 @@ bool Form::MayClose(const std::function<void()>& whenAgreed) {
     hasAgreed_ = true;
     if (*isLater) {
       whenAgreed();
+      hasAgreed_ = false;  // it counts for this once
     }
   });
   *isLater = true;

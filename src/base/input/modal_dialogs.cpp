@@ -24,22 +24,27 @@ void ModalDialogs::Open(QDialog* dialog, const std::function<void(int result)>& 
     open_.removeAll(dialog);
     dialog->deleteLater();
     answered(result);
-    if (open_.isEmpty() && afterAll_) {
-      std::exchange(afterAll_, nullptr)();
-    }
+    RunAfterAll();
   });
   if (auto* owner = qobject_cast<Form*>(dialog->parentWidget())) {
-    QObject::connect(owner, &Form::Closed, dialog, [this, dialog] { TakeAway(dialog); });
+    QObject::connect(owner, &Form::Closed, dialog, [this, dialog] {
+      TakeAway(dialog);
+      RunAfterAll();
+    });
   }
   dialog->setWindowModality(Qt::ApplicationModal);
   dialog->show();
 }
 
 void ModalDialogs::WhenNoneIsOpen(const std::function<void()>& action) {
-  if (open_.isEmpty()) {
-    action();
-  } else {
-    afterAll_ = action;
+  afterAll_ = action;
+  RunAfterAll();
+}
+
+void ModalDialogs::RunAfterAll() {
+  open_.removeAll(nullptr);  // deleted with its owner
+  if (open_.isEmpty() && afterAll_) {
+    std::exchange(afterAll_, nullptr)();
   }
 }
 

@@ -30,6 +30,7 @@ class ModalDialogs {
   void End();
 
  private:
+  void RunAfterAll();
   void TakeAway(QDialog* dialog);
 
   QList<QPointer<QDialog>> open_;

@@ -170,6 +170,24 @@ TEST_F(ModalDialogsTest, WhatWaitsForNoneToBeOpenRunsAtOnceOrAfterTheLastAnswer)
   EXPECT_EQ(ran, 2);
 }
 
+TEST_F(ModalDialogsTest, WhatWaitsForNoneToBeOpenRunsWhenTheOwnerOfTheLastIsClosedOrDeleted) {
+  int ran = 0;
+  const auto run = [&] { ++ran; };
+  {
+    Form owner(u"Owner"_s, u"Owner"_s);
+    owner.show();
+    Open(&owner);
+    dialogs.WhenNoneIsOpen(run);
+    owner.close();
+    EXPECT_EQ(ran, 1);
+  }
+  auto* owner = new QWidget;
+  Open(owner);
+  delete owner;
+  dialogs.WhenNoneIsOpen(run);
+  EXPECT_EQ(ran, 2);
+}
+
 TEST_F(ModalDialogsTest, WhatWaitsForNoneToBeOpenIsForgottenWithThem) {
   int ran = 0;
   Open();
