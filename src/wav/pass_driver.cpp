@@ -8,7 +8,10 @@
 #include <variant>
 
 #include <QApplication>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QObject>
+#include <QWidget>
 
 #include "base/time/clock.h"
 #include "wav/pass.h"
@@ -50,12 +53,24 @@ void PassDriver::DoAfter(double seconds, const std::function<void()>& action) {
     if (stops != stops_) {
       return;
     }
+    PaintWhatChanged();
     if (QApplication::activeModalWidget() != nullptr) {
       DoAfter(BetweenLooks, action);
     } else {
       action();
     }
   });
+}
+
+// What the events of this turn have caused (a layout, and then a picture of it) would have to wait
+// for the next piece, half a second long.
+void PassDriver::PaintWhatChanged() {
+  for (auto* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) {
+      QCoreApplication::sendPostedEvents(window, QEvent::LayoutRequest);
+      QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
+    }
+  }
 }
 
 }  // namespace brindle

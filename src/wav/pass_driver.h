@@ -34,6 +34,7 @@ class PassDriver {
 
  private:
   void Take(Pass& pass, const PassState& state, const std::function<void(const PassState&)>& ended);
+  static void PaintWhatChanged();
   void DoAfter(double seconds, const std::function<void()>& action);
 
   Clock& clock_;
