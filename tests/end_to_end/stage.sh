@@ -20,6 +20,7 @@ say() { printf '%3d.%d s  %s\n' $((($(now) - began) / 1000)) $((($(now) - began)
 
 fail() {
   say "FAILED: $*"
+  tell_program
   if [ -n "${DISPLAY:-}" ]; then
     if command -v import >/dev/null; then
       timeout 20 import -window root "$picture" && say "the screen is in $picture"
@@ -33,6 +34,15 @@ fail() {
 }
 
 run=0 # the program's process while it should run
+tell_program() {
+  [ "$run" != 0 ] || return 0
+  if runs "$run"; then
+    say "the program runs"
+  else
+    wait "$run"
+    say "the program has ended with $?"
+  fi
+}
 # await WHAT COMMAND...: until the command succeeds.
 await() {
   local what=$1 deadline=$(($(now) + patience * 1000))
