@@ -14,13 +14,13 @@
 
 namespace brindle {
 
-BackgroundSync::BackgroundSync(std::shared_ptr<const WavFile> file)
+BackgroundSync::BackgroundSync(std::shared_ptr<const DiskFile> file)
     : file_(std::move(file)),
       thread_(QThread::create([file = file_, outcome = outcome_] { *outcome = file->Sync(); })) {
   thread_->start();
 }
 
-std::optional<WavResult<void>> BackgroundSync::Await(std::chrono::milliseconds patience) {
+std::optional<FileResult<void>> BackgroundSync::Await(std::chrono::milliseconds patience) {
   if (!thread_->wait(QDeadlineTimer(patience))) {
     return std::nullopt;
   }

@@ -9,8 +9,8 @@
 
 #include <QThread>
 
-#include "wav/wav_error.h"
-#include "wav/wav_file.h"
+#include "base/files/disk.h"
+#include "base/files/file_error.h"
 
 namespace brindle {
 
@@ -19,19 +19,19 @@ namespace brindle {
 /// until the disk has it, or the program ends.
 class BackgroundSync {
  public:
-  explicit BackgroundSync(std::shared_ptr<const WavFile> file);
+  explicit BackgroundSync(std::shared_ptr<const DiskFile> file);
 
   /// What came of it, as soon as that is known; nothing after `patience`.
-  [[nodiscard]] std::optional<WavResult<void>> Await(std::chrono::milliseconds patience);
+  [[nodiscard]] std::optional<FileResult<void>> Await(std::chrono::milliseconds patience);
 
  private:
   struct LetGo {
     void operator()(QThread* thread) const;
   };
   // The thread's until it has ended.
-  using Outcome = std::optional<WavResult<void>>;
+  using Outcome = std::optional<FileResult<void>>;
 
-  std::shared_ptr<const WavFile> file_;
+  std::shared_ptr<const DiskFile> file_;
   std::shared_ptr<Outcome> outcome_ = std::make_shared<Outcome>();
   std::unique_ptr<QThread, LetGo> thread_;
 };

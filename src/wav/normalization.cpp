@@ -14,10 +14,10 @@
 #include <QString>
 
 #include "base/files/at_path.h"
+#include "base/files/system_files.h"
 #include "wav/gain.h"
 #include "wav/pass.h"
 #include "wav/samples.h"
-#include "wav/system_files.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
@@ -216,7 +216,7 @@ Normalization::Step Normalization::CopyRest() {
 Normalization::Step Normalization::AwaitDisk() {
   constexpr std::chrono::milliseconds betweenLooks(50);
   if (!sync_) {
-    sync_.emplace(Output());
+    sync_.emplace(Output()->OnDisk());
   }
   auto synced = sync_->Await(betweenLooks);
   for (; !synced; synced = sync_->Await(betweenLooks)) {
@@ -227,10 +227,12 @@ Normalization::Step Normalization::AwaitDisk() {
   // In place, the pass has written nothing after the last word.
   const auto length =
       files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
-  return synced->and_then([&] { return Output()->CheckStands(length); }).and_then([this] {
-    throughput_ = timer_->Throughput(data_.fileLength);
-    return GoOnTo(Phase::Done);
-  });
+  return synced->map_error(FailedAt(WavError::Failed::Writing))
+      .and_then([&] { return Output()->CheckStands(length); })
+      .and_then([this] {
+        throughput_ = timer_->Throughput(data_.fileLength);
+        return GoOnTo(Phase::Done);
+      });
 }
 
 Normalization::Step Normalization::GoOnTo(Phase phase) {

@@ -22,6 +22,11 @@ struct WavError {
 template <class Value>
 using WavResult = tl::expected<Value, WavError>;
 
+/// Turns the error of a file into one of reading or writing it.
+[[nodiscard]] inline auto FailedAt(WavError::Failed failed) {
+  return [failed](const FileError& error) { return WavError{failed, error}; };
+}
+
 /// "Cannot read PATH: REASON" or "Cannot write PATH: REASON".
 [[nodiscard]] inline QString MessageOf(const WavError& error) {
   return error.failed == WavError::Failed::Reading ? CannotRead(error.error)

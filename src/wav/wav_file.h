@@ -5,11 +5,14 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <span>
 
-#include <QFile>
 #include <QString>
 
+#include "base/files/disk.h"
+#include "base/files/file_error.h"
+#include "base/files/system_disk.h"
 #include "wav/wav_error.h"
 
 namespace brindle {
@@ -18,25 +21,29 @@ namespace brindle {
 /// buffer in between: written bytes go straight to the system. Opens regular files only.
 class WavFile {
  public:
+  explicit WavFile(const Disk& disk = TheSystemsDisk()) : disk_(disk) {}
+
   /// Opens the file at the path.
   [[nodiscard]] WavResult<void> OpenForReading(const QString& path);
   /// Opens the file at the path for reading and writing; an error is one of writing.
   [[nodiscard]] WavResult<void> OpenForChanging(const QString& path);
   /// The same, but creates an empty file if there is none.
   [[nodiscard]] WavResult<void> OpenOrCreate(const QString& path);
-  void Close() { file_.close(); }
+  void Close() { file_.reset(); }
+
+  /// The open file itself.
+  [[nodiscard]] const std::shared_ptr<DiskFile>& OnDisk() const { return file_; }
+
+  /// Keeps other programs from writing the open file or, if `isToBeWritten`, from using it, until
+  /// it is closed.
+  [[nodiscard]] WavResult<void> Lock(bool isToBeWritten);
 
   /// Bytes, as the system reports them now. `failed` is the kind of the error if the system
   /// refuses: reading or writing, whichever the caller is about to do.
   [[nodiscard]] WavResult<qint64> Length(WavError::Failed failed) const;
-  /// For an open file, or for one that could not be opened.
-  [[nodiscard]] bool IsLockedByAnother() const;
 
   /// The error is "the file became shorter" if the file ends before `position`.
   [[nodiscard]] WavResult<void> CheckReaches(qint64 position, WavError::Failed failed) const;
-  /// Makes the system write everything to the disk. May take long; may run on any thread while no
-  /// other one uses the file.
-  [[nodiscard]] WavResult<void> Sync() const;
   /// An error of writing if the file is no longer at its path with at least `length` bytes.
   [[nodiscard]] WavResult<void> CheckStands(qint64 length) const;
 
@@ -51,16 +58,12 @@ class WavFile {
   [[nodiscard]] WavError ErrorBecause(WavError::Failed failed, const QString& reason) const;
 
  private:
-  [[nodiscard]] WavResult<void> Open(const QString& path, QIODevice::OpenMode mode,
-                                     WavError::Failed failed);
-  /// Turns a reason from the system into an error.
-  [[nodiscard]] std::function<WavError(const QString& reason)> Because(
-      WavError::Failed failed) const;
+  [[nodiscard]] WavResult<void> Open(const QString& path, OpenFor use, WavError::Failed failed);
   [[nodiscard]] WavError BecameShorter(WavError::Failed failed) const;
-  [[nodiscard]] WavError SystemError(WavError::Failed failed) const;
-  [[nodiscard]] bool SeekTo(qint64 position);
 
-  QFile file_;
+  const Disk& disk_;
+  QString path_;
+  std::shared_ptr<DiskFile> file_;
 };
 
 }  // namespace brindle

@@ -14,6 +14,7 @@
 
 #include <QString>
 
+#include "base/files/system_files.h"
 #include "wav/wav_bytes.h"
 #include "wav/wav_file.h"
 
@@ -88,7 +89,7 @@ tl::expected<WavHeader, WavNotOpened> ReadHeader(const QString& path) {
   const auto refused = [](WavRefusal refusal) { return tl::unexpected<WavNotOpened>(refusal); };
   WavFile file;
   const auto opened = file.OpenForReading(path);
-  if (file.IsLockedByAnother()) {
+  if (IsLocked(path)) {
     return refused(WavRefusal::AlreadyOpen);
   }
   if (!opened) {

@@ -13,9 +13,9 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "base/files/system_files.h"
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/pass_support.h"
-#include "wav/system_files.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
 

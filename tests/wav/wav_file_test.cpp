@@ -9,10 +9,10 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "base/files/system_files.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/wav_file_support.h"
-#include "wav/system_files.h"
 
 namespace brindle {
 namespace {

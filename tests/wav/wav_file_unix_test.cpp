@@ -156,16 +156,16 @@ TEST_F(LockOfWavFile, AnotherDescriptorOfOneProcessCounts) {
   ASSERT_EQ(flock(holder.handle(), LOCK_EX), 0);
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForReading(Path())), "no error");
-  EXPECT_TRUE(file.IsLockedByAnother());
+  EXPECT_TRUE(IsLocked(Path()));
   ASSERT_EQ(flock(holder.handle(), LOCK_UN), 0);
-  EXPECT_FALSE(file.IsLockedByAnother());
+  EXPECT_FALSE(IsLocked(Path()));
 }
 
 TEST_F(LockOfWavFile, LookingLeavesNoLockBehind) {
   Folder().Put("file.wav", "abc");
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForChanging(Path())), "no error");
-  EXPECT_FALSE(file.IsLockedByAnother());
+  EXPECT_FALSE(IsLocked(Path()));
   QFile other(Path());
   ASSERT_TRUE(other.open(QIODevice::ReadWrite | QIODevice::ExistingOnly));
   EXPECT_EQ(flock(other.handle(), LOCK_EX | LOCK_NB), 0);

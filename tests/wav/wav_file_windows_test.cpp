@@ -10,12 +10,12 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include "base/files/system_files.h"
 #include "tests/support/named_case.h"
 #include "tests/wav/pass_support.h"
 #include "tests/wav/pass_windows_support.h"
 #include "tests/wav/wav_builder.h"
 #include "tests/wav/wav_file_support.h"
-#include "wav/system_files.h"
 #include "wav/wav_file.h"
 
 namespace brindle {
@@ -156,7 +156,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(WavFileTest, FileThatIsNotThereIsNotLocked) {
   WavFile file;
   EXPECT_NE(TextOf(file.OpenForReading(Path())), "no error");
-  EXPECT_FALSE(file.IsLockedByAnother());
+  EXPECT_FALSE(IsLocked(Path()));
 }
 
 // Files of which another program has locked a range.
@@ -209,14 +209,12 @@ class LockOfWavFile : public WavFileTest {
     ASSERT_EQ(TextOf(file_.OpenForChanging(Path())), "no error");
   }
 
-  [[nodiscard]] const WavFile& File() const { return file_; }
-
  private:
   WavFile file_;
 };
 
 TEST_F(LockOfWavFile, LookingLeavesNoLockBehind) {
-  EXPECT_FALSE(File().IsLockedByAnother());
+  EXPECT_FALSE(IsLocked(Path()));
   const HeldFile other(Path(), Changing, SharedForChanging);
   EXPECT_TRUE(other.Lock(true, 0, MAXDWORD));
 }
@@ -225,14 +223,14 @@ TEST_F(LockOfWavFile, LookingLeavesTheLocksOfOthersAlone) {
   const HeldFile holder(Path(), Changing, SharedForChanging);
   const HeldFile third(Path(), Changing, SharedForChanging);
   ASSERT_TRUE(holder.Lock(true, 0, 3));
-  EXPECT_TRUE(File().IsLockedByAnother());
+  EXPECT_TRUE(IsLocked(Path()));
   EXPECT_FALSE(third.Lock(false, 0, 3));
 }
 
 TEST_F(LockOfWavFile, SharedLockOfAnotherIsNotInTheWay) {
   const HeldFile holder(Path(), Changing, SharedForChanging);
   ASSERT_TRUE(holder.Lock(false, 0, 3));
-  EXPECT_FALSE(File().IsLockedByAnother());
+  EXPECT_FALSE(IsLocked(Path()));
   EXPECT_TRUE(holder.Lock(false, 0, 3)) << "as often as it likes";
 }
 

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
 // SPDX-License-Identifier: MIT
 
+#include <cstddef>
 #include <cwchar>
+#include <span>
 #include <string>
 #include <windows.h>
 
@@ -9,14 +11,19 @@
 #include <QString>
 
 #include "base/files/at_path.h"
+#include "base/files/disk.h"
+#include "base/files/system_files.h"
 #include "base/files/windows_path.h"
-#include "wav/system_files.h"
 
 namespace brindle {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+tl::unexpected<QString> LastReason() {
+  return tl::unexpected(qt_error_string(static_cast<int>(GetLastError())));
+}
 
 bool IsValid(const Handle& handle) { return handle.get() != INVALID_HANDLE_VALUE; }
 
@@ -45,29 +52,25 @@ bool AreSameFile(HANDLE one, HANDLE two) {
 
 // A file is locked if it cannot be opened the way this program opens files, or if ranges of it
 // cannot be read.
-bool IsLocked(const QFile& file) {
-  if (!file.isOpen()) {
-    // Opening a device or a pipe could have side effects.
-    if (!IsFileAt(file.fileName())) {
-      return false;
-    }
-    const auto handle =
-        OpenExisting(file.fileName(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
-    return !IsValid(handle) && GetLastError() == ERROR_SHARING_VIOLATION;
+bool IsLocked(const QString& path) {
+  // Opening a device or a pipe could have side effects.
+  if (!IsFileAt(path).value_or(false)) {
+    return false;
   }
-  auto* handle = SystemHandle(file.handle());
+  const auto handle = OpenExisting(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  if (!IsValid(handle)) {
+    return GetLastError() == ERROR_SHARING_VIOLATION;
+  }
   OVERLAPPED fromStart = {};
-  if (LockFileEx(handle, LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD, MAXDWORD, &fromStart) == FALSE) {
-    return GetLastError() == ERROR_LOCK_VIOLATION;
-  }
-  UnlockFileEx(handle, 0, MAXDWORD, MAXDWORD, &fromStart);
-  return false;
+  return LockFileEx(handle.get(), LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD, MAXDWORD, &fromStart) ==
+             FALSE &&
+         GetLastError() == ERROR_LOCK_VIOLATION;
 }
 
 tl::expected<qint64, QString> LengthOf(const QFile& file) {
   LARGE_INTEGER length = {};
   if (GetFileSizeEx(SystemHandle(file.handle()), &length) == FALSE) {
-    return tl::unexpected(qt_error_string(static_cast<int>(GetLastError())));
+    return LastReason();
   }
   return qint64{length.QuadPart};
 }
@@ -95,5 +98,44 @@ bool LeadToSameFile(const QString& path, const QString& other) {
   const auto two = LookAt(other);
   return IsValid(one) && IsValid(two) && AreSameFile(one.get(), two.get());
 }
+
+tl::expected<FileStamp, QString> StampOf(const QFile& file) {
+  constexpr int halfBits = 32;
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (GetFileInformationByHandle(SystemHandle(file.handle()), &found) == FALSE) {
+    return LastReason();
+  }
+  const auto whole = [](DWORD high, DWORD low) { return quint64{high} << halfBits | low; };
+  return FileStamp{
+      .volume = found.dwVolumeSerialNumber,
+      .number = whole(found.nFileIndexHigh, found.nFileIndexLow),
+      .changed = whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
+}
+
+tl::expected<void, QString> SetRoomAside(QFile& file, qint64 length) {
+  if (!file.resize(length)) {
+    return tl::unexpected(file.errorString());
+  }
+  return {};
+}
+
+tl::expected<void, QString> LockFile(const QFile& file, bool isToBeWritten) {
+  OVERLAPPED fromStart = {};
+  const DWORD flags =
+      LOCKFILE_FAIL_IMMEDIATELY | (isToBeWritten ? LOCKFILE_EXCLUSIVE_LOCK : DWORD{0});
+  if (LockFileEx(SystemHandle(file.handle()), flags, 0, MAXDWORD, MAXDWORD, &fromStart) == FALSE &&
+      GetLastError() == ERROR_LOCK_VIOLATION) {
+    return tl::unexpected(u"another program is using the file"_s);
+  }
+  return {};
+}
+
+// The system's journal does this by itself.
+tl::expected<void, QString> SyncFolderAt(const QString&) { return {}; }
+
+// Not done here: the file would have to be opened anew, and for a part of what it is locked for.
+DirectWriter::DirectWriter(const QFile&) {}
+DirectWriter::~DirectWriter() = default;
+bool DirectWriter::Write(qint64, std::span<const std::byte>) const { return false; }
 
 }  // namespace brindle
