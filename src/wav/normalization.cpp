@@ -4,8 +4,9 @@
 #include "wav/normalization.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -14,9 +15,15 @@
 #include <QString>
 
 #include "base/files/at_path.h"
+#include "base/files/disk.h"
 #include "base/files/system_files.h"
+#include "wav/buffering.h"
 #include "wav/gain.h"
+#include "wav/inverse_table.h"
 #include "wav/pass.h"
+#include "wav/pass_record.h"
+#include "wav/piece_grid.h"
+#include "wav/recorded_file.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
@@ -31,10 +38,6 @@ namespace {
 constexpr qint64 MultiBlocks = 64;
 constexpr qint64 MultiSize = MultiBlocks * BlockSize;  // bytes
 
-Samples BlockOf(Samples buffer, qint64 block) {
-  return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
-}
-
 // Compares the texts, too: some file systems give a file another number every time.
 bool TargetIsSource(const PassFiles& files) {
   return files.target == files.source || LeadToSameFile(files.source, files.target);
@@ -44,7 +47,39 @@ tl::unexpected<WavError> CannotWriteTarget(const FileError& error) {
   return tl::unexpected(WavError{WavError::Failed::Writing, error});
 }
 
+// Where the loops of a pass end, which is after the last word that they map.
+qint64 EndOfLoops(const SampleData& data, Buffering buffering) {
+  const auto after = [&](qint64 position, qint64 last, qint64 size) {
+    return last < position ? position : position + ((last - position) / size + 1) * size;
+  };
+  qint64 position = data.start;
+  if (buffering == Buffering::Multi) {
+    position = after(position, data.BlockEnd(MultiSize), MultiSize);
+    position = after(position, data.fileLength - BlockSize - 1, BlockSize);
+  } else {
+    position = after(position, data.BlockEnd(BlockSize), BlockSize);
+  }
+  return after(position, data.LastWord(), WordSize);
+}
+
+// The room for what the table loses: of words after the samples, which the loops map too, nobody
+// knows the levels.
+qint64 RoomForBits(const SampleData& data, const PieceGrid& grid, const GainTable& table,
+                   LevelRange levels) {
+  constexpr qint64 bitsPerByte = 8;
+  const auto endOfSamples = std::min(grid.end, data.LastWord() + WordSize);
+  const auto samples = std::max<qint64>(endOfSamples - grid.start, 0) / WordSize;
+  const auto after = (grid.end - grid.start) - samples * WordSize;  // bytes
+  return samples * MostBitsLost(table, levels) / bitsPerByte + after + grid.Count();
+}
+
 }  // namespace
+
+Normalization::Normalization(PassFiles files, const Disk& disk)
+    : files_(std::move(files)),
+      input_(std::make_shared<WavFile>(disk)),
+      output_(std::make_shared<WavFile>(disk)),
+      buffer_(BlockWords) {}
 
 WavResult<Normalization::Opened> Normalization::Open() {
   const auto data =
@@ -55,7 +90,9 @@ WavResult<Normalization::Opened> Normalization::Open() {
   data_ = *data;
   files_.isInPlace = files_.isInPlace || TargetIsSource(files_);
   if (files_.isInPlace) {
-    return input_->OpenForChanging(files_.source).map([] { return Opened::Ready; });
+    return input_->OpenForChanging(files_.source)
+        .and_then([this] { return input_->Lock(true); })
+        .map([] { return Opened::Ready; });
   }
   return OpenTarget();
 }
@@ -66,8 +103,10 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
   if (!IsAbsolute(target)) {
     return CannotWriteTarget(ErrorOf(target, u"not an absolute path"_s));
   }
-  const auto length = output_->OpenOrCreate(target).and_then(
-      [this] { return output_->Length(WavError::Failed::Writing); });
+  const auto length = input_->Lock(false)
+                          .and_then([&] { return output_->OpenOrCreate(target); })
+                          .and_then([this] { return output_->Lock(true); })
+                          .and_then([this] { return output_->Length(WavError::Failed::Writing); });
   if (!length) {
     return tl::unexpected(length.error());
   }
@@ -88,19 +127,51 @@ WavResult<void> Normalization::Overwrite() {
   if (!old.remove()) {
     return CannotWriteTarget(ErrorOf(target, old));
   }
-  return output_->OpenOrCreate(target).and_then([this] { return CopyHead(); });
+  return output_->OpenOrCreate(target)
+      .and_then([this] { return output_->Lock(true); })
+      .and_then([this] { return CopyHead(); });
 }
 
 void Normalization::Start(GainTable table, Buffering buffering, const Clock& clock) {
   table_ = std::move(table);
   timer_.emplace(clock, data_.fileLength);
   phase_ = buffering == Buffering::Multi ? Phase::ManyBlocks : Phase::SingleBlocks;
-  position_ = data_.start;
+  position_ =
+      recorded_ ? recorded_->Grid().PositionOf(recorded_->Record().Boundary()) : data_.start;
+}
+
+WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
+                                             LevelRange levels) const {
+  PassFacts facts;
+  facts.path = files_.source;
+  facts.fileLength = data_.fileLength;
+  facts.grid = {
+      .start = data_.start, .end = EndOfLoops(data_, buffering), .size = PassRecord::PieceSize};
+  facts.bitsRoom = RoomForBits(data_, facts.grid, GainTable(gain), levels);
+  facts.gain = gain;
+  facts.buffering = buffering;
+  facts.headLength = HeadLength(data_.start);
+  return input_->OnDisk()
+      ->Stamp()
+      .map_error(FailedAt(WavError::Failed::Reading))
+      .and_then([&](const FileStamp& stamp) {
+        facts.stamp = stamp;
+        return HashOfHead(*input_, facts.headLength);
+      })
+      .map([&](quint64 hash) {
+        facts.headHash = hash;
+        return facts;
+      });
+}
+
+WavResult<void> Normalization::KeepRecord(PassRecord record) {
+  recorded_.emplace(std::move(record), input_);
+  return recorded_->CheckHead();
 }
 
 PassState Normalization::Advance() {
   while (phase_ != Phase::Done) {
-    const auto step = Work();
+    const auto step = IsLoopsTurn() ? Work() : TendRecord();
     if (!step) {
       return step.error();
     }
@@ -112,7 +183,56 @@ PassState Normalization::Advance() {
 }
 
 PassState Normalization::Abort() {
-  return phase_ == Phase::Sync ? Advance() : PassState(PassAborted{});
+  const bool isTooLate = phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
+  return isTooLate ? Advance() : PassState(PassAborted{});
+}
+
+// Before the loops map a word, its piece is in the record.
+bool Normalization::IsLoopsTurn() const {
+  if (!recorded_) {
+    return true;
+  }
+  return turn_ == Turn::MapPiece ? recorded_->IsInOpenPiece(position_)
+                                 : turn_ == Turn::OpenPiece && position_ == recorded_->Grid().end;
+}
+
+Normalization::Step Normalization::TendRecord() {
+  const auto turnTo = [this](Turn turn) {
+    turn_ = turn;
+    return std::optional<PassProgress>();
+  };
+  switch (turn_) {
+    case Turn::CheckPieces:
+      return CheckPiece();
+    case Turn::Recover:
+      return recorded_->Recover().map([&] { return turnTo(Turn::AwaitRecovered); });
+    case Turn::AwaitRecovered:
+    case Turn::AwaitPiece:
+      return Await(input_->OnDisk(), [&] { return turnTo(Turn::OpenPiece), WavResult<void>(); });
+    case Turn::OpenPiece:
+      return recorded_->OpenPiece(recorded_->Grid().PieceAt(position_)).map([&] {
+        return turnTo(Turn::AwaitRecord);
+      });
+    case Turn::AwaitRecord:
+      return Await(recorded_->RecordOnDisk(),
+                   [&] { return turnTo(Turn::MapPiece), WavResult<void>(); });
+    case Turn::MapPiece:
+      break;
+  }
+  return recorded_->ClosePiece().map([&] { return turnTo(Turn::AwaitPiece); });
+}
+
+// A pass that goes on finds what it has mapped as it left it.
+Normalization::Step Normalization::CheckPiece() {
+  if (checked_ == recorded_->Record().Boundary()) {
+    turn_ = Turn::Recover;
+    return std::nullopt;
+  }
+  return recorded_->CheckPiece(checked_).map([this]() -> std::optional<PassProgress> {
+    const auto position = recorded_->Grid().PositionOf(checked_++);
+    return timer_->IsDue(UpdateInterval::Half) ? std::optional(timer_->ProgressAt(position))
+                                               : std::nullopt;
+  });
 }
 
 Normalization::Step Normalization::Work() {
@@ -131,6 +251,8 @@ Normalization::Step Normalization::Work() {
       return CopyRest();
     case Phase::Sync:
       return AwaitDisk();
+    case Phase::SyncRecord:
+      return AwaitRecord();
     case Phase::Done:
       break;
   }
@@ -142,16 +264,22 @@ Normalization::Step Normalization::MapManyBlocks() {
   if (position_ > data_.BlockEnd(MultiSize)) {
     return GoOnTo(Phase::TailBlocks);
   }
-  buffer_.resize(MultiBlocks * BlockWords);
+  if (!recorded_) {
+    buffer_.resize(MultiBlocks * BlockWords);
+  }
   for (qint64 block = 0; block < MultiBlocks; ++block) {
-    if (auto read = ReadMapped(position_ + block * BlockSize, BlockOf(buffer_, block)); !read) {
+    const auto position = position_ + block * BlockSize;
+    const auto samples = RoomFor(position, BlockWords, block);
+    if (auto read = Fetch(position, samples); !read) {
       return tl::unexpected(read.error());
     }
+    table_->Map(samples);
   }
   // A single write of all blocks takes the system nearly twice as long.
   for (qint64 block = 0; block < MultiBlocks; ++block) {
-    const auto samples = BlockOf(buffer_, block);
-    if (auto written = Write(position_ + block * BlockSize, BytesOf(samples)); !written) {
+    const auto position = position_ + block * BlockSize;
+    const auto samples = RoomFor(position, BlockWords, block);
+    if (auto written = Write(position, BytesOf(samples)); !written) {
       return tl::unexpected(written.error());
     }
   }
@@ -174,8 +302,8 @@ Normalization::Step Normalization::MapTailWords() {
   if (auto read = ReadTail(); !read) {
     return tl::unexpected(read.error());
   }
-  while (tail_->mapped < tail_->words) {
-    auto& sample = buffer_[tail_->mapped];
+  while (tail_->mapped < tail_->samples.size()) {
+    auto& sample = tail_->samples[tail_->mapped];
     sample = (*table_)(sample);
     ++tail_->mapped;
     const auto step = GoOnBy(WordSize, UpdateInterval::Quarter);
@@ -214,25 +342,37 @@ Normalization::Step Normalization::CopyRest() {
 
 // Everything is written, so nothing can abort the pass any more.
 Normalization::Step Normalization::AwaitDisk() {
-  constexpr std::chrono::milliseconds betweenLooks(50);
-  if (!sync_) {
-    sync_.emplace(Output()->OnDisk());
-  }
-  auto synced = sync_->Await(betweenLooks);
-  for (; !synced; synced = sync_->Await(betweenLooks)) {
-    if (timer_->IsDue(UpdateInterval::Half)) {
-      return timer_->ProgressAt(data_.fileLength);
+  return Await(Output()->OnDisk(), [this] {
+    // In place, the pass has written nothing after the last word.
+    const auto length =
+        files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
+    return Output()->CheckStands(length).and_then([this] {
+      phase_ = recorded_ ? Phase::SyncRecord : Phase::Done;
+      throughput_ = timer_->Throughput(data_.fileLength);
+      return recorded_ ? recorded_->Mark(recorded_->Grid().Count()) : WavResult<void>();
+    });
+  });
+}
+
+Normalization::Step Normalization::AwaitRecord() {
+  return Await(recorded_->RecordOnDisk(), [this] {
+    recorded_->GiveRoomBack();
+    phase_ = Phase::Done;
+    return WavResult<void>();
+  });
+}
+
+// Goes on once the disk has the file. The progress meanwhile is that of the end, or of the position
+// where the loops wait.
+Normalization::Step Normalization::Await(const std::shared_ptr<DiskFile>& file,
+                                         const std::function<WavResult<void>()>& then) {
+  const bool isAtEnd = phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
+  return disk_.For(file, *timer_).and_then([&](bool isDone) -> Step {
+    if (!isDone) {
+      return timer_->ProgressAt(isAtEnd ? data_.fileLength : position_);
     }
-  }
-  // In place, the pass has written nothing after the last word.
-  const auto length =
-      files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
-  return synced->map_error(FailedAt(WavError::Failed::Writing))
-      .and_then([&] { return Output()->CheckStands(length); })
-      .and_then([this] {
-        throughput_ = timer_->Throughput(data_.fileLength);
-        return GoOnTo(Phase::Done);
-      });
+    return then().map([] { return std::optional<PassProgress>(); });
+  });
 }
 
 Normalization::Step Normalization::GoOnTo(Phase phase) {
@@ -247,31 +387,41 @@ Normalization::Step Normalization::GoOnBy(qint64 bytes, UpdateInterval interval)
 }
 
 WavResult<void> Normalization::MapBlock(std::size_t words) {
-  const auto samples = Samples(buffer_).first(words);
-  return ReadMapped(position_, samples).and_then([&] {
+  const auto samples = RoomFor(position_, words);
+  return Fetch(position_, samples).and_then([&] {
+    table_->Map(samples);
     return Write(position_, BytesOf(samples));
   });
 }
 
-WavResult<void> Normalization::ReadMapped(qint64 position, Samples samples) {
-  return input_->Read(position, BytesOf(samples)).map([&] { table_->Map(samples); });
+// Where the words of a position are kept: in the open piece, or as the given block of the buffer.
+Samples Normalization::RoomFor(qint64 position, std::size_t words, qint64 block) {
+  if (words > 0 && recorded_) {
+    return recorded_->WordsAt(position, words);
+  }
+  return Samples(buffer_).subspan(static_cast<std::size_t>(block) * BlockWords, words);
+}
+
+// An open piece has its words already.
+WavResult<void> Normalization::Fetch(qint64 position, Samples samples) {
+  return recorded_ ? WavResult<void>() : input_->Read(position, BytesOf(samples));
 }
 
 // At most one block of words is left after the blocks. They were all read before progress was
 // shown, so no later read notices if they are gone by now.
 WavResult<void> Normalization::ReadTail() {
   if (tail_) {
-    const qint64 end = tail_->first - 1 + static_cast<qint64>(tail_->words) * WordSize;
+    const qint64 end = tail_->first - 1 + static_cast<qint64>(tail_->samples.size()) * WordSize;
     return input_->CheckReaches(end, WavError::Failed::Reading);
   }
   const auto words = static_cast<std::size_t>(WordsUpTo(position_, data_.LastWord()));
-  tail_ = {.first = position_, .words = words};
-  return input_->Read(position_, BytesOf(Samples(buffer_).first(words)));
+  tail_ = {.first = position_, .samples = RoomFor(position_, words)};
+  return Fetch(position_, tail_->samples);
 }
 
 WavResult<void> Normalization::WriteTail() {
   const auto written = std::exchange(tail_->written, tail_->mapped);
-  const auto mapped = Samples(buffer_).subspan(written, tail_->mapped - written);
+  const auto mapped = tail_->samples.subspan(written, tail_->mapped - written);
   return Write(tail_->first + static_cast<qint64>(written) * WordSize, BytesOf(mapped));
 }
 

@@ -4,27 +4,30 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <tl/expected.hpp>
-#include <utility>
 
 #include <QString>
 
+#include "base/files/disk.h"
+#include "base/files/system_disk.h"
 #include "base/time/clock.h"
-#include "wav/background_sync.h"
+#include "wav/buffering.h"
+#include "wav/disk_wait.h"
 #include "wav/gain.h"
+#include "wav/inverse_table.h"
 #include "wav/pass.h"
+#include "wav/pass_record.h"
+#include "wav/recorded_file.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
 
 namespace brindle {
-
-/// How a pass reads and writes: 64 blocks of 64 KB in turn, or one.
-enum class Buffering { Multi, Single };
 
 /// What a pass works on.
 struct PassFiles {
@@ -45,6 +48,10 @@ struct PassFiles {
 /// Multi), and never during the rest. Everything mapped has been passed to the system before
 /// progress is shown.
 ///
+/// In place, the pass can keep what it takes to take it back: KeepRecord(). Then it reads a piece
+/// of the recording at once, and the record has the originals of the piece on the disk before a
+/// word of it is written. Waiting for the disk, progress is due every half second.
+///
 /// The pass is completed once its output is on the disk and still at its path. While the disk takes
 /// it in, progress is due every half second, at 100 %; an abort then comes too late. Nothing is
 /// written past the end of a file that somebody else has cut short: that is an error.
@@ -54,7 +61,7 @@ class Normalization : public Pass {
   /// target is not empty; nothing has been changed, and Overwrite() continues.
   enum class Opened { Ready, AsksToOverwrite };
 
-  explicit Normalization(PassFiles files) : files_(std::move(files)), buffer_(BlockWords) {}
+  explicit Normalization(PassFiles files, const Disk& disk = TheSystemsDisk());
 
   /// Opens the source and finds its samples; only then opens the target.
   [[nodiscard]] WavResult<Opened> Open();
@@ -65,6 +72,15 @@ class Normalization : public Pass {
   /// Whether the source is overwritten, because the user chose that or because the target is the
   /// source.
   [[nodiscard]] bool IsInPlace() const { return files_.isInPlace; }
+
+  /// What a record of the pass has to say from the start on; of files that were opened, in place.
+  /// All samples are known to lie in `levels`.
+  [[nodiscard]] WavResult<PassFacts> FactsFor(double gain, Buffering buffering,
+                                              LevelRange levels) const;
+
+  /// Has the pass, in place, keep its way back. The record goes on from its boundary. An error if
+  /// it is of another recording.
+  [[nodiscard]] WavResult<void> KeepRecord(PassRecord record);
 
   /// Begins the pass over the files that were opened.
   void Start(GainTable table, Buffering buffering, const Clock& clock);
@@ -86,14 +102,25 @@ class Normalization : public Pass {
     SingleWords,   // Single
     Rest,
     Sync,
+    SyncRecord,
     Done,
   };
   // The words after the blocks of a Multi pass, while they are being mapped.
   struct Tail {
     qint64 first = 0;  // position of the first one
-    std::size_t words = 0;
+    Samples samples = {};
     std::size_t mapped = 0;   // words
     std::size_t written = 0;  // words
+  };
+  // What is done with the record before the loops go on; in this order, over and over.
+  enum class Turn {
+    CheckPieces,
+    Recover,
+    AwaitRecovered,
+    OpenPiece,
+    AwaitRecord,
+    MapPiece,
+    AwaitPiece,
   };
   // The outcome of a step: progress if it is due.
   using Step = WavResult<std::optional<PassProgress>>;
@@ -103,6 +130,9 @@ class Normalization : public Pass {
   [[nodiscard]] WavResult<void> Copy(qint64 position, qint64 end);
 
   [[nodiscard]] Step Work();
+  [[nodiscard]] Step TendRecord();
+  [[nodiscard]] Step CheckPiece();
+  [[nodiscard]] bool IsLoopsTurn() const;
   [[nodiscard]] Step MapManyBlocks();
   [[nodiscard]] Step MapTailBlock();
   [[nodiscard]] Step MapTailWords();
@@ -110,11 +140,15 @@ class Normalization : public Pass {
   [[nodiscard]] Step MapSingleWords();
   [[nodiscard]] Step CopyRest();
   [[nodiscard]] Step AwaitDisk();
+  [[nodiscard]] Step AwaitRecord();
+  [[nodiscard]] Step Await(const std::shared_ptr<DiskFile>& file,
+                           const std::function<WavResult<void>()>& then);
   [[nodiscard]] Step GoOnTo(Phase phase);
   [[nodiscard]] Step GoOnBy(qint64 bytes, UpdateInterval interval);
 
   [[nodiscard]] WavResult<void> MapBlock(std::size_t words);
-  [[nodiscard]] WavResult<void> ReadMapped(qint64 position, Samples samples);
+  [[nodiscard]] Samples RoomFor(qint64 position, std::size_t words, qint64 block = 0);
+  [[nodiscard]] WavResult<void> Fetch(qint64 position, Samples samples);
   [[nodiscard]] WavResult<void> ReadTail();
   [[nodiscard]] WavResult<void> WriteTail();
   [[nodiscard]] WavResult<void> Write(qint64 position, std::span<const std::byte> bytes);
@@ -132,7 +166,10 @@ class Normalization : public Pass {
   Phase phase_ = Phase::Done;
   qint64 position_ = 0;  // of the next byte for the loops
   std::optional<Tail> tail_;
-  std::optional<BackgroundSync> sync_;
+  DiskWait disk_;
+  std::optional<RecordedFile> recorded_;
+  Turn turn_ = Turn::CheckPieces;
+  qint64 checked_ = 0;  // pieces from the first one on that are what the pass left
   double throughput_ = 0;
 };
 

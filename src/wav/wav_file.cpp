@@ -31,6 +31,13 @@ WavResult<void> WavFile::OpenOrCreate(const QString& path) {
   return Open(path, OpenFor::ChangingOrCreate, WavError::Failed::Writing);
 }
 
+void WavFile::Close() {
+  if (file_) {
+    file_->Unlock();
+  }
+  file_.reset();
+}
+
 WavResult<void> WavFile::Lock(bool isToBeWritten) {
   return file_->Lock(isToBeWritten)
       .map_error(FailedAt(isToBeWritten ? WavError::Failed::Writing : WavError::Failed::Reading));
@@ -87,7 +94,7 @@ WavError WavFile::ErrorBecause(WavError::Failed failed, const QString& reason) c
 }
 
 WavResult<void> WavFile::Open(const QString& path, OpenFor use, WavError::Failed failed) {
-  file_.reset();
+  Close();
   path_ = path;
   return disk_.Open(path, use)
       .map([this](std::unique_ptr<DiskFile> file) { file_ = std::move(file); })

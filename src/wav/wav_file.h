@@ -22,6 +22,11 @@ namespace brindle {
 class WavFile {
  public:
   explicit WavFile(const Disk& disk = TheSystemsDisk()) : disk_(disk) {}
+  WavFile(const WavFile&) = delete;
+  WavFile& operator=(const WavFile&) = delete;
+  WavFile(WavFile&&) = delete;
+  WavFile& operator=(WavFile&&) = delete;
+  ~WavFile() { Close(); }
 
   /// Opens the file at the path.
   [[nodiscard]] WavResult<void> OpenForReading(const QString& path);
@@ -29,7 +34,8 @@ class WavFile {
   [[nodiscard]] WavResult<void> OpenForChanging(const QString& path);
   /// The same, but creates an empty file if there is none.
   [[nodiscard]] WavResult<void> OpenOrCreate(const QString& path);
-  void Close() { file_.reset(); }
+  /// A sync that still runs keeps the file, but not its lock.
+  void Close();
 
   /// The open file itself.
   [[nodiscard]] const std::shared_ptr<DiskFile>& OnDisk() const { return file_; }

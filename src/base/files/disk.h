@@ -55,6 +55,8 @@ class DiskFile : public Interface {
   /// Keeps other programs from writing the file or, if `isToBeWritten`, from using it at all, as
   /// far as the system can, until it is closed. The error is "another program is using the file".
   [[nodiscard]] virtual FileResult<void> Lock(bool isToBeWritten) = 0;
+  /// Gives the lock up before that.
+  virtual void Unlock() = 0;
 
   /// Bytes.
   static constexpr std::size_t DirectUnit = 4096;
@@ -75,6 +77,7 @@ class Disk : public Interface {
   [[nodiscard]] virtual FileResult<std::unique_ptr<DiskFile>> Open(const QString& path,
                                                                    OpenFor use) const = 0;
   [[nodiscard]] virtual FileResult<void> Remove(const QString& path) const = 0;
+  [[nodiscard]] virtual FileResult<void> Rename(const QString& from, const QString& to) const = 0;
   /// Makes a folder, with those above it, if it is missing.
   [[nodiscard]] virtual FileResult<void> MakeFolder(const QString& path) const = 0;
   /// Has the system write down which files a folder contains.

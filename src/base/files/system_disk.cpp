@@ -34,6 +34,13 @@ char* Chars(std::byte* bytes) { return reinterpret_cast<char*>(bytes); }
 const char* Chars(const std::byte* bytes) { return reinterpret_cast<const char*>(bytes); }
 // NOLINTEND(cppcoreguidelines-pro-type-reinterpret-cast)
 
+FileResult<void> ResultOf(std::error_code code, const QString& path) {
+  if (code) {
+    return tl::unexpected(ErrorOf(path, qt_error_string(code.value())));
+  }
+  return {};
+}
+
 QIODevice::OpenMode ModeOf(OpenFor use) {
   switch (use) {
     case OpenFor::Reading:
@@ -123,6 +130,7 @@ class SystemFile : public DiskFile {
   [[nodiscard]] FileResult<void> Lock(bool isToBeWritten) override {
     return LockFile(file_, isToBeWritten).map_error(AsError());
   }
+  void Unlock() override { UnlockFile(file_); }
 
  private:
   [[nodiscard]] FileError LastError() const { return ErrorOf(file_.fileName(), file_); }
@@ -156,13 +164,16 @@ FileResult<void> SystemDisk::Remove(const QString& path) const {
   return {};
 }
 
+FileResult<void> SystemDisk::Rename(const QString& from, const QString& to) const {
+  std::error_code code;
+  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
+  return ResultOf(code, from);
+}
+
 FileResult<void> SystemDisk::MakeFolder(const QString& path) const {
   std::error_code code;
   std::filesystem::create_directories(path.toStdU16String(), code);
-  if (code) {
-    return tl::unexpected(ErrorOf(path, qt_error_string(code.value())));
-  }
-  return {};
+  return ResultOf(code, path);
 }
 
 FileResult<void> SystemDisk::SyncFolder(const QString& path) const {

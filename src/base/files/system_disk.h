@@ -20,6 +20,7 @@ class SystemDisk : public Disk {
   [[nodiscard]] FileResult<std::unique_ptr<DiskFile>> Open(const QString& path,
                                                            OpenFor use) const override;
   [[nodiscard]] FileResult<void> Remove(const QString& path) const override;
+  [[nodiscard]] FileResult<void> Rename(const QString& from, const QString& to) const override;
   [[nodiscard]] FileResult<void> MakeFolder(const QString& path) const override;
   [[nodiscard]] FileResult<void> SyncFolder(const QString& path) const override;
   [[nodiscard]] QStringList FilesIn(const QString& folder) const override;

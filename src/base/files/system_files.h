@@ -40,6 +40,9 @@ namespace brindle {
 /// Locks an open file as DiskFile::Lock() says. A file system without locks is not a failure.
 [[nodiscard]] tl::expected<void, QString> LockFile(const QFile& file, bool isToBeWritten);
 
+/// Gives such a lock up.
+void UnlockFile(const QFile& file);
+
 /// Has the system write down which files a folder contains.
 [[nodiscard]] tl::expected<void, QString> SyncFolderAt(const QString& path);
 

@@ -136,12 +136,19 @@ tl::expected<void, QString> LockFile(const QFile& file, bool isToBeWritten) {
       flock(descriptor, (isToBeWritten ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   auto range = WholeFile(isToBeWritten ? F_WRLCK : F_RDLCK);
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's form
-  const bool isRangeRefused =
-      fcntl(descriptor, F_OFD_SETLK, &range) != 0 && (errno == EAGAIN || errno == EACCES);
+  const int locked = fcntl(descriptor, F_OFD_SETLK, &range);
+  const bool isRangeRefused = locked != 0 && (errno == EAGAIN || errno == EACCES);
   if (isRefused || isRangeRefused) {
     return tl::unexpected(u"another program is using the file"_s);
   }
   return {};
+}
+
+void UnlockFile(const QFile& file) {
+  flock(file.handle(), LOCK_UN);
+  auto range = WholeFile(F_UNLCK);
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's form
+  fcntl(file.handle(), F_OFD_SETLK, &range);
 }
 
 tl::expected<void, QString> SyncFolderAt(const QString& path) {

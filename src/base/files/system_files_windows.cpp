@@ -130,6 +130,11 @@ tl::expected<void, QString> LockFile(const QFile& file, bool isToBeWritten) {
   return {};
 }
 
+void UnlockFile(const QFile& file) {
+  OVERLAPPED fromStart = {};
+  UnlockFileEx(SystemHandle(file.handle()), 0, MAXDWORD, MAXDWORD, &fromStart);
+}
+
 // The system's journal does this by itself.
 tl::expected<void, QString> SyncFolderAt(const QString&) { return {}; }
 

@@ -1,0 +1,399 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/pass_record.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include <QByteArray>
+#include <QDataStream>
+#include <QIODevice>
+#include <QString>
+
+// Compiled in, so that the program needs no further library where it runs.
+#define XXH_INLINE_ALL  // NOLINT(cppcoreguidelines-macro-usage): the library's own switch
+#include <xxhash.h>
+
+#include "base/files/disk.h"
+#include "base/files/file_error.h"
+#include "wav/buffering.h"
+#include "wav/inverse_table.h"
+#include "wav/piece_grid.h"
+#include "wav/samples.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+// The layout, all numbers lowest byte first, everything except single facts at multiples of Unit:
+//   the mark; then length and hash of the facts of the pass; these facts
+//   two heads, each of a place for originals
+//   the facts of each piece
+//   the bits that tell what the table of the gain loses
+//   two places for the originals of one piece
+namespace {
+
+constexpr qint64 Unit = DiskFile::DirectUnit;
+
+// The last character is the version. Written after everything else of a new record is on the disk:
+// a record whose mark has parts that are missing was never begun.
+constexpr std::size_t MarkLength = 16;
+constexpr char Version = '1';
+QByteArray Mark() { return QByteArrayLiteral("Brindle undo\r\n\x1A") + Version; }
+
+constexpr qint64 LongestFacts = 1'048'576;  // bytes; a path is never that long
+constexpr qint64 PreambleLength = static_cast<qint64>(MarkLength) + 2 * sizeof(quint64);
+constexpr qint64 SlotHeadLength = 6 * sizeof(quint64);
+constexpr qint64 PieceFactsLength = 5 * sizeof(quint64) + 2 * sizeof(std::int16_t);
+
+constexpr qint64 UpToUnit(qint64 bytes) { return (bytes + Unit - 1) / Unit * Unit; }
+
+std::span<const std::byte> AsBytes(const QByteArray& array) {
+  return std::as_bytes(std::span(array.constData(), static_cast<std::size_t>(array.size())));
+}
+
+quint64 HashOf(const QByteArray& array) { return brindle::HashOf(AsBytes(array)); }
+
+// Numbers into bytes and back.
+class Writer {
+ public:
+  Writer() : stream_(&bytes_, QIODevice::WriteOnly) {
+    stream_.setByteOrder(QDataStream::LittleEndian);
+    stream_.setVersion(QDataStream::Qt_6_4);
+  }
+  template <class... Values>
+  QByteArray Of(const Values&... values) {
+    (stream_ << ... << values);
+    return bytes_;
+  }
+
+ private:
+  QByteArray bytes_;
+  QDataStream stream_;
+};
+
+class Reader {
+ public:
+  explicit Reader(const QByteArray& bytes) : stream_(bytes) {
+    stream_.setByteOrder(QDataStream::LittleEndian);
+    stream_.setVersion(QDataStream::Qt_6_4);
+  }
+  // Whether they were all there.
+  template <class... Values>
+  [[nodiscard]] bool To(Values&... values) {
+    (stream_ >> ... >> values);
+    return stream_.status() == QDataStream::Ok;
+  }
+  [[nodiscard]] bool IsAtEnd() const { return stream_.atEnd(); }
+
+ private:
+  QDataStream stream_;
+};
+
+// What follows its own hash.
+QByteArray Sealed(const QByteArray& bytes) { return Writer().Of(HashOf(bytes)) + bytes; }
+
+// The bytes behind a hash, if it is theirs.
+std::optional<QByteArray> Unsealed(const QByteArray& sealed) {
+  quint64 hash = 0;
+  const auto bytes = sealed.mid(sizeof(hash));
+  if (!Reader(sealed).To(hash) || hash != HashOf(bytes)) {
+    return std::nullopt;
+  }
+  return bytes;
+}
+
+// As many bytes as there are.
+FileResult<QByteArray> ReadFrom(DiskFile& file, qint64 offset, qint64 length) {
+  QByteArray bytes(length, '\0');
+  return file
+      .Read(offset,
+            std::as_writable_bytes(std::span(bytes.data(), static_cast<std::size_t>(bytes.size()))))
+      .map([&](std::size_t there) { return bytes.first(static_cast<qsizetype>(there)); });
+}
+
+FileResult<void> WriteTo(DiskFile& file, qint64 offset, const QByteArray& bytes) {
+  return file.Write(offset, AsBytes(bytes));
+}
+
+QByteArray BytesOf(const PassFacts& facts) {
+  return Writer().Of(facts.path, facts.stamp.volume, facts.stamp.number, facts.stamp.changed,
+                     facts.created, facts.fileLength, facts.headLength, facts.headHash,
+                     facts.grid.start, facts.grid.end, facts.grid.size, facts.bitsRoom,
+                     std::bit_cast<quint64>(facts.gain),
+                     static_cast<quint8>(facts.buffering == Buffering::Multi ? 1 : 0));
+}
+
+// A record could have been made up to do harm: nothing of it may lead out of the recording, or to
+// numbers too large to reckon with.
+bool IsPossible(const PassFacts& facts) {
+  constexpr qint64 largestFile = std::numeric_limits<qint64>::max() / 64;
+  constexpr qint64 largestPiece = PassRecord::PieceSize;
+  const auto& grid = facts.grid;
+  return facts.fileLength >= 0 && facts.fileLength <= largestFile && grid.size > 0 &&
+         grid.size <= largestPiece && grid.size % BlockSize == 0 && grid.start >= 1 &&
+         grid.end >= grid.start && grid.end - 1 <= facts.fileLength &&
+         (grid.end - grid.start) % WordSize == 0 && facts.headLength == HeadLength(grid.start) &&
+         facts.bitsRoom >= 0 && facts.bitsRoom <= facts.fileLength + Unit &&
+         std::isfinite(facts.gain);
+}
+
+std::optional<PassFacts> PassFactsOf(const QByteArray& bytes) {
+  PassFacts facts;
+  quint64 gain = 0;
+  quint8 isMulti = 0;
+  Reader reader(bytes);
+  if (!reader.To(facts.path, facts.stamp.volume, facts.stamp.number, facts.stamp.changed,
+                 facts.created, facts.fileLength, facts.headLength, facts.headHash,
+                 facts.grid.start, facts.grid.end, facts.grid.size, facts.bitsRoom, gain,
+                 isMulti) ||
+      !reader.IsAtEnd()) {
+    return std::nullopt;
+  }
+  facts.gain = std::bit_cast<double>(gain);
+  facts.buffering = isMulti != 0 ? Buffering::Multi : Buffering::Single;
+  return IsPossible(facts) ? std::optional(facts) : std::nullopt;
+}
+
+// What of the mark is there is right, but not all of it is.
+bool IsMarkUnfinished(const QByteArray& mark) {
+  const auto whole = Mark();
+  return std::equal(mark.begin(), mark.end(), whole.begin(),
+                    [](char there, char right) { return there == right || there == '\0'; });
+}
+
+RecordFault FaultOfMark(const QByteArray& mark) {
+  if (IsMarkUnfinished(mark)) {
+    return RecordFault::NotBegun;
+  }
+  const bool isOurs =
+      mark.size() == Mark().size() && mark.first(mark.size() - 1) == Mark().first(mark.size() - 1);
+  return isOurs && mark.back() > Version ? RecordFault::Newer : RecordFault::Damaged;
+}
+
+}  // namespace
+
+quint64 HashOf(std::span<const std::byte> bytes) { return XXH3_64bits(bytes.data(), bytes.size()); }
+
+PassRecord::PassRecord(QString path, std::shared_ptr<DiskFile> file, PassFacts facts)
+    : path_(std::move(path)),
+      file_(std::move(file)),
+      facts_(std::move(facts)),
+      headerLength_(UpToUnit(PreambleLength + BytesOf(facts_).size())) {}
+
+// A sync that still runs keeps the file, but not its lock.
+PassRecord::~PassRecord() {
+  if (file_) {
+    file_->Unlock();
+  }
+}
+
+FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path, PassFacts facts) {
+  auto opened = disk.Open(path, OpenFor::CreatingOnly);
+  if (!opened) {
+    return tl::unexpected(opened.error());
+  }
+  PassRecord record(path, std::move(*opened), std::move(facts));
+  auto& file = *record.file_;
+  const auto bytes = BytesOf(record.facts_);
+  auto created = file.Lock(true)
+                     .and_then([&] { return record.TakeRoom(); })
+                     .and_then([&] {
+                       const auto preamble =
+                           Writer().Of(static_cast<quint64>(bytes.size()), HashOf(bytes));
+                       return WriteTo(file, MarkLength, preamble + bytes);
+                     })
+                     .and_then([&] { return file.Sync(); })
+                     .and_then([&] { return WriteTo(file, 0, brindle::Mark()); })
+                     .and_then([&] { return file.Sync(); });
+  if (!created) {
+    record.file_.reset();
+    static_cast<void>(disk.Remove(path));  // the error that counts is the first one
+    return tl::unexpected(created.error());
+  }
+  return record;
+}
+
+FileResult<tl::expected<PassRecord, RecordFault>> PassRecord::Open(const Disk& disk,
+                                                                   const QString& path) {
+  using Opened = tl::expected<PassRecord, RecordFault>;
+  const auto refused = [](RecordFault fault) -> FileResult<Opened> {
+    return Opened(tl::unexpected(fault));
+  };
+  auto opened = disk.Open(path, OpenFor::Changing);
+  if (!opened) {
+    return tl::unexpected(opened.error());
+  }
+  const std::shared_ptr<DiskFile> file = std::move(*opened);
+  if (const auto locked = file->Lock(true); !locked) {
+    return tl::unexpected(locked.error());
+  }
+  const auto preamble = ReadFrom(*file, 0, PreambleLength);
+  if (!preamble) {
+    return tl::unexpected(preamble.error());
+  }
+  const auto mark = preamble->first(std::min<qsizetype>(preamble->size(), MarkLength));
+  if (mark != brindle::Mark()) {
+    return refused(FaultOfMark(mark));
+  }
+  quint64 length = 0;
+  quint64 hash = 0;
+  if (!Reader(preamble->mid(MarkLength)).To(length, hash) ||
+      length > static_cast<quint64>(LongestFacts)) {
+    return refused(RecordFault::Damaged);
+  }
+  const auto bytes = ReadFrom(*file, PreambleLength, static_cast<qint64>(length));
+  if (!bytes) {
+    return tl::unexpected(bytes.error());
+  }
+  auto facts = hash == HashOf(*bytes) ? PassFactsOf(*bytes) : std::nullopt;
+  if (!facts) {
+    return refused(RecordFault::Damaged);
+  }
+  PassRecord record(path, file, std::move(*facts));
+  if (const auto found = record.FindBoundary(); !found) {
+    return refused(found.error());
+  }
+  return Opened(std::move(record));
+}
+
+qint64 PassRecord::HeadOffset(quint64 slot) const {
+  return headerLength_ + static_cast<qint64>(slot % 2) * Unit;
+}
+qint64 PassRecord::FactsOffset(qint64 piece) const {
+  return headerLength_ + 2 * Unit + piece * PieceFactsLength;
+}
+qint64 PassRecord::BitsOffset() const { return UpToUnit(FactsOffset(facts_.grid.Count())); }
+qint64 PassRecord::OriginalsOffset(quint64 slot) const {
+  return BitsOffset() + UpToUnit(facts_.bitsRoom) +
+         static_cast<qint64>(slot % 2) * facts_.grid.size;
+}
+qint64 PassRecord::WholeLength() const { return OriginalsOffset(1) + facts_.grid.size; }
+
+std::optional<PieceFacts> PassRecord::FactsOf(qint64 piece) const {
+  const auto sealed = ReadFrom(*file_, FactsOffset(piece), PieceFactsLength);
+  const auto bytes = sealed ? Unsealed(*sealed) : std::nullopt;
+  PieceFacts facts;
+  if (!bytes || !Reader(*bytes).To(facts.leftHash, facts.originalHash, facts.bitsHash,
+                                   facts.bitsEnd, facts.range.lowest, facts.range.highest)) {
+    return std::nullopt;
+  }
+  return facts;
+}
+
+qint64 PassRecord::BitsBegin(qint64 piece) const {
+  const auto before = piece > 0 ? FactsOf(piece - 1) : std::nullopt;
+  return before ? before->bitsEnd : 0;
+}
+
+FileResult<void> PassRecord::Protect(qint64 piece, PieceBuffer& originals, quint64 hash) {
+  const Slot slot{.number = slot_.number + 1,
+                  .piece = piece,
+                  .bytes = facts_.grid.BytesOf(piece),
+                  .hash = hash};
+  return file_->WriteDirect(OriginalsOffset(slot.number), originals.WholePages(slot.bytes))
+      .and_then([&] { return WriteHead(slot); });
+}
+
+FileResult<void> PassRecord::Mark(qint64 boundary, quint64 changed) {
+  return WriteHead({.number = slot_.number + 1, .piece = boundary, .changed = changed});
+}
+
+FileResult<void> PassRecord::ReadInFlight(PieceBuffer& originals) const {
+  return file_
+      ->Read(OriginalsOffset(slot_.number),
+             std::as_writable_bytes(originals.Words(facts_.grid.BytesOf(slot_.piece))))
+      .map([](std::size_t) {});
+}
+
+FileResult<void> PassRecord::Note(qint64 piece, const PieceFacts& facts) {
+  return WriteTo(*file_, FactsOffset(piece),
+                 Sealed(Writer().Of(facts.leftHash, facts.originalHash, facts.bitsHash,
+                                    facts.bitsEnd, facts.range.lowest, facts.range.highest)));
+}
+
+FileResult<void> PassRecord::WriteBits(qint64 at, std::span<const std::byte> bits) {
+  return file_->Write(BitsOffset() + at, bits);
+}
+
+FileResult<std::vector<std::byte>> PassRecord::ReadBits(qint64 from, qint64 to) const {
+  std::vector<std::byte> bits(static_cast<std::size_t>(to - from));
+  return file_->Read(BitsOffset() + from, bits).map([&](std::size_t) { return std::move(bits); });
+}
+
+FileResult<void> PassRecord::GiveRoomBack() {
+  return file_->SetLength(BitsOffset() + BitsBegin(facts_.grid.Count()));
+}
+
+FileResult<void> PassRecord::TakeRoom() { return file_->SetLength(WholeLength()); }
+
+std::optional<PassRecord::Slot> PassRecord::ReadHead(quint64 slot) const {
+  const auto sealed = ReadFrom(*file_, HeadOffset(slot), SlotHeadLength);
+  const auto bytes = sealed ? Unsealed(*sealed) : std::nullopt;
+  Slot head;
+  if (!bytes || !Reader(*bytes).To(head.number, head.piece, head.bytes, head.hash, head.changed)) {
+    return std::nullopt;
+  }
+  const auto& grid = facts_.grid;
+  const bool isPossible =
+      head.number % 2 == slot && head.piece >= 0 && head.piece <= grid.Count() &&
+      (head.bytes == 0 || (head.piece < grid.Count() && head.bytes == grid.BytesOf(head.piece)));
+  return isPossible ? std::optional(head) : std::nullopt;
+}
+
+// Whether all that was written together with the head has reached the disk: the originals, and
+// what was noted of the piece before.
+bool PassRecord::IsWhole(const Slot& slot) const {
+  if (slot.bytes > 0) {
+    PieceBuffer originals(slot.bytes);
+    const auto words = originals.Words(slot.bytes);
+    const auto read = file_->Read(OriginalsOffset(slot.number), std::as_writable_bytes(words));
+    if (!read || HashOf(std::as_bytes(words)) != slot.hash) {
+      return false;
+    }
+  }
+  if (slot.piece == 0) {
+    return true;
+  }
+  const auto facts = FactsOf(slot.piece - 1);
+  const auto begin = BitsBegin(slot.piece - 1);
+  if (!facts || begin < 0 || facts->bitsEnd < begin || facts->bitsEnd > facts_.bitsRoom) {
+    return false;
+  }
+  const auto bits = ReadBits(begin, facts->bitsEnd);
+  return bits && brindle::HashOf(*bits) == facts->bitsHash;
+}
+
+FileResult<void> PassRecord::WriteHead(const Slot& slot) {
+  const auto head = Writer().Of(slot.number, slot.piece, slot.bytes, slot.hash, slot.changed);
+  return WriteTo(*file_, HeadOffset(slot.number), Sealed(head)).map([&] { slot_ = slot; });
+}
+
+tl::expected<void, RecordFault> PassRecord::FindBoundary() {
+  auto newer = ReadHead(0);
+  auto older = ReadHead(1);
+  if (!newer || (older && older->number > newer->number)) {
+    std::swap(newer, older);
+  }
+  for (const auto& slot : {newer, older}) {
+    if (slot && IsWhole(*slot)) {
+      slot_ = *slot;
+      return {};
+    }
+  }
+  // If the first originals never were on the disk as a whole, nothing was written over them.
+  const bool isFirst = newer ? newer->number == 1 : !FactsOf(0);
+  return tl::unexpected(isFirst ? RecordFault::NotBegun : RecordFault::Damaged);
+}
+
+}  // namespace brindle

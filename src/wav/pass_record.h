@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <tl/expected.hpp>
+#include <vector>
+
+#include <QString>
+
+#include "base/files/disk.h"
+#include "base/files/file_error.h"
+#include "wav/buffering.h"
+#include "wav/inverse_table.h"
+#include "wav/piece_grid.h"
+#include "wav/samples.h"
+
+namespace brindle {
+
+/// What a record says of its pass from the start on.
+struct PassFacts {
+  QString path;           ///< of the recording
+  FileStamp stamp;        ///< of the recording, before the pass
+  qint64 created = 0;     ///< milliseconds since 1970
+  qint64 fileLength = 0;  ///< bytes
+  qint64 headLength = 0;  ///< bytes of the head that are hashed, see HeadLength()
+  quint64 headHash = 0;   ///< of these bytes
+  PieceGrid grid;         ///< what the pass maps
+  qint64 bitsRoom = 0;    ///< bytes for what the table of the gain loses
+  double gain = 1;
+  Buffering buffering = Buffering::Multi;
+};
+
+/// What a record says of a piece that the pass has mapped.
+struct PieceFacts {
+  quint64 leftHash = 0;      ///< of the piece as the pass left it
+  quint64 originalHash = 0;  ///< of the piece as it was
+  quint64 bitsHash = 0;      ///< of the bits that tell the originals
+  qint64 bitsEnd = 0;        ///< bytes of bits up to the end of this piece's
+  LevelRange range;          ///< of the originals
+};
+
+/// The hash that records use for bytes: XXH3, 64 bits.
+[[nodiscard]] quint64 HashOf(std::span<const std::byte> bytes);
+
+/// How many bytes before the samples are hashed: all of them, but no more than a mebibyte.
+[[nodiscard]] inline qint64 HeadLength(qint64 start) {
+  return std::min<qint64>(start - 1, 1'048'576);
+}
+
+/// Why a file is not used as a record.
+enum class RecordFault {
+  NotBegun,  ///< the pass changed nothing of its recording: the record is of no use
+  Damaged,   ///< or no record at all
+  Newer,     ///< of a later version of this program
+};
+
+/// The record of a pass that changes a recording in place, from which the pass can be taken back or
+/// gone on with. A file of its own; see docs/architecture.md for its layout.
+///
+/// The pieces of the recording before Boundary() are as the pass leaves them, the later ones as
+/// they were. The originals of the piece at the boundary are kept while it is written, in either
+/// direction: after a crash it may be anything between old and new. Two places hold such originals
+/// in turn, so that one of them is whole at any time.
+class PassRecord {
+ public:
+  /// The bytes of a piece by default; bench/README.md has the measurements.
+  static constexpr qint64 PieceSize = 64 * BlockSize;
+
+  /// Creates the record in a folder, with all the room that it will take, and makes sure that it is
+  /// on the disk.
+  [[nodiscard]] static FileResult<PassRecord> Create(const Disk& disk, const QString& path,
+                                                     PassFacts facts);
+  /// Opens the record at the path, locks it, and finds the boundary.
+  [[nodiscard]] static FileResult<tl::expected<PassRecord, RecordFault>> Open(const Disk& disk,
+                                                                              const QString& path);
+
+  PassRecord(const PassRecord&) = delete;
+  PassRecord& operator=(const PassRecord&) = delete;
+  PassRecord(PassRecord&&) = default;
+  PassRecord& operator=(PassRecord&&) = delete;
+  ~PassRecord();
+
+  [[nodiscard]] const QString& Path() const { return path_; }
+  [[nodiscard]] const PassFacts& Facts() const { return facts_; }
+  [[nodiscard]] qint64 Boundary() const { return slot_.piece; }
+  /// Whether the piece at the boundary may be half written.
+  [[nodiscard]] bool IsInFlight() const { return slot_.bytes > 0; }
+  /// Whether the pass has mapped everything.
+  [[nodiscard]] bool IsComplete() const { return Boundary() == facts_.grid.Count(); }
+  /// Whether everything is as it was before the pass.
+  [[nodiscard]] bool IsUndone() const { return Boundary() == 0 && !IsInFlight(); }
+  /// When the recording had been changed last, at the boundary; 0 if that is not known.
+  [[nodiscard]] quint64 Changed() const { return slot_.changed; }
+  /// Of a piece before the boundary; nothing if the record is damaged there.
+  [[nodiscard]] std::optional<PieceFacts> FactsOf(qint64 piece) const;
+  /// Where the bits of a piece begin, in bytes of all bits.
+  [[nodiscard]] qint64 BitsBegin(qint64 piece) const;
+
+  /// Makes the piece the boundary and keeps its originals, which are at the start of the buffer.
+  /// Takes effect with the next Sync().
+  [[nodiscard]] FileResult<void> Protect(qint64 piece, PieceBuffer& originals, quint64 hash);
+  /// Makes this the boundary, between two pieces. Takes effect with the next Sync().
+  [[nodiscard]] FileResult<void> Mark(qint64 boundary, quint64 changed);
+  /// The originals of the piece at the boundary.
+  [[nodiscard]] FileResult<void> ReadInFlight(PieceBuffer& originals) const;
+
+  /// Notes a mapped piece. Takes effect with the next Sync().
+  [[nodiscard]] FileResult<void> Note(qint64 piece, const PieceFacts& facts);
+  [[nodiscard]] FileResult<void> WriteBits(qint64 at, std::span<const std::byte> bits);
+  [[nodiscard]] FileResult<std::vector<std::byte>> ReadBits(qint64 from, qint64 to) const;
+
+  /// Gives back the room that only a running pass needs.
+  [[nodiscard]] FileResult<void> GiveRoomBack();
+  /// Takes it again, before pieces are protected.
+  [[nodiscard]] FileResult<void> TakeRoom();
+
+  /// For Sync(), on any thread.
+  [[nodiscard]] const std::shared_ptr<DiskFile>& OnDisk() const { return file_; }
+
+ private:
+  // The head of a place for originals.
+  struct Slot {
+    quint64 number = 0;  // counts up; the highest one counts
+    qint64 piece = 0;
+    qint64 bytes = 0;  // of originals; 0 for a boundary between two pieces
+    quint64 hash = 0;  // of the originals
+    quint64 changed = 0;
+  };
+
+  PassRecord(QString path, std::shared_ptr<DiskFile> file, PassFacts facts);
+
+  // Offsets in the file.
+  [[nodiscard]] qint64 HeadOffset(quint64 slot) const;
+  [[nodiscard]] qint64 FactsOffset(qint64 piece) const;
+  [[nodiscard]] qint64 BitsOffset() const;
+  [[nodiscard]] qint64 OriginalsOffset(quint64 slot) const;
+  [[nodiscard]] qint64 WholeLength() const;
+
+  [[nodiscard]] std::optional<Slot> ReadHead(quint64 slot) const;
+  [[nodiscard]] bool IsWhole(const Slot& slot) const;
+  [[nodiscard]] FileResult<void> WriteHead(const Slot& slot);
+  [[nodiscard]] tl::expected<void, RecordFault> FindBoundary();
+
+  QString path_;
+  std::shared_ptr<DiskFile> file_;
+  PassFacts facts_;
+  qint64 headerLength_ = 0;
+  Slot slot_;
+};
+
+}  // namespace brindle

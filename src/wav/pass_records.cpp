@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/pass_records.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <QDateTime>
+#include <QRandomGenerator>
+#include <QString>
+#include <QStringList>
+
+#include "base/files/disk.h"
+#include "base/files/file_error.h"
+#include "base/files/system_files.h"
+#include "wav/pass_record.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView Ending(".undo");
+constexpr QLatin1StringView AsideEnding(".unusable");
+
+std::optional<FileStamp> StampAt(const Disk& disk, const QString& path) {
+  const auto file = disk.Open(path, OpenFor::Reading);
+  const auto stamp = file ? (*file)->Stamp() : tl::unexpected(file.error());
+  return stamp ? std::optional(*stamp) : std::nullopt;
+}
+
+FoundRecord Describe(const PassRecord& record) {
+  return {.path = record.Path(),
+          .facts = record.Facts(),
+          .boundary = record.Boundary(),
+          .length = record.OnDisk()->Length().value_or(0),
+          .isComplete = record.IsComplete()};
+}
+
+bool IsNewer(const FoundRecord& one, const FoundRecord& other) {
+  return one.facts.created > other.facts.created;
+}
+
+}  // namespace
+
+int FoundRecord::Percent() const {
+  constexpr qint64 whole = 100;
+  const auto done = facts.grid.PositionOf(boundary) - 1;
+  return facts.fileLength == 0 ? 0 : static_cast<int>(done / (facts.fileLength / whole + 1));
+}
+
+PassRecords::PassRecords(QString folder, const Disk& disk)
+    : folder_(std::move(folder)), disk_(disk) {}
+
+std::vector<FoundRecord> PassRecords::Find(QStringList* setAside) const {
+  std::vector<FoundRecord> found;
+  for (const auto& name : disk_.FilesIn(folder_)) {
+    const QString path = folder_ + u'/' + name;
+    if (!name.endsWith(Ending)) {
+      continue;
+    }
+    const auto opened = PassRecord::Open(disk_, path);
+    if (!opened) {
+      continue;  // in use, or not to be read: the next look may find it
+    }
+    if (const auto& record = *opened; record && !record->IsUndone()) {
+      found.push_back(Describe(*record));
+    } else if (record || record.error() == RecordFault::NotBegun) {
+      Remove(path);
+    } else if (disk_.Rename(path, path + AsideEnding) && setAside != nullptr) {
+      setAside->append(path + AsideEnding);
+    }
+  }
+  std::sort(found.begin(), found.end(), IsNewer);
+  return found;
+}
+
+std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const {
+  const auto all = Find();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const FoundRecord& record) {
+    return IsOf(record.facts, recording);
+  });
+  return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+FileResult<PassRecord> PassRecords::Create(PassFacts facts) const {
+  facts.created = QDateTime::currentMSecsSinceEpoch();
+  const auto number = QRandomGenerator::system()->generate64();
+  const QString path = folder_ + u"/%1"_s.arg(number, 16, 16, QChar(u'0')) + Ending;
+  return disk_.MakeFolder(folder_)
+      .and_then([&] { return PassRecord::Create(disk_, path, std::move(facts)); })
+      .and_then([&](PassRecord record) {
+        return disk_.SyncFolder(folder_).map([&] { return std::move(record); });
+      });
+}
+
+FileResult<PassRecord> PassRecords::Open(const FoundRecord& found) const {
+  return PassRecord::Open(disk_, found.path).and_then([&](auto opened) -> FileResult<PassRecord> {
+    if (!opened) {
+      return tl::unexpected(ErrorOf(found.path, u"the record of the pass is damaged"_s));
+    }
+    return std::move(*opened);
+  });
+}
+
+void PassRecords::Remove(const QString& path) const { static_cast<void>(disk_.Remove(path)); }
+
+void PassRecords::RemoveOlderThan(const PassFacts& newest) const {
+  std::size_t records = 0;
+  qint64 bytes = 0;
+  for (const auto& record : Find()) {
+    if (record.facts.created == newest.created) {
+      continue;
+    }
+    if (record.facts.created < newest.created && IsOf(record.facts, newest.path)) {
+      Remove(record.path);
+      continue;
+    }
+    ++records;
+    bytes += record.length;
+    if (record.isComplete && (records >= MostRecords || bytes > MostBytes)) {
+      Remove(record.path);
+    }
+  }
+}
+
+bool PassRecords::IsOf(const PassFacts& facts, const QString& recording) const {
+  if (facts.path == recording || LeadToSameFile(facts.path, recording)) {
+    return true;
+  }
+  const auto stamp = StampAt(disk_, recording);
+  return stamp && stamp->IsSameFile(facts.stamp);
+}
+
+}  // namespace brindle

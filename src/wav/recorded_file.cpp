@@ -1,0 +1,230 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "wav/recorded_file.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include <QString>
+
+#include "base/files/file_error.h"
+#include "wav/gain.h"
+#include "wav/inverse_table.h"
+#include "wav/pass_record.h"
+#include "wav/samples.h"
+#include "wav/wav_error.h"
+#include "wav/wav_file.h"
+
+namespace brindle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Writing = WavError::Failed::Writing;
+
+// Whether each byte is that of one or the other: a disk may have taken any part of a write.
+bool IsBetween(std::span<const std::byte> bytes, std::span<const std::byte> one,
+               std::span<const std::byte> other) {
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (bytes[i] != one[i] && bytes[i] != other[i]) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+WavResult<quint64> HashOfHead(WavFile& file, qint64 length) {
+  std::vector<std::byte> head(static_cast<std::size_t>(length));
+  return file.Read(1, head).map([&] { return HashOf(head); });
+}
+
+RecordedFile::RecordedFile(PassRecord record, std::shared_ptr<WavFile> file)
+    : record_(std::move(record)),
+      file_(std::move(file)),
+      table_(record_.Facts().gain),
+      buffer_(Grid().size) {}
+
+WavResult<void> RecordedFile::CheckHead() {
+  const auto& facts = record_.Facts();
+  const auto length = file_->Length(Writing);
+  if (!length) {
+    return tl::unexpected(length.error());
+  }
+  if (*length != facts.fileLength) {
+    return Changed();
+  }
+  return HashOfHead(*file_, facts.headLength).and_then([&](quint64 hash) -> WavResult<void> {
+    return hash == facts.headHash ? WavResult<void>() : Changed();
+  });
+}
+
+WavResult<void> RecordedFile::Recover() {
+  if (const auto room = record_.TakeRoom(); !room) {
+    return tl::unexpected(WavError{Writing, room.error()});
+  }
+  if (!record_.IsInFlight()) {
+    return {};
+  }
+  const auto piece = record_.Boundary();
+  if (const auto read = record_.ReadInFlight(buffer_); !read) {
+    return tl::unexpected(WavError{Writing, read.error()});
+  }
+  const auto originals = buffer_.Words(Grid().BytesOf(piece));
+  return CheckBetween(originals, piece).and_then([&] { return Write(piece, originals); });
+}
+
+WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
+  facts_ = {};
+  return Read(piece).and_then([&](Samples originals) {
+    facts_.originalHash = HashOf(std::as_bytes(originals));
+    facts_.range = LevelRange::Of(originals);
+    // The piece has been mapped before, and taken back.
+    const auto known = record_.FactsOf(piece);
+    if (known && known->originalHash != facts_.originalHash) {
+      return WavResult<void>(Changed());
+    }
+    return KeepBits(piece, originals).and_then([&] {
+      return record_.Protect(piece, buffer_, facts_.originalHash)
+          .map([&] { piece_ = piece; })
+          .map_error(FailedAt(Writing));
+    });
+  });
+}
+
+Samples RecordedFile::WordsAt(qint64 position, std::size_t words) {
+  const auto first = static_cast<std::size_t>((position - Grid().PositionOf(*piece_)) / WordSize);
+  return buffer_.Words(Grid().BytesOf(*piece_)).subspan(first, words);
+}
+
+bool RecordedFile::IsInOpenPiece(qint64 position) const {
+  return piece_ && position < Grid().PositionOf(*piece_ + 1);
+}
+
+WavResult<void> RecordedFile::ClosePiece() {
+  const auto piece = *std::exchange(piece_, std::nullopt);
+  facts_.leftHash = HashOf(std::as_bytes(buffer_.Words(Grid().BytesOf(piece))));
+  return record_.Note(piece, facts_).map_error(FailedAt(Writing));
+}
+
+WavResult<void> RecordedFile::CheckPiece(qint64 piece) {
+  return FactsOf(piece).and_then([&](const PieceFacts& facts) {
+    return Read(piece).and_then([&](Samples words) -> WavResult<void> {
+      return HashOf(std::as_bytes(words)) == facts.leftHash ? WavResult<void>() : Changed();
+    });
+  });
+}
+
+WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
+  const auto facts = FactsOf(piece);
+  if (!facts) {
+    return tl::unexpected(facts.error());
+  }
+  const auto words = Read(piece);
+  if (!words) {
+    return tl::unexpected(words.error());
+  }
+  if (HashOf(std::as_bytes(*words)) != facts->leftHash) {
+    return Changed();
+  }
+  const auto bits = record_.ReadBits(record_.BitsBegin(piece), facts->bitsEnd);
+  if (!bits) {
+    return tl::unexpected(WavError{Writing, bits.error()});
+  }
+  qint64 at = 0;
+  const InverseTable inverse(table_, facts->range);
+  if (!inverse.Restore(*words, *bits, at) || HashOf(std::as_bytes(*words)) != facts->originalHash) {
+    return Damaged();
+  }
+  return record_.Protect(piece, buffer_, facts->originalHash).map_error(FailedAt(Writing));
+}
+
+WavResult<void> RecordedFile::WriteBack(qint64 piece) {
+  return Write(piece, buffer_.Words(Grid().BytesOf(piece)));
+}
+
+WavResult<void> RecordedFile::Mark(qint64 boundary) {
+  return file_->OnDisk()
+      ->Stamp()
+      .and_then([&](const FileStamp& stamp) { return record_.Mark(boundary, stamp.changed); })
+      .map_error(FailedAt(Writing));
+}
+
+void RecordedFile::GiveRoomBack() { static_cast<void>(record_.GiveRoomBack()); }
+
+WavResult<Samples> RecordedFile::Read(qint64 piece) {
+  const auto words = buffer_.Words(Grid().BytesOf(piece));
+  return file_->Read(Grid().PositionOf(piece), BytesOf(words)).map([&] { return words; });
+}
+
+WavResult<void> RecordedFile::Write(qint64 piece, Samples words) {
+  const auto position = Grid().PositionOf(piece);
+  const auto end = Grid().PositionOf(piece + 1) - 1;
+  return file_->CheckReaches(end, WavError::Failed::Reading).and_then([&] {
+    return file_->Write(position, BytesOf(words));
+  });
+}
+
+WavResult<void> RecordedFile::KeepBits(qint64 piece, Samples originals) {
+  facts_.bitsEnd = record_.BitsBegin(piece);
+  std::vector<std::byte> bits;
+  if (MostBitsLost(table_, facts_.range) > 0) {
+    int used = 0;
+    InverseTable(table_, facts_.range).Keep(originals, table_, bits, used);
+  }
+  facts_.bitsHash = HashOf(bits);
+  const auto begin =
+      std::exchange(facts_.bitsEnd, facts_.bitsEnd + static_cast<qint64>(bits.size()));
+  if (facts_.bitsEnd > record_.Facts().bitsRoom) {
+    return tl::unexpected(
+        file_->ErrorBecause(Writing, u"the file was changed since it was scanned"_s));
+  }
+  return bits.empty() ? WavResult<void>()
+                      : record_.WriteBits(begin, bits).map_error(FailedAt(Writing));
+}
+
+WavResult<PieceFacts> RecordedFile::FactsOf(qint64 piece) const {
+  const auto facts = record_.FactsOf(piece);
+  return facts ? WavResult<PieceFacts>(*facts) : Damaged();
+}
+
+WavResult<void> RecordedFile::CheckBetween(Samples originals, qint64 piece) {
+  const auto start = Grid().PositionOf(piece);
+  SampleBuffer now(BlockWords);
+  SampleBuffer mapped(BlockWords);
+  for (std::size_t first = 0; first < originals.size(); first += BlockWords) {
+    const auto count = std::min(BlockWords, originals.size() - first);
+    const auto block = originals.subspan(first, count);
+    const auto there = Samples(now).first(count);
+    const auto left = Samples(mapped).first(count);
+    const auto position = start + static_cast<qint64>(first) * WordSize;
+    if (const auto read = file_->Read(position, BytesOf(there)); !read) {
+      return read;
+    }
+    std::copy(block.begin(), block.end(), left.begin());
+    table_.Map(left);
+    if (!IsBetween(BytesOf(there), BytesOf(block), BytesOf(left))) {
+      return Changed();
+    }
+  }
+  return {};
+}
+
+tl::unexpected<WavError> RecordedFile::Changed() const {
+  return tl::unexpected(
+      file_->ErrorBecause(Writing, u"the file was changed since it was normalized"_s));
+}
+
+tl::unexpected<WavError> RecordedFile::Damaged() const {
+  return tl::unexpected(WavError{WavError::Failed::Reading,
+                                 ErrorOf(record_.Path(), u"the record of the pass is damaged"_s)});
+}
+
+}  // namespace brindle
