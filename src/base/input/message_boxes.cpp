@@ -23,6 +23,10 @@ struct Button {
 
 // The buttons in the order in which they are shown.
 std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
+  // One role for all of them keeps them in this order on every desktop.
+  const auto add = [&box](const char* caption) {
+    return box.addButton(QString::fromLatin1(caption), QMessageBox::ActionRole);
+  };
   switch (buttons) {
     case BoxButtons::Ok:
       return {{box.addButton(QMessageBox::Ok), BoxAnswer::Ok}};
@@ -31,15 +35,19 @@ std::vector<Button> AddButtons(QMessageBox& box, BoxButtons buttons) {
       return {{box.addButton(QMessageBox::Yes), BoxAnswer::Yes},
               {box.addButton(QMessageBox::No), BoxAnswer::No}};
     case BoxButtons::CancelTryAgainContinue:
+      return {{add("Cancel"), BoxAnswer::Cancel},
+              {add("Try Again"), BoxAnswer::TryAgain},
+              {add("Continue"), BoxAnswer::Continue}};
+    case BoxButtons::FinishUndoLater:
       break;
   }
-  // One role for all three keeps them in this order on every desktop.
-  const auto add = [&box](const char* caption) {
-    return box.addButton(QString::fromLatin1(caption), QMessageBox::ActionRole);
-  };
-  return {{add("Cancel"), BoxAnswer::Cancel},
-          {add("Try Again"), BoxAnswer::TryAgain},
-          {add("Continue"), BoxAnswer::Continue}};
+  return {{add("Finish"), BoxAnswer::Finish},
+          {add("Undo"), BoxAnswer::Undo},
+          {add("Later"), BoxAnswer::Later}};
+}
+
+bool IsLastDefault(BoxButtons buttons) {
+  return buttons == BoxButtons::YesNoDefaultNo || buttons == BoxButtons::FinishUndoLater;
 }
 
 }  // namespace
@@ -52,9 +60,9 @@ void ScreenMessageBoxes::Ask(QWidget* owner, const QString& text, BoxButtons but
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
   const auto added = AddButtons(*box, buttons);
-  const bool isLastDefault = buttons == BoxButtons::YesNoDefaultNo;
-  box->setDefaultButton((isLastDefault ? added.back() : added.front()).button);
-  // Escape and the close button mean OK, No or Cancel; the close button reports no clicked button.
+  box->setDefaultButton((IsLastDefault(buttons) ? added.back() : added.front()).button);
+  // Escape and the close button mean OK, No, Cancel or Later; the close button reports no clicked
+  // button.
   const auto& escape = buttons == BoxButtons::CancelTryAgainContinue ? added.front() : added.back();
   box->setEscapeButton(escape.button);
   dialogs_.Open(box, [box, added, escape, answered](int) {

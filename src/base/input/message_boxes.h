@@ -13,9 +13,10 @@
 
 namespace brindle {
 
-/// The buttons of a box; the first one is the default, except where Yes would lose something.
-enum class BoxButtons { Ok, YesNo, YesNoDefaultNo, CancelTryAgainContinue };
-enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue };
+/// The buttons of a box; the first one is the default, except where a key pressed by
+/// mistake would lose or change something: then it is the last one.
+enum class BoxButtons { Ok, YesNo, YesNoDefaultNo, CancelTryAgainContinue, FinishUndoLater };
+enum class BoxAnswer { Ok, Yes, No, Cancel, TryAgain, Continue, Finish, Undo, Later };
 
 /// Message boxes as the windows ask for them: plain text, and the whole program stops while one is
 /// open. The call returns at once; what follows the answer is a function.

@@ -170,6 +170,19 @@ QString DesktopConfigFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/brindle2"_s;
 }
 
+QString UndoFolder(const QString& settingsFolder) {
+  if (settingsFolder != DesktopConfigFolder()) {
+    return settingsFolder + u"/Brindle2.undo"_s;
+  }
+#ifdef Q_OS_WIN
+  return settingsFolder + u"/undo"_s;
+#else
+  const auto state = qEnvironmentVariable("XDG_STATE_HOME");
+  return (QDir::isAbsolutePath(state) ? state : QDir::homePath() + u"/.local/state"_s) +
+         u"/brindle2"_s;
+#endif
+}
+
 SettingsFile::SettingsFile(const QString& folder)
     : path_(folder + u"/Brindle2.ini"_s), keptPath_(path_ + u".bak"_s) {}
 

@@ -18,6 +18,11 @@ namespace brindle {
 /// The configuration folder of this program by the desktop's convention.
 [[nodiscard]] QString DesktopConfigFolder();
 
+/// The folder for what is kept between runs so that passes can be undone: beside the settings, if
+/// the program keeps them in a folder of its own; else where the desktop's convention has such
+/// state. It may be missing.
+[[nodiscard]] QString UndoFolder(const QString& settingsFolder);
+
 /// The file "Brindle2.ini" in a folder, as bytes.
 class SettingsFile {
  public:
