@@ -5,6 +5,9 @@
 // processor time and the time passed of the job itself, in seconds, and the peak of the program's
 // memory, in megabytes.
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <fcntl.h>
 #include <functional>
 #include <iostream>
@@ -32,6 +35,7 @@
 #include "wav/pass.h"
 #include "wav/peak_scan.h"
 #include "wav/samples.h"
+#include "wav/sound_picture.h"
 
 namespace brindle {
 namespace {
@@ -92,19 +96,35 @@ int OpenToWrite(const QString& path) {
   return file;
 }
 
-// The floor of a scan: nothing but the reads and one table store a sample.
+// The floor of a scan: nothing but the reads, and the lowest and the highest level of each column.
 void FloorScan(const Arguments& arguments) {
+  struct Column {
+    std::int16_t lowest = 0;
+    std::int16_t highest = 0;
+  };
+  constexpr std::size_t part = 256;  // words; divides a block
   const int file = OpenToRead(arguments[0]);
-  static std::array<std::uint8_t, LevelCount> seen;
-  static std::array<std::uint16_t, BlockWords> block;
-  for (ssize_t bytes = 0; (bytes = read(file, block.data(), sizeof(block))) > 0;) {
-    const auto* end = block.data() + bytes / 2;
-    for (const auto* word = block.data(); word < end; ++word) {
-      seen[*word] = 1;
+  const auto blocks = static_cast<std::size_t>(lseek(file, 0, SEEK_END)) / BlockSize + 1;
+  lseek(file, 0, SEEK_SET);
+  static std::array<Column, SoundPicture::MostColumns> columns;
+  static std::array<std::int16_t, BlockWords> block;
+  for (std::size_t number = 0; read(file, block.data(), sizeof(block)) > 0; ++number) {
+    auto& column = columns.at(number * columns.size() / blocks);
+    for (const auto* words = block.data(); words < block.data() + block.size(); words += part) {
+      std::int16_t lowest = 0;
+      std::int16_t highest = 0;
+      for (std::size_t word = 0; word < part; ++word) {
+        lowest = std::min(lowest, words[word]);
+        highest = std::max(highest, words[word]);
+      }
+      column = {std::min(column.lowest, lowest), std::max(column.highest, highest)};
     }
   }
   close(file);
-  Require(std::count(seen.begin(), seen.end(), 1) > 1000, "there is no music in the file");
+  Require(std::any_of(
+              columns.begin(), columns.end(),
+              [](const Column& column) { return column.lowest < -1000 && column.highest > 1000; }),
+          "there is no music in the file");
 }
 
 using LevelTable = std::array<std::uint16_t, LevelCount>;

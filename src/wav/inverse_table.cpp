@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "wav/gain.h"
+#include "wav/level_range.h"
 #include "wav/samples.h"
 
 namespace brindle {
@@ -64,18 +65,6 @@ unsigned Take(int count, std::span<const std::byte> bits, qint64& at) {
 }
 
 }  // namespace
-
-LevelRange LevelRange::Of(std::span<const std::int16_t> samples) {
-  if (samples.empty()) {
-    return {};
-  }
-  LevelRange range{.lowest = samples.front(), .highest = samples.front()};
-  for (const auto level : samples) {
-    range.lowest = std::min(range.lowest, level);
-    range.highest = std::max(range.highest, level);
-  }
-  return range;
-}
 
 InverseTable::InverseTable(const GainTable& table, LevelRange range)
     : first_(LevelCount), bits_(LevelCount, Impossible) {

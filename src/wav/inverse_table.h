@@ -9,17 +9,10 @@
 #include <vector>
 
 #include "wav/gain.h"
+#include "wav/level_range.h"
 #include "wav/samples.h"
 
 namespace brindle {
-
-/// The levels from `lowest` to `highest`.
-struct LevelRange {
-  std::int16_t lowest = 0;
-  std::int16_t highest = 0;
-
-  [[nodiscard]] static LevelRange Of(std::span<const std::int16_t> samples);
-};
 
 /// A table of gain turned round, for words whose levels lay in a range. Where several of these
 /// levels share a new one (they were cut off, or the gain is below 1), it takes bits to tell which

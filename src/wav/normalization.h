@@ -18,7 +18,7 @@
 #include "wav/buffering.h"
 #include "wav/disk_wait.h"
 #include "wav/gain.h"
-#include "wav/inverse_table.h"
+#include "wav/level_range.h"
 #include "wav/pass.h"
 #include "wav/pass_record.h"
 #include "wav/recorded_file.h"

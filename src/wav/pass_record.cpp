@@ -27,7 +27,7 @@
 #include "base/files/disk.h"
 #include "base/files/file_error.h"
 #include "wav/buffering.h"
-#include "wav/inverse_table.h"
+#include "wav/level_range.h"
 #include "wav/piece_grid.h"
 #include "wav/samples.h"
 

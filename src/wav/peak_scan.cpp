@@ -7,13 +7,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <utility>
-#include <vector>
 
 #include <QString>
 
 #include "wav/gain.h"
 #include "wav/pass.h"
 #include "wav/samples.h"
+#include "wav/sound_picture.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
@@ -43,22 +43,6 @@ qint64 LastUnseen(const SampleData& data, const ScanLoops& loops) {
 }
 
 }  // namespace
-
-void SeenLevels::Add(Samples samples) {
-  auto* zero = flags_.data() + LevelZero;
-  for (const auto level : samples) {
-    zero[level] = 1;
-  }
-}
-
-Peaks SeenLevels::Ends() const {
-  const auto level = [this](std::vector<std::uint8_t>::const_iterator at) {
-    return static_cast<std::int16_t>(at - flags_.begin() - static_cast<std::ptrdiff_t>(LevelZero));
-  };
-  const auto first = std::find(flags_.begin(), flags_.begin() + LevelZero, 1);
-  const auto last = std::find(flags_.rbegin(), flags_.rend() - LevelZero - 1, 1);
-  return {.lowest = level(first), .highest = level(last.base() - 1)};
-}
 
 PeakScan::PeakScan(QString source, const Clock& clock, Coverage coverage)
     : source_(std::move(source)), clock_(clock), coverage_(coverage), buffer_(BlockWords) {}
@@ -93,6 +77,7 @@ WavResult<void> PeakScan::Open() {
         data_ = data;
         loops_ = LoopsOver(data, coverage_);
         next_ = data.start;
+        picture_ = SoundPicture(data);
         timer_.emplace(clock_, data.fileLength);
       });
 }
@@ -100,7 +85,7 @@ WavResult<void> PeakScan::Open() {
 WavResult<void> PeakScan::Look(qint64 position, std::size_t words) {
   reached_ = position;
   const auto samples = Samples(buffer_).first(words);
-  return file_.Read(position, BytesOf(samples)).map([&] { seen_.Add(samples); });
+  return file_.Read(position, BytesOf(samples)).map([&] { picture_.Add(position, samples); });
 }
 
 WavResult<void> PeakScan::LookAtWords() {

@@ -4,26 +4,20 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
-#include <vector>
 
 #include <QString>
 
 #include "base/time/clock.h"
+#include "wav/level_range.h"
 #include "wav/pass.h"
 #include "wav/samples.h"
+#include "wav/sound_picture.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
 
 namespace brindle {
-
-/// The lowest and the highest of some sample levels.
-struct Peaks {
-  std::int16_t lowest = 0;   ///< never above 0
-  std::int16_t highest = 0;  ///< never below 0
-};
 
 /// Which words of the samples a scan looks at.
 ///
@@ -34,18 +28,6 @@ struct Peaks {
 /// of samples, the upper half of the length field counts as a word.
 enum class Coverage { Usual, EveryWord };
 
-/// The levels that occurred: a sample costs one store; lowest and highest are looked up once, at
-/// the end.
-class SeenLevels {
- public:
-  void Add(Samples samples);
-  [[nodiscard]] Peaks Ends() const;
-
- private:
-  // A byte for each flag: setting a single bit would mean reading first.
-  std::vector<std::uint8_t> flags_ = std::vector<std::uint8_t>(LevelCount);
-};
-
 /// What a scan reads: whole blocks from the beginning of the samples on, then single words.
 struct ScanLoops {
   qint64 blockEnd = 0;   ///< the last position at which a block is read
@@ -53,8 +35,8 @@ struct ScanLoops {
   qint64 unblocked = 0;  ///< the first position after the blocks
 };
 
-/// Finds the lowest and highest sample level of a file. Progress is due at most every half second,
-/// after a block.
+/// Finds the lowest and highest sample level of a file, and draws a picture of its sound, in one
+/// go. Progress is due at most every half second, after a block.
 class PeakScan : public Pass {
  public:
   PeakScan(QString source, const Clock& clock, Coverage coverage = Coverage::Usual);
@@ -63,7 +45,10 @@ class PeakScan : public Pass {
   [[nodiscard]] PassState Abort() override;
 
   /// The peaks of all samples read until the scan ended, whether completed or not.
-  [[nodiscard]] Peaks Found() const { return seen_.Ends(); }
+  [[nodiscard]] Peaks Found() const { return picture_.Ends(); }
+
+  /// The sound as far as it has been read, also while the scan goes on.
+  [[nodiscard]] const SoundPicture& Picture() const { return picture_; }
 
   /// MB/s (1024 * 1024 bytes) of the ended scan; 0 if no time has passed. Deliberately counts the
   /// end's position *plus* the samples' start: figures stay comparable with those of older versions
@@ -83,7 +68,7 @@ class PeakScan : public Pass {
   SampleData data_;
   ScanLoops loops_;
   SampleBuffer buffer_;
-  SeenLevels seen_;
+  SoundPicture picture_;
   std::optional<PassTimer> timer_;  // since the samples were found
   qint64 next_ = 0;                 // position of the next block
   qint64 reached_ = 0;              // position of the last read

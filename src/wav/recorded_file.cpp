@@ -15,6 +15,7 @@
 #include "base/files/file_error.h"
 #include "wav/gain.h"
 #include "wav/inverse_table.h"
+#include "wav/level_range.h"
 #include "wav/pass_record.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
@@ -85,7 +86,7 @@ WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
   facts_ = {};
   return Read(piece).and_then([&](Samples originals) {
     facts_.originalHash = HashOf(std::as_bytes(originals));
-    facts_.range = LevelRange::Of(originals);
+    facts_.range = RangeOf(originals);
     // The piece has been mapped before, and taken back.
     const auto known = record_.FactsOf(piece);
     if (known && known->originalHash != facts_.originalHash) {

@@ -19,7 +19,7 @@
 #include "base/time/clock.h"
 #include "wav/buffering.h"
 #include "wav/gain.h"
-#include "wav/inverse_table.h"
+#include "wav/level_range.h"
 #include "wav/normalization.h"
 #include "wav/pass_record.h"
 #include "wav/pass_records.h"

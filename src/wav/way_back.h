@@ -13,7 +13,7 @@
 #include "base/files/file_error.h"
 #include "base/files/system_disk.h"
 #include "base/time/clock.h"
-#include "wav/inverse_table.h"
+#include "wav/level_range.h"
 #include "wav/normalization.h"
 #include "wav/pass_records.h"
 #include "wav/undo_pass.h"
