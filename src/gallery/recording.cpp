@@ -3,8 +3,10 @@
 
 #include "gallery/recording.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <numbers>
 
 #include <QDataStream>
 #include <QFile>
@@ -40,6 +42,9 @@ bool WriteRecording(const QString& path) {
   constexpr std::uint32_t frames = SamplesPerSecond * 100;
   constexpr double loudness = 21000;
   constexpr double pitch = 0.03;
+  // Songs with a pause after each, the middle one loudest.
+  constexpr double songs = 3;
+  constexpr double beat = 0.0002;
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly)) {
     return false;
@@ -47,7 +52,12 @@ bool WriteRecording(const QString& path) {
   QDataStream out(&file);
   WriteWavHeader(out, frames * BytesPerFrame);
   for (std::uint32_t frame = 0; frame < frames; ++frame) {
-    const auto level = static_cast<std::int16_t>(loudness * std::sin(frame * pitch));
+    const double song = std::sin(std::numbers::pi * songs * frame / frames);
+    const double whole = std::sin(std::numbers::pi * frame / frames);
+    const double swell = std::sqrt(std::abs(song)) * (0.4 + 0.65 * whole) *
+                         (0.7 + 0.3 * std::sin(frame * beat) * std::sin(frame * beat * 0.37));
+    const auto level =
+        static_cast<std::int16_t>(loudness * std::min(swell, 1.0) * std::sin(frame * pitch));
     out << level << level;
   }
   return out.status() == QDataStream::Ok && file.flush();

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QString>
+#include <QWidget>
 
 #include "base/input/elided_label.h"
 #include "base/input/labels.h"
@@ -30,10 +31,11 @@ FileInfo::FileInfo()
   KeepRoom({&WavInfo2, &WavInfo3, &WavInfo4, &WavInfo5});
 }
 
-QGroupBox* FileInfo::InFrame() {
+QGroupBox* FileInfo::InFrame(QWidget* picture) {
   const auto caption = u"File Info"_s;
   auto* frame = MakeFrame(
-      caption, Down({&WavInfo1, Across({&WavInfo2, &WavInfo3, &WavInfo4, &WavInfo5})}, Spacing));
+      caption,
+      Down({&WavInfo1, Across({&WavInfo2, &WavInfo3, &WavInfo4, &WavInfo5}), picture}, Spacing));
   frame->setToolTip(u"Info on loaded file"_s);
   NameByLabel(caption, {&WavInfo1, &WavInfo2, &WavInfo3, &WavInfo4, &WavInfo5});
   return frame;

@@ -5,6 +5,7 @@
 
 #include <QGroupBox>
 #include <QString>
+#include <QWidget>
 
 #include "base/input/elided_label.h"
 #include "base/input/labels.h"
@@ -16,7 +17,8 @@ namespace brindle {
 class FileInfo {
  public:
   FileInfo();
-  [[nodiscard]] QGroupBox* InFrame();
+  /// The frame, with a picture of the sound below the facts.
+  [[nodiscard]] QGroupBox* InFrame(QWidget* picture);
 
   /// Shows the name of the file and the facts from its header. A damaged field of the header leaves
   /// its label as it was.

@@ -31,15 +31,27 @@ PercentChoice::PercentChoice(Settings& record)
   PercNorm.setAcceptDrops(false);  // a file dropped there is for the window
   NameByLabel(Label3.text(), {&PercNorm});
   connect(&PercNorm, &TextField::textChanged, this, &PercentChoice::PercNorm_Change);
+  connect(&PercNorm, &TextField::textChanged, this, &PercentChoice::TellPercent);
 }
 
-void PercentChoice::Form_Load() { WriteNumber(PercNorm, record_.WavNormalizePercent); }
+void PercentChoice::Form_Load() {
+  WriteNumber(PercNorm, record_.WavNormalizePercent);
+  TellPercent();
+}
 
 double PercentChoice::TargetPercent() {
-  if (IsEmpty(PercNorm) || IsJustBegun(PercNorm.text().toStdString())) {
+  if (HasNoNumber()) {
     WriteNumber(PercNorm, record_.WavNormalizePercent);
   }
   return NumberIn(PercNorm);
+}
+
+bool PercentChoice::HasNoNumber() const {
+  return IsEmpty(PercNorm) || IsJustBegun(PercNorm.text().toStdString());
+}
+
+void PercentChoice::TellPercent() {
+  Q_EMIT Changed(HasNoNumber() ? record_.WavNormalizePercent : NumberIn(PercNorm));
 }
 
 void PercentChoice::PercNorm_Change() {

@@ -29,7 +29,13 @@ class PercentChoice : public QObject {
   /// stored percentage and shows it again.
   [[nodiscard]] double TargetPercent();
 
+ Q_SIGNALS:
+  /// The percentage that a pass would have by what the field holds now.
+  void Changed(double percent);
+
  private:
+  [[nodiscard]] bool HasNoNumber() const;
+  void TellPercent();
   void PercNorm_Change();
 
   Settings& record_;

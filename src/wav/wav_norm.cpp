@@ -30,6 +30,7 @@
 #include "wav/peak_labels.h"
 #include "wav/peak_scan.h"
 #include "wav/percent_choice.h"
+#include "wav/sound_view.h"
 #include "wav/task_panel.h"
 #include "wav/tolerance_choice.h"
 #include "wav/wav_error.h"
@@ -57,7 +58,7 @@ class WavNorm : public Form {
   std::unique_ptr<PeakScan> scan_;
   std::unique_ptr<Normalization> pass_;
   PassDriver driver_{services_.clock,
-                     [this](const PassProgress& progress) { tasks_.ShowProgress(progress); },
+                     [this](const PassProgress& progress) { ShowProgress(progress); },
                      [this] { return AbortRequested; }};
   FileDrop drop_{this};
 
@@ -65,6 +66,7 @@ class WavNorm : public Form {
   ToleranceChoice tolerance_{record_};
   OutputChoice output_{record_};
   FileInfo fileInfo_;
+  SoundView sound_;
   PercentChoice percent_{record_};
   PeakLabels peakLabels_;
   TaskPanel tasks_;
@@ -79,7 +81,7 @@ class WavNorm : public Form {
       Down({
         options_.InFrame({tolerance_.Caption(), {tolerance_.Range(), tolerance_.Value()}}),
         output_.InFrame(),
-        fileInfo_.InFrame(),
+        fileInfo_.InFrame(&sound_),
         Across({
           percent_.Caption(), percent_.Field(), MakeLabel(u"%"_s), Item::Stretch(),
           peakLabels_.Line(),
@@ -117,6 +119,7 @@ class WavNorm : public Form {
     on(tasks_.btnNorm).Click(&WavNorm::btnNorm_Click);
     on(tasks_.Cancel).Click(&WavNorm::Cancel_Click);
     connect(&output_, &OutputChoice::Browse, this, &WavNorm::Target_Click);
+    connect(&percent_, &PercentChoice::Changed, &sound_, &SoundView::AimAt);
     connect(&drop_, &FileDrop::Dropped, this, &WavNorm::OpenFile);
   }
 
@@ -169,6 +172,7 @@ class WavNorm : public Form {
     }
     fileInfo_.Write(path, *header);
     ShowFileInfo();
+    sound_.Clear();
     peakLabels_.HidePeaks();
     record_.WavSourceFile = path;
     source_ = path;
@@ -184,7 +188,7 @@ class WavNorm : public Form {
     Scan(Coverage::Usual, [this, goesOn](Peaks found, const PassState& end) {
       peaks_ = found;
       peakLabels_.Write(found);
-      ShowNormalizeReady();
+      tasks_.btnNorm.show();
       ShowFileInfo();
       tasks_.HideCancel();
       peakLabels_.ShowPeaks();
@@ -202,8 +206,9 @@ class WavNorm : public Form {
     HideFileInfo();
     SetRunning(Running::Scan);
     scan_ = std::make_unique<PeakScan>(source_, services_.clock, coverage);
-    driver_.Drive(*scan_, [this, then](const PassState& end) {
+    driver_.Drive(*scan_, [this, coverage, then](const PassState& end) {
       const auto found = scan_->Found();
+      sound_.ShowScanned(scan_->Picture(), coverage == Coverage::Usual ? found : peaks_);
       ScanThroughput = scan_->Throughput();
       scan_.reset();
       SetRunning(Running::Nothing);
@@ -290,7 +295,9 @@ class WavNorm : public Form {
   void RunPass() {
     options_.SetBufferingEnabled(false);
     pass_->Start(GainTable(*plan_.gain), plan_.buffering, services_.clock);
+    sound_.BeginPass(plan_.percent, *plan_.gain, pass_->IsInPlace());
     driver_.Drive(*pass_, [this](const PassState& end) {
+      sound_.EndPass(end);
       if (std::holds_alternative<PassCompleted>(end)) {
         TellStatistics();
       } else if (const auto* error = std::get_if<WavError>(&end)) {
@@ -349,6 +356,11 @@ class WavNorm : public Form {
 
   // --- What is shown ---
 
+  void ShowProgress(const PassProgress& progress) {
+    tasks_.ShowProgress(progress);
+    scan_ ? sound_.ShowScan(scan_->Picture()) : sound_.ShowPass(progress);
+  }
+
   void Ask(const QString& text, BoxButtons buttons, const MessageBoxes::WhenAnswered& answered) {
     services_.boxes.Ask(this, text, buttons, answered);
   }
@@ -366,11 +378,6 @@ class WavNorm : public Form {
     HideNormalize();
     HideFileInfo();
     tasks_.HideCancel();
-  }
-
-  void ShowNormalizeReady() {
-    tasks_.btnNorm.show();
-    fileInfo_.SetVisible(true);
   }
 
   void HideNormalize() { tasks_.btnNorm.hide(); }

@@ -415,6 +415,10 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"WavNorm", "WavInfo3", K::Label, file, "Sample", "", "File Info", NoTab, true},
       {"WavNorm", "WavInfo4", K::Label, file, "Mode", "", "File Info", NoTab, true},
       {"WavNorm", "WavInfo5", K::Label, file, "Duration", "", "File Info", NoTab, true},
+      {"WavNorm", "Sound", K::Picture, file, "",
+       "Strong: the sound as it is. Faint: as normalizing would make it. Dashed: the level to reach. "
+       "Red: what would be cut off.",
+       "Picture of the sound"},
       {"WavNorm", "Label3", K::Label, "", "Normalize to:", "", "Normalize to:"},
       {"WavNorm", "PercNorm", K::Field, "", "100",
        "Normalize to a percentage of the 16bit sample range", "Normalize to:", 6},

@@ -36,6 +36,7 @@
 #include "shell/window_catalogue.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
+#include "wav/sound_view.h"
 
 namespace brindle {
 
@@ -78,6 +79,9 @@ std::string KindOf(const QWidget* control) {
   }
   if (qobject_cast<const LinkLabel*>(control) != nullptr) {
     return "link";
+  }
+  if (qobject_cast<const SoundView*>(control) != nullptr) {
+    return "picture";
   }
   if (const auto* label = qobject_cast<const QLabel*>(control)) {
     return label->pixmap(Qt::ReturnByValue).isNull() ? "label" : "picture";
