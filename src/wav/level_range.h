@@ -30,6 +30,10 @@ struct LevelRange {
   }
 };
 
+/// Every level that a word can have.
+inline constexpr LevelRange AllLevels{.lowest = std::numeric_limits<std::int16_t>::min(),
+                                      .highest = std::numeric_limits<std::int16_t>::max()};
+
 /// The range of these levels. Takes eight words at a time, so that reading them from the system's
 /// cache costs more.
 [[nodiscard]] LevelRange RangeOf(std::span<const std::int16_t> levels);

@@ -121,7 +121,8 @@ CutOffWords CutOffUnseen(const QString& source, double gain) {
   }
   return {.cutOff = std::count_if(samples.begin(), samples.end(),
                                   [gain](std::int16_t level) { return IsCutOff(level, gain); }),
-          .words = WordsUpTo(data->start, data->LastWord())};
+          .words = WordsUpTo(data->start, data->LastWord()),
+          .levels = RangeOf(samples)};
 }
 
 }  // namespace brindle

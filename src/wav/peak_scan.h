@@ -78,7 +78,8 @@ class PeakScan : public Pass {
 /// Words that a gain cuts off.
 struct CutOffWords {
   qint64 cutOff = 0;
-  qint64 words = 0;  ///< of all samples of the file
+  qint64 words = 0;   ///< of all samples of the file
+  LevelRange levels;  ///< of the words that were looked at
 };
 
 /// How many of the words that the usual coverage leaves out would be cut off by a pass with this

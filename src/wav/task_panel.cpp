@@ -16,6 +16,7 @@ namespace {
 
 QString Scanning() { return u"Scanning..."_s; }
 QString Normalizing() { return u"Normalizing..."_s; }
+QString Undoing() { return u"Undoing..."_s; }
 
 }  // namespace
 
@@ -23,20 +24,22 @@ TaskPanel::TaskPanel()
     : btnOpen(u"btnOpen"_s, u"Open WAV"_s, u"Select a 16bit PCM WAV file to normalize"_s),
       btnScan(u"btnScan"_s, u"Scan for Peaks"_s, u"Scan file for peaks"_s),
       btnNorm(u"btnNorm"_s, u"Normalize"_s, u"Normalize selected file"_s),
+      Undo(u"Undo"_s, u"Undo"_s, u"Take back what normalizing has made of this file"_s),
       Cancel(u"Cancel"_s, u"Abort"_s, u"Abort task"_s),
-      Status(u"Status"_s, {}, {Scanning(), Normalizing()}) {
+      Status(u"Status"_s, {}, {Scanning(), Normalizing(), Undoing()}) {
   NameByLabel(u"Status"_s, {&Status});
-  KeepRoom({&btnScan, &btnNorm, &Cancel});
+  KeepRoom({&btnScan, &btnNorm, &Undo, &Cancel});
 }
 
 QBoxLayout* TaskPanel::Buttons() {
-  return Across({&btnOpen, &btnScan, &btnNorm, Item::Stretch(), &Cancel}, Spacing);
+  return Across({&btnOpen, &btnScan, &btnNorm, &Undo, Item::Stretch(), &Cancel}, Spacing);
 }
 
 QBoxLayout* TaskPanel::Progress() { return progress_.Line(&Status); }
 
 void TaskPanel::BeginScan() { Begin(Scanning()); }
 void TaskPanel::BeginNormalization() { Begin(Normalizing()); }
+void TaskPanel::BeginUndo() { Begin(Undoing()); }
 
 void TaskPanel::Begin(const QString& status) {
   Cancel.show();
@@ -49,6 +52,7 @@ void TaskPanel::SetIdle(bool isIdle) {
   btnOpen.setEnabled(isIdle);
   btnScan.setEnabled(isIdle);
   btnNorm.setEnabled(isIdle);
+  Undo.setEnabled(isIdle);
 }
 
 void TaskPanel::HideCancel() {

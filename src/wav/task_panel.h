@@ -18,6 +18,7 @@ class TaskPanel {
   PushButton btnOpen;
   PushButton btnScan;
   PushButton btnNorm;
+  PushButton Undo;
   PushButton Cancel;
 
  private:
@@ -29,9 +30,10 @@ class TaskPanel {
   [[nodiscard]] QBoxLayout* Buttons();
   [[nodiscard]] QBoxLayout* Progress();
 
-  /// A scan or a normalization begins: it can be aborted, and is the next thing that a key means.
+  /// A task begins: it can be aborted, and is the next thing that a key means.
   void BeginScan();
   void BeginNormalization();
+  void BeginUndo();
   void ShowProgress(const PassProgress& progress) { progress_.Update(progress); }
   void HideProgress() { progress_.HideProgress(); }
   void ClearStatus() { Status.Write({}); }
