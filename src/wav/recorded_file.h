@@ -51,7 +51,6 @@ class RecordedFile {
   /// The words of the open piece from a position on.
   [[nodiscard]] Samples WordsAt(qint64 position, std::size_t words);
   [[nodiscard]] bool IsInOpenPiece(qint64 position) const;
-  [[nodiscard]] bool HasOpenPiece() const { return piece_.has_value(); }
   /// Notes what the piece has been mapped to.
   [[nodiscard]] WavResult<void> ClosePiece();
 

@@ -51,9 +51,11 @@ UndoPass::Step UndoPass::Work() {
     case Turn::Restore:
       return RestorePiece();
     case Turn::AwaitRecord:
-      return Await(recorded_->RecordOnDisk(), Turn::AwaitPiece);
+      return Await(recorded_->RecordOnDisk(), Turn::WriteBack);
+    case Turn::WriteBack:
+      return recorded_->WriteBack(left_).and_then([this] { return GoOnTo(Turn::AwaitPiece); });
     case Turn::AwaitPiece:
-      return Await(file_->OnDisk(), Turn::Restore);
+      return AwaitPiece();
     case Turn::Finish:
       return recorded_->Mark(0).and_then([this] { return GoOnTo(Turn::AwaitEnd); });
     case Turn::AwaitEnd:
@@ -93,25 +95,22 @@ UndoPass::Step UndoPass::RestorePiece() {
   if (left_ == 0) {
     return GoOnTo(Turn::Finish);
   }
-  const bool isDue = left_ < mapped_ && timer_->IsDue(UpdateInterval::Half);
-  if (isDue) {
-    return Progress();
-  }
   return recorded_->RestorePiece(left_ - 1).and_then([this] {
     --left_;
     return GoOnTo(Turn::AwaitRecord);
   });
 }
 
+UndoPass::Step UndoPass::AwaitPiece() {
+  return Await(file_->OnDisk(), Turn::Restore).map([this](std::optional<PassProgress> waiting) {
+    const bool isDue = turn_ == Turn::Restore && timer_->IsDue(UpdateInterval::Half);
+    return isDue ? Progress() : waiting;
+  });
+}
+
 UndoPass::Step UndoPass::Await(const std::shared_ptr<DiskFile>& file, Turn then) {
   return disk_.For(file, *timer_).and_then([&](bool isDone) -> Step {
-    if (!isDone) {
-      return Progress();
-    }
-    if (then == Turn::AwaitPiece) {
-      return recorded_->WriteBack(left_).and_then([&] { return GoOnTo(then); });
-    }
-    return GoOnTo(then);
+    return isDone ? GoOnTo(then) : Progress();
   });
 }
 

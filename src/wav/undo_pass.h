@@ -46,6 +46,7 @@ class UndoPass : public Pass {
     AwaitRecovered,
     Restore,
     AwaitRecord,
+    WriteBack,
     AwaitPiece,
     Finish,
     AwaitEnd,
@@ -58,6 +59,7 @@ class UndoPass : public Pass {
   [[nodiscard]] WavResult<void> Open();
   [[nodiscard]] Step CheckPiece();
   [[nodiscard]] Step RestorePiece();
+  [[nodiscard]] Step AwaitPiece();
   [[nodiscard]] Step Await(const std::shared_ptr<DiskFile>& file, Turn then);
   [[nodiscard]] Step GoOnTo(Turn turn);
   [[nodiscard]] PassProgress Progress();

@@ -35,7 +35,7 @@ WayBack::WayBack(QString folder, const Disk& disk)
 
 void WayBack::LookFor(const QString& recording) {
   recording_ = recording;
-  found_ = records_.FindFor(recording);
+  found_ = recording.isEmpty() ? std::nullopt : records_.FindFor(recording);
 }
 
 std::optional<FoundRecord> WayBack::FindInterrupted() const {
