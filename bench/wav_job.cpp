@@ -30,11 +30,14 @@
 #include "shell/system_desktop.h"
 #include "shell/system_registry.h"
 #include "shell/window_catalogue.h"
+#include "wav/buffering.h"
 #include "wav/gain.h"
+#include "wav/level_range.h"
 #include "wav/normalization.h"
 #include "wav/pass.h"
 #include "wav/peak_scan.h"
 #include "wav/samples.h"
+#include "wav/way_back.h"
 #include "wav/sound_picture.h"
 
 namespace brindle {
@@ -202,6 +205,30 @@ void PassInPlace(const Arguments& arguments) {
   Normalize({arguments[0], {}, true}, Buffering::Multi);
 }
 
+// The same with its way back, in a folder of records.
+void PassRecorded(const Arguments& arguments) {
+  const SystemClock clock;
+  const LevelRange loudest{.lowest = -26000, .highest = 26000};
+  Normalization pass({arguments[0], {}, true});
+  Require(pass.Open().has_value(), "the file does not open");
+  const WayBack wayBack(arguments[1]);
+  Require(wayBack.Keep(pass, Gain, Buffering::Multi, loudest).has_value(), "no record");
+  pass.Start(GainTable(Gain), Buffering::Multi, clock);
+  Require(IsCompleted(pass), "the pass failed");
+}
+
+void TakeBack(const Arguments& arguments) {
+  const SystemClock clock;
+  WayBack wayBack(arguments[1]);
+  wayBack.LookFor(arguments[0]);
+  Require(wayBack.IsThere(), "there is nothing to undo");
+  {
+    const auto undo = wayBack.Undo(clock);
+    Require(undo && IsCompleted(**undo), "the undo failed");
+  }
+  wayBack.Forget();
+}
+
 // What the window asks for, answered at once. The end of the pass is that of the program.
 class Answers : public MessageBoxes, public FileDialogs {
  public:
@@ -286,6 +313,8 @@ int Run(const QString& job, const Arguments& arguments) {
       {QStringLiteral("pass-multi"), {2, PassMulti}},
       {QStringLiteral("pass-single"), {2, PassSingle}},
       {QStringLiteral("pass-in-place"), {1, PassInPlace}},
+      {QStringLiteral("pass-recorded"), {2, PassRecorded}},
+      {QStringLiteral("undo"), {2, TakeBack}},
       {QStringLiteral("window"), {0, Window}},
       {QStringLiteral("window-at-work"), {2, Window}},
   };
