@@ -146,7 +146,7 @@ SoundColors SoundColors::Of(const QPalette& palette) {
 }
 
 SoundRows::SoundRows(int height, int lineWidth)
-    : middle(height / 2), fullScale(static_cast<int>((height / 2 - lineWidth) / Room)) {}
+    : middle(height / 2), fullScale(static_cast<int>((middle - lineWidth) / Room)) {}
 
 int SoundRows::Of(double level) const {
   return middle - static_cast<int>(std::lround(std::clamp(level, -Room, Room) * fullScale));

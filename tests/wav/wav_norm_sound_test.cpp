@@ -176,7 +176,7 @@ TEST_F(SoundInWindow, ShowsThePassAsItGoesAndTheNormalizedSoundAfterIt) {
     record.WavOverwriteSource = isInPlace;
     auto wav = Long(5);
     for (auto& level : wav.levels) {
-      level = level == 100 ? 8000 : level;
+      level = level == 100 ? std::int16_t{8000} : level;
     }
     OpenScanned(wav);
     LetUpdatesCome();
