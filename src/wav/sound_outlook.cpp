@@ -38,7 +38,7 @@ std::string CutOffText(double percent) {
   constexpr int decimals = 2;
   return percent == 0
              ? "Nothing would be cut off."
-             : "Samples would be cut off in " + PercentText(percent, decimals) + " of its length.";
+             : "Samples would be cut off in " + PercentText(percent, decimals) + " of the sound.";
 }
 
 }  // namespace
