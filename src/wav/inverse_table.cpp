@@ -91,6 +91,12 @@ void InverseTable::Keep(std::span<const std::int16_t> originals, const GainTable
 }
 
 bool InverseTable::Restore(Samples words, std::span<const std::byte> bits, qint64& at) const {
+  if (mostBits_ == 0) {
+    for (auto& word : words) {
+      word = first_[IndexOf(word)];
+    }
+    return true;
+  }
   const auto end = static_cast<qint64>(bits.size()) * BitsPerByte;
   for (auto& word : words) {
     const auto mapped = IndexOf(word);

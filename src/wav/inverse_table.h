@@ -33,7 +33,8 @@ class InverseTable {
             std::vector<std::byte>& bits, int& used) const;
 
   /// Replaces new levels by the original ones. Takes the bits from number `at` on and moves it past
-  /// them. False if a word can have come from no level of the range, or if the bits end early.
+  /// them. False if they end early, or if a word that needs some can have come from no level of the
+  /// range. Where MostBits() is 0, nothing is checked: such a word becomes any level.
   [[nodiscard]] bool Restore(Samples words, std::span<const std::byte> bits, qint64& at) const;
 
  private:

@@ -47,6 +47,10 @@ tl::unexpected<WavError> CannotWriteTarget(const FileError& error) {
   return tl::unexpected(WavError{WavError::Failed::Writing, error});
 }
 
+Samples BlockOf(Samples buffer, qint64 block) {
+  return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
+}
+
 // Where the loops of a pass end, which is after the last word that they map.
 qint64 EndOfLoops(const SampleData& data, Buffering buffering) {
   const auto after = [&](qint64 position, qint64 last, qint64 size) {
@@ -264,13 +268,14 @@ Normalization::Step Normalization::MapManyBlocks() {
   if (position_ > data_.BlockEnd(MultiSize)) {
     return GoOnTo(Phase::TailBlocks);
   }
-  if (!recorded_) {
-    buffer_.resize(MultiBlocks * BlockWords);
+  if (recorded_) {
+    return MapReadBlocks();
   }
+  buffer_.resize(MultiBlocks * BlockWords);
   for (qint64 block = 0; block < MultiBlocks; ++block) {
     const auto position = position_ + block * BlockSize;
-    const auto samples = RoomFor(position, BlockWords, block);
-    if (auto read = Fetch(position, samples); !read) {
+    const auto samples = BlockOf(buffer_, block);
+    if (auto read = input_->Read(position, BytesOf(samples)); !read) {
       return tl::unexpected(read.error());
     }
     table_->Map(samples);
@@ -278,7 +283,21 @@ Normalization::Step Normalization::MapManyBlocks() {
   // A single write of all blocks takes the system nearly twice as long.
   for (qint64 block = 0; block < MultiBlocks; ++block) {
     const auto position = position_ + block * BlockSize;
-    const auto samples = RoomFor(position, BlockWords, block);
+    const auto samples = BlockOf(buffer_, block);
+    if (auto written = Write(position, BytesOf(samples)); !written) {
+      return tl::unexpected(written.error());
+    }
+  }
+  return GoOnBy(MultiSize, UpdateInterval::Half);
+}
+
+// The blocks were all read with their piece.
+Normalization::Step Normalization::MapReadBlocks() {
+  for (qint64 block = 0; block < MultiBlocks; ++block) {
+    const auto position = position_ + block * BlockSize;
+    const auto samples = recorded_->WordsAt(position, BlockWords);
+    table_->Map(samples);
+    recorded_->HasMapped(position, samples);
     if (auto written = Write(position, BytesOf(samples)); !written) {
       return tl::unexpected(written.error());
     }
@@ -390,16 +409,17 @@ WavResult<void> Normalization::MapBlock(std::size_t words) {
   const auto samples = RoomFor(position_, words);
   return Fetch(position_, samples).and_then([&] {
     table_->Map(samples);
+    if (recorded_) {
+      recorded_->HasMapped(position_, samples);
+    }
     return Write(position_, BytesOf(samples));
   });
 }
 
-// Where the words of a position are kept: in the open piece, or as the given block of the buffer.
-Samples Normalization::RoomFor(qint64 position, std::size_t words, qint64 block) {
-  if (words > 0 && recorded_) {
-    return recorded_->WordsAt(position, words);
-  }
-  return Samples(buffer_).subspan(static_cast<std::size_t>(block) * BlockWords, words);
+// Where the words of a position are kept: in the open piece, or in the buffer.
+Samples Normalization::RoomFor(qint64 position, std::size_t words) {
+  const bool isRead = words > 0 && recorded_;
+  return isRead ? recorded_->WordsAt(position, words) : Samples(buffer_).first(words);
 }
 
 // An open piece has its words already.

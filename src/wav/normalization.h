@@ -134,6 +134,7 @@ class Normalization : public Pass {
   [[nodiscard]] Step CheckPiece();
   [[nodiscard]] bool IsLoopsTurn() const;
   [[nodiscard]] Step MapManyBlocks();
+  [[nodiscard]] Step MapReadBlocks();
   [[nodiscard]] Step MapTailBlock();
   [[nodiscard]] Step MapTailWords();
   [[nodiscard]] Step MapSingleBlock();
@@ -147,7 +148,7 @@ class Normalization : public Pass {
   [[nodiscard]] Step GoOnBy(qint64 bytes, UpdateInterval interval);
 
   [[nodiscard]] WavResult<void> MapBlock(std::size_t words);
-  [[nodiscard]] Samples RoomFor(qint64 position, std::size_t words, qint64 block = 0);
+  [[nodiscard]] Samples RoomFor(qint64 position, std::size_t words);
   [[nodiscard]] WavResult<void> Fetch(qint64 position, Samples samples);
   [[nodiscard]] WavResult<void> ReadTail();
   [[nodiscard]] WavResult<void> WriteTail();

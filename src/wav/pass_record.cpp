@@ -185,6 +185,18 @@ RecordFault FaultOfMark(const QByteArray& mark) {
 
 quint64 HashOf(std::span<const std::byte> bytes) { return XXH3_64bits(bytes.data(), bytes.size()); }
 
+quint64 HashOfBlocks(std::span<const quint64> blockHashes) {
+  return HashOf(std::as_bytes(blockHashes));
+}
+
+quint64 HashOfPiece(std::span<const std::int16_t> words) {
+  std::vector<quint64> hashes;
+  for (; !words.empty(); words = words.subspan(std::min(words.size(), BlockWords))) {
+    hashes.push_back(HashOf(std::as_bytes(words.first(std::min(words.size(), BlockWords)))));
+  }
+  return HashOfBlocks(hashes);
+}
+
 PassRecord::PassRecord(QString path, std::shared_ptr<DiskFile> file, PassFacts facts)
     : path_(std::move(path)),
       file_(std::move(file)),
@@ -358,7 +370,7 @@ bool PassRecord::IsWhole(const Slot& slot) const {
     PieceBuffer originals(slot.bytes);
     const auto words = originals.Words(slot.bytes);
     const auto read = file_->Read(OriginalsOffset(slot.number), std::as_writable_bytes(words));
-    if (!read || HashOf(std::as_bytes(words)) != slot.hash) {
+    if (!read || HashOfPiece(words) != slot.hash) {
       return false;
     }
   }

@@ -48,6 +48,10 @@ struct PieceFacts {
 
 /// The hash that records use for bytes: XXH3, 64 bits.
 [[nodiscard]] quint64 HashOf(std::span<const std::byte> bytes);
+/// The same for a piece: the hash of the hashes of its blocks, so that a block is hashed while it
+/// is in the processor's cache.
+[[nodiscard]] quint64 HashOfBlocks(std::span<const quint64> blockHashes);
+[[nodiscard]] quint64 HashOfPiece(std::span<const std::int16_t> words);
 
 /// How many bytes before the samples are hashed: all of them, but no more than a mebibyte.
 [[nodiscard]] inline qint64 HeadLength(qint64 start) {

@@ -84,17 +84,20 @@ WavResult<void> RecordedFile::Recover() {
 
 WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
   facts_ = {};
-  return Read(piece).and_then([&](Samples originals) {
-    facts_.originalHash = HashOf(std::as_bytes(originals));
-    facts_.range = RangeOf(originals);
+  return Read(piece).and_then([&](const Loaded& originals) {
+    facts_.originalHash = originals.hash;
+    facts_.range = originals.range;
     // The piece has been mapped before, and taken back.
     const auto known = record_.FactsOf(piece);
     if (known && known->originalHash != facts_.originalHash) {
       return WavResult<void>(Changed());
     }
-    return KeepBits(piece, originals).and_then([&] {
+    return KeepBits(piece, originals.words).and_then([&] {
       return record_.Protect(piece, buffer_, facts_.originalHash)
-          .map([&] { piece_ = piece; })
+          .map([&] {
+            piece_ = piece;
+            left_.assign((originals.words.size() + BlockWords - 1) / BlockWords, std::nullopt);
+          })
           .map_error(FailedAt(Writing));
     });
   });
@@ -109,16 +112,33 @@ bool RecordedFile::IsInOpenPiece(qint64 position) const {
   return piece_ && position < Grid().PositionOf(*piece_ + 1);
 }
 
+void RecordedFile::HasMapped(qint64 position, Samples words) {
+  const auto offset = position - Grid().PositionOf(*piece_);
+  const auto end = offset + static_cast<qint64>(words.size_bytes());
+  const bool isWhole =
+      offset % BlockSize == 0 && (words.size() == BlockWords || end == Grid().BytesOf(*piece_));
+  if (isWhole) {
+    left_[static_cast<std::size_t>(offset / BlockSize)] = HashOf(BytesOf(words));
+  }
+}
+
 WavResult<void> RecordedFile::ClosePiece() {
   const auto piece = *std::exchange(piece_, std::nullopt);
-  facts_.leftHash = HashOf(std::as_bytes(buffer_.Words(Grid().BytesOf(piece))));
+  auto words = buffer_.Words(Grid().BytesOf(piece));
+  std::vector<quint64> hashes;
+  for (const auto& known : left_) {
+    const auto block = words.first(std::min(words.size(), BlockWords));
+    hashes.push_back(known ? *known : HashOf(BytesOf(block)));
+    words = words.subspan(block.size());
+  }
+  facts_.leftHash = HashOfBlocks(hashes);
   return record_.Note(piece, facts_).map_error(FailedAt(Writing));
 }
 
 WavResult<void> RecordedFile::CheckPiece(qint64 piece) {
   return FactsOf(piece).and_then([&](const PieceFacts& facts) {
-    return Read(piece).and_then([&](Samples words) -> WavResult<void> {
-      return HashOf(std::as_bytes(words)) == facts.leftHash ? WavResult<void>() : Changed();
+    return Read(piece).and_then([&](const Loaded& there) -> WavResult<void> {
+      return there.hash == facts.leftHash ? WavResult<void>() : Changed();
     });
   });
 }
@@ -128,11 +148,11 @@ WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
   if (!facts) {
     return tl::unexpected(facts.error());
   }
-  const auto words = Read(piece);
-  if (!words) {
-    return tl::unexpected(words.error());
+  const auto there = Read(piece);
+  if (!there) {
+    return tl::unexpected(there.error());
   }
-  if (HashOf(std::as_bytes(*words)) != facts->leftHash) {
+  if (there->hash != facts->leftHash) {
     return Changed();
   }
   const auto bits = record_.ReadBits(record_.BitsBegin(piece), facts->bitsEnd);
@@ -141,7 +161,16 @@ WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
   }
   qint64 at = 0;
   const InverseTable inverse(table_, facts->range);
-  if (!inverse.Restore(*words, *bits, at) || HashOf(std::as_bytes(*words)) != facts->originalHash) {
+  std::vector<quint64> hashes;
+  for (auto rest = there->words; !rest.empty();) {
+    const auto block = rest.first(std::min(rest.size(), BlockWords));
+    if (!inverse.Restore(block, *bits, at)) {
+      return Damaged();
+    }
+    hashes.push_back(HashOf(BytesOf(block)));
+    rest = rest.subspan(block.size());
+  }
+  if (HashOfBlocks(hashes) != facts->originalHash) {
     return Damaged();
   }
   return record_.Protect(piece, buffer_, facts->originalHash).map_error(FailedAt(Writing));
@@ -160,9 +189,22 @@ WavResult<void> RecordedFile::Mark(qint64 boundary) {
 
 void RecordedFile::GiveRoomBack() { static_cast<void>(record_.GiveRoomBack()); }
 
-WavResult<Samples> RecordedFile::Read(qint64 piece) {
-  const auto words = buffer_.Words(Grid().BytesOf(piece));
-  return file_->Read(Grid().PositionOf(piece), BytesOf(words)).map([&] { return words; });
+WavResult<RecordedFile::Loaded> RecordedFile::Read(qint64 piece) {
+  Loaded loaded{.words = buffer_.Words(Grid().BytesOf(piece))};
+  std::vector<quint64> hashes;
+  auto position = Grid().PositionOf(piece);
+  for (auto rest = loaded.words; !rest.empty();) {
+    const auto block = rest.first(std::min(rest.size(), BlockWords));
+    if (const auto read = file_->Read(position, BytesOf(block)); !read) {
+      return tl::unexpected(read.error());
+    }
+    hashes.push_back(HashOf(BytesOf(block)));
+    loaded.range.Include(RangeOf(block));
+    position += static_cast<qint64>(block.size_bytes());
+    rest = rest.subspan(block.size());
+  }
+  loaded.hash = HashOfBlocks(hashes);
+  return loaded;
 }
 
 WavResult<void> RecordedFile::Write(qint64 piece, Samples words) {

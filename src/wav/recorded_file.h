@@ -51,6 +51,8 @@ class RecordedFile {
   /// The words of the open piece from a position on.
   [[nodiscard]] Samples WordsAt(qint64 position, std::size_t words);
   [[nodiscard]] bool IsInOpenPiece(qint64 position) const;
+  /// Words of the open piece have been mapped.
+  void HasMapped(qint64 position, Samples words);
   /// Notes what the piece has been mapped to.
   [[nodiscard]] WavResult<void> ClosePiece();
 
@@ -68,7 +70,13 @@ class RecordedFile {
   void GiveRoomBack();
 
  private:
-  [[nodiscard]] WavResult<Samples> Read(qint64 piece);
+  // A piece that was read into the buffer.
+  struct Loaded {
+    Samples words;
+    LevelRange range;
+    quint64 hash = 0;
+  };
+  [[nodiscard]] WavResult<Loaded> Read(qint64 piece);
   [[nodiscard]] WavResult<void> Write(qint64 piece, Samples words);
   [[nodiscard]] WavResult<void> KeepBits(qint64 piece, Samples originals);
   [[nodiscard]] WavResult<PieceFacts> FactsOf(qint64 piece) const;
@@ -82,6 +90,8 @@ class RecordedFile {
   PieceBuffer buffer_;
   std::optional<qint64> piece_;  // that is open
   PieceFacts facts_;             // of it
+  // The hashes of its blocks as they were mapped; none of a block that was mapped in parts.
+  std::vector<std::optional<quint64>> left_;
 };
 
 }  // namespace brindle

@@ -160,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(
                  0,
                  100,
                  "Peaks at 0% and 61% of full scale. The target is 100%. Samples would be cut off "
-                 "in 33.33% of its length."},
+                 "in 33.33% of the sound."},
         TextCase{"OfANegativeTarget",
                  {-16384, 1},
                  -1,

@@ -105,13 +105,13 @@ TEST_F(ViewOfSound, FollowsTheTarget) {
   EXPECT_EQ(Told(), std::string(Quiet) + " The target is 0%. Nothing would be cut off.");
   view.AimAt(-1e308);
   EXPECT_EQ(Told(), std::string(Quiet) +
-                        " The target is -1E+308%. Samples would be cut off in 50% of its length.");
+                        " The target is -1E+308%. Samples would be cut off in 50% of the sound.");
 }
 
 TEST_F(ViewOfSound, TellsWhatPeaksOfAnotherSoundWouldCutOff) {
   view.ShowScanned(QuietPicture(), {.lowest = -9000, .highest = 5});
   EXPECT_EQ(Told(), std::string(Quiet) +
-                        " The target is 100%. Samples would be cut off in 25% of its length.");
+                        " The target is 100%. Samples would be cut off in 25% of the sound.");
 }
 
 TEST_F(ViewOfSound, OfSilenceHasNothingAhead) {

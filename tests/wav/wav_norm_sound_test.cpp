@@ -244,7 +244,7 @@ TEST_F(SoundInWindow, ShowsInRedWhatTheScanHadLeftOut) {
   EXPECT_GT(CountOf(Colors().cutOff), 0);
   EXPECT_EQ(Told(),
             "Peaks at -50% and 97.7% of full scale. The target is 100%. Samples would be cut off "
-            "in 0.05% of its length.");
+            "in 0.05% of the sound.");
 }
 
 }  // namespace
