@@ -12,6 +12,7 @@
 #include <utility>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QString>
 
 #include "base/files/at_path.h"
@@ -81,6 +82,7 @@ qint64 RoomForBits(const SampleData& data, const PieceGrid& grid, const GainTabl
 
 Normalization::Normalization(PassFiles files, const Disk& disk)
     : files_(std::move(files)),
+      disk_(disk),
       input_(std::make_shared<WavFile>(disk)),
       output_(std::make_shared<WavFile>(disk)),
       buffer_(BlockWords) {}
@@ -108,6 +110,7 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
     return CannotWriteTarget(ErrorOf(target, u"not an absolute path"_s));
   }
   const auto length = input_->Lock(false)
+                          .and_then([this] { return CheckRoom(); })
                           .and_then([&] { return output_->OpenOrCreate(target); })
                           .and_then([this] { return output_->Lock(true); })
                           .and_then([this] { return output_->Length(WavError::Failed::Writing); });
@@ -119,6 +122,21 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
   }
   output_->Close();
   return Opened::AsksToOverwrite;
+}
+
+// What the old target takes becomes free before the new one is written.
+WavResult<void> Normalization::CheckRoom() const {
+  constexpr qint64 megabyte = 1'048'576;
+  const QFileInfo target(files_.target);
+  const auto free = disk_.FreeBytes(target.path());
+  const qint64 room = free.value_or(data_.fileLength) + target.size();
+  if (data_.fileLength <= room) {
+    return {};
+  }
+  return CannotWriteTarget(
+      ErrorOf(files_.target, u"not enough room: %1 MB are needed, %2 MB are free"_s
+                                 .arg((data_.fileLength + megabyte - 1) / megabyte)
+                                 .arg(room / megabyte)));
 }
 
 WavResult<void> Normalization::Overwrite() {
@@ -386,7 +404,7 @@ Normalization::Step Normalization::AwaitRecord() {
 Normalization::Step Normalization::Await(const std::shared_ptr<DiskFile>& file,
                                          const std::function<WavResult<void>()>& then) {
   const bool isAtEnd = phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
-  return disk_.For(file, *timer_).and_then([&](bool isDone) -> Step {
+  return wait_.For(file, *timer_).and_then([&](bool isDone) -> Step {
     if (!isDone) {
       return timer_->ProgressAt(isAtEnd ? data_.fileLength : position_);
     }

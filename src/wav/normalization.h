@@ -63,7 +63,8 @@ class Normalization : public Pass {
 
   explicit Normalization(PassFiles files, const Disk& disk = TheSystemsDisk());
 
-  /// Opens the source and finds its samples; only then opens the target.
+  /// Opens the source and finds its samples; only then opens the target. An error if the disk has
+  /// no room for the target.
   [[nodiscard]] WavResult<Opened> Open();
 
   /// Deletes the target that Open() found, and creates the new one.
@@ -126,6 +127,7 @@ class Normalization : public Pass {
   using Step = WavResult<std::optional<PassProgress>>;
 
   [[nodiscard]] WavResult<Opened> OpenTarget();
+  [[nodiscard]] WavResult<void> CheckRoom() const;
   [[nodiscard]] WavResult<void> CopyHead();
   [[nodiscard]] WavResult<void> Copy(qint64 position, qint64 end);
 
@@ -158,6 +160,7 @@ class Normalization : public Pass {
   }
 
   PassFiles files_;
+  const Disk& disk_;
   std::shared_ptr<WavFile> input_ = std::make_shared<WavFile>();
   std::shared_ptr<WavFile> output_ = std::make_shared<WavFile>();
   SampleData data_;
@@ -167,7 +170,7 @@ class Normalization : public Pass {
   Phase phase_ = Phase::Done;
   qint64 position_ = 0;  // of the next byte for the loops
   std::optional<Tail> tail_;
-  DiskWait disk_;
+  DiskWait wait_;
   std::optional<RecordedFile> recorded_;
   Turn turn_ = Turn::CheckPieces;
   qint64 checked_ = 0;  // pieces from the first one on that are what the pass left

@@ -72,6 +72,7 @@ PassState PeakScan::Abort() { return EndedWith(PassAborted{}); }
 
 WavResult<void> PeakScan::Open() {
   return file_.OpenForReading(source_)
+      .and_then([this] { return file_.Lock(false); })
       .and_then([this] { return LocateData(file_); })
       .map([this](const SampleData& data) {
         data_ = data;

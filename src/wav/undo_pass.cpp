@@ -109,7 +109,7 @@ UndoPass::Step UndoPass::AwaitPiece() {
 }
 
 UndoPass::Step UndoPass::Await(const std::shared_ptr<DiskFile>& file, Turn then) {
-  return disk_.For(file, *timer_).and_then([&](bool isDone) -> Step {
+  return wait_.For(file, *timer_).and_then([&](bool isDone) -> Step {
     return isDone ? GoOnTo(then) : Progress();
   });
 }

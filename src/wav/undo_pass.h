@@ -70,7 +70,7 @@ class UndoPass : public Pass {
   std::optional<RecordedFile> recorded_;
   const Clock& clock_;
   std::optional<PassTimer> timer_;
-  DiskWait disk_;
+  DiskWait wait_;
   Turn turn_ = Turn::Open;
   qint64 checked_ = 0;  // pieces from the first one on that are what the pass left
   qint64 left_ = 0;     // pieces that are to be restored
