@@ -64,7 +64,10 @@ inline std::string NormalizeOn(const MemoryDisk& disk, const RecordedPass& how, 
   if (!facts) {
     return TextOf(facts);
   }
+  // The bits of every piece end with a byte.
+  facts->bitsRoom -= facts->grid.Count();
   facts->grid.size = how.pieceSize;
+  facts->bitsRoom += facts->grid.Count();
   auto record = RecordsOn(disk).Create(*facts);
   if (!record) {
     return "no record: " + CannotWrite(record.error()).toStdString();
