@@ -187,8 +187,25 @@ WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
 }
 
 WavResult<void> Normalization::KeepRecord(PassRecord record) {
+  const auto path = record.Path();
+  const bool isOfTheseLoops = AreLoopsWithin(record.Facts());
   recorded_.emplace(std::move(record), input_);
-  return recorded_->CheckHead();
+  return recorded_->CheckHead().and_then([&]() -> WavResult<void> {
+    if (!isOfTheseLoops) {
+      return tl::unexpected(WavError{WavError::Failed::Reading,
+                                     ErrorOf(path, u"the record of the pass is damaged"_s)});
+    }
+    return {};
+  });
+}
+
+// The loops map the pieces of the record and no other words, and a round of blocks leaves no piece.
+bool Normalization::AreLoopsWithin(const PassFacts& facts) const {
+  const auto& grid = facts.grid;
+  const bool hasRounds =
+      facts.buffering == Buffering::Multi && data_.start <= data_.BlockEnd(MultiSize);
+  return grid.start == data_.start && grid.end == EndOfLoops(data_, facts.buffering) &&
+         (!hasRounds || grid.size % MultiSize == 0);
 }
 
 PassState Normalization::Advance() {
@@ -244,16 +261,17 @@ Normalization::Step Normalization::TendRecord() {
   return recorded_->ClosePiece().map([&] { return turnTo(Turn::AwaitPiece); });
 }
 
-// A pass that goes on finds what it has mapped as it left it.
+// A pass that goes on finds what it has mapped as it left it, and what was taken back as it was.
 Normalization::Step Normalization::CheckPiece() {
-  if (checked_ == recorded_->Record().Boundary()) {
+  if (checked_ == recorded_->Grid().Count()) {
     turn_ = Turn::Recover;
     return std::nullopt;
   }
-  return recorded_->CheckPiece(checked_).map([this]() -> std::optional<PassProgress> {
-    const auto position = recorded_->Grid().PositionOf(checked_++);
-    return timer_->IsDue(UpdateInterval::Half) ? std::optional(timer_->ProgressAt(position))
-                                               : std::nullopt;
+  return recorded_->CheckPiece(checked_).map([this](bool isRead) -> std::optional<PassProgress> {
+    const auto position = std::min(recorded_->Grid().PositionOf(checked_++), position_);
+    return isRead && timer_->IsDue(UpdateInterval::Half)
+               ? std::optional(timer_->ProgressAt(position))
+               : std::nullopt;
   });
 }
 

@@ -126,6 +126,7 @@ class Normalization : public Pass {
   // The outcome of a step: progress if it is due.
   using Step = WavResult<std::optional<PassProgress>>;
 
+  [[nodiscard]] bool AreLoopsWithin(const PassFacts& facts) const;
   [[nodiscard]] WavResult<Opened> OpenTarget();
   [[nodiscard]] WavResult<void> CheckRoom() const;
   [[nodiscard]] WavResult<void> CopyHead();
@@ -173,7 +174,7 @@ class Normalization : public Pass {
   DiskWait wait_;
   std::optional<RecordedFile> recorded_;
   Turn turn_ = Turn::CheckPieces;
-  qint64 checked_ = 0;  // pieces from the first one on that are what the pass left
+  qint64 checked_ = 0;  // pieces from the first one on that nobody has changed
   double throughput_ = 0;
 };
 

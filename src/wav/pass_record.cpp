@@ -37,10 +37,9 @@ using namespace Qt::StringLiterals;
 
 // The layout, all numbers lowest byte first, everything except single facts at multiples of Unit:
 //   the mark; then length and hash of the facts of the pass; these facts
-//   two heads, each of a place for originals
-//   the facts of each piece
-//   the bits that tell what the table of the gain loses
-//   two places for the originals of one piece
+//   two heads, each of a place for originals; each stands there twice, so that a single byte that
+//   is damaged does not pass for a head that has not reached the disk the facts of each piece the
+//   bits that tell what the table of the gain loses two places for the originals of one piece
 namespace {
 
 constexpr qint64 Unit = DiskFile::DirectUnit;
@@ -54,6 +53,7 @@ QByteArray Mark() { return QByteArrayLiteral("Brindle undo\r\n\x1A") + Version; 
 constexpr qint64 LongestFacts = 1'048'576;  // bytes; a path is never that long
 constexpr qint64 PreambleLength = static_cast<qint64>(MarkLength) + 2 * sizeof(quint64);
 constexpr qint64 SlotHeadLength = 6 * sizeof(quint64);
+constexpr qint64 CopyOfHead = Unit / 2;  // bytes after the head
 constexpr qint64 PieceFactsLength = 5 * sizeof(quint64) + 2 * sizeof(std::int16_t);
 
 constexpr qint64 UpToUnit(qint64 bytes) { return (bytes + Unit - 1) / Unit * Unit; }
@@ -137,14 +137,14 @@ QByteArray BytesOf(const PassFacts& facts) {
 // A record could have been made up to do harm: nothing of it may lead out of the recording, or to
 // numbers too large to reckon with.
 bool IsPossible(const PassFacts& facts) {
-  constexpr qint64 largestFile = std::numeric_limits<qint64>::max() / 64;
+  constexpr qint64 largestFile = std::numeric_limits<qint64>::max() / 128;
   constexpr qint64 largestPiece = PassRecord::PieceSize;
   const auto& grid = facts.grid;
   return facts.fileLength >= 0 && facts.fileLength <= largestFile && grid.size > 0 &&
          grid.size <= largestPiece && grid.size % BlockSize == 0 && grid.start >= 1 &&
          grid.end >= grid.start && grid.end - 1 <= facts.fileLength &&
          (grid.end - grid.start) % WordSize == 0 && facts.headLength == HeadLength(grid.start) &&
-         facts.bitsRoom >= 0 && facts.bitsRoom <= facts.fileLength + Unit &&
+         facts.bitsRoom >= 0 && facts.bitsRoom <= facts.fileLength + grid.Count() &&
          std::isfinite(facts.gain);
 }
 
@@ -273,10 +273,12 @@ FileResult<tl::expected<PassRecord, RecordFault>> PassRecord::Open(const Disk& d
     return refused(RecordFault::Damaged);
   }
   PassRecord record(path, file, std::move(*facts));
-  if (const auto found = record.FindBoundary(); !found) {
-    return refused(found.error());
-  }
-  return Opened(std::move(record));
+  return record.FindBoundary().map([&](const Found& found) -> Opened {
+    if (!found) {
+      return tl::unexpected(found.error());
+    }
+    return std::move(record);
+  });
 }
 
 qint64 PassRecord::HeadOffset(quint64 slot) const {
@@ -292,20 +294,37 @@ qint64 PassRecord::OriginalsOffset(quint64 slot) const {
 }
 qint64 PassRecord::WholeLength() const { return OriginalsOffset(1) + facts_.grid.size; }
 
-std::optional<PieceFacts> PassRecord::FactsOf(qint64 piece) const {
-  const auto sealed = ReadFrom(*file_, FactsOffset(piece), PieceFactsLength);
-  const auto bytes = sealed ? Unsealed(*sealed) : std::nullopt;
-  PieceFacts facts;
-  if (!bytes || !Reader(*bytes).To(facts.leftHash, facts.originalHash, facts.bitsHash,
-                                   facts.bitsEnd, facts.range.lowest, facts.range.highest)) {
-    return std::nullopt;
-  }
-  return facts;
+FileResult<std::optional<PieceFacts>> PassRecord::FactsOf(qint64 piece) const {
+  return ReadFrom(*file_, FactsOffset(piece), PieceFactsLength)
+      .map([&](const QByteArray& sealed) -> std::optional<PieceFacts> {
+        const auto bytes = Unsealed(sealed);
+        PieceFacts facts;
+        if (!bytes || !Reader(*bytes).To(facts.leftHash, facts.originalHash, facts.bitsHash,
+                                         facts.bitsEnd, facts.range.lowest, facts.range.highest)) {
+          return std::nullopt;
+        }
+        const bool isPossible = facts.bitsEnd >= 0 && facts.bitsEnd <= facts_.bitsRoom;
+        return isPossible ? std::optional(facts) : std::nullopt;
+      });
 }
 
-qint64 PassRecord::BitsBegin(qint64 piece) const {
-  const auto before = piece > 0 ? FactsOf(piece - 1) : std::nullopt;
-  return before ? before->bitsEnd : 0;
+FileResult<qint64> PassRecord::BitsBegin(qint64 piece) const {
+  if (piece == 0) {
+    return 0;
+  }
+  return FactsOf(piece - 1).and_then(
+      [this](const std::optional<PieceFacts>& before) -> FileResult<qint64> {
+        return before ? FileResult<qint64>(before->bitsEnd) : Damaged();
+      });
+}
+
+FileResult<std::optional<quint64>> PassRecord::OriginalHashOf(qint64 piece) const {
+  if (unfinished_ && unfinished_->bytes > 0 && unfinished_->piece == piece) {
+    return unfinished_->hash;
+  }
+  return FactsOf(piece).map([](const std::optional<PieceFacts>& facts) {
+    return facts ? std::optional(facts->originalHash) : std::nullopt;
+  });
 }
 
 FileResult<void> PassRecord::Protect(qint64 piece, PieceBuffer& originals, quint64 hash) {
@@ -344,68 +363,141 @@ FileResult<std::vector<std::byte>> PassRecord::ReadBits(qint64 from, qint64 to) 
 }
 
 FileResult<void> PassRecord::GiveRoomBack() {
-  return file_->SetLength(BitsOffset() + BitsBegin(facts_.grid.Count()));
+  return BitsBegin(facts_.grid.Count()).and_then([this](qint64 bits) {
+    return file_->SetLength(BitsOffset() + bits);
+  });
 }
 
 FileResult<void> PassRecord::TakeRoom() { return file_->SetLength(WholeLength()); }
 
-std::optional<PassRecord::Slot> PassRecord::ReadHead(quint64 slot) const {
-  const auto sealed = ReadFrom(*file_, HeadOffset(slot), SlotHeadLength);
-  const auto bytes = sealed ? Unsealed(*sealed) : std::nullopt;
-  Slot head;
-  if (!bytes || !Reader(*bytes).To(head.number, head.piece, head.bytes, head.hash, head.changed)) {
-    return std::nullopt;
+FileResult<std::optional<PassRecord::Slot>> PassRecord::ReadHead(quint64 slot) const {
+  const auto offset = HeadOffset(slot);
+  return ReadHeadAt(slot, offset).and_then([&](const std::optional<Slot>& head) {
+    return head ? FileResult<std::optional<Slot>>(head) : ReadHeadAt(slot, offset + CopyOfHead);
+  });
+}
+
+FileResult<std::optional<PassRecord::Slot>> PassRecord::ReadHeadAt(quint64 slot,
+                                                                   qint64 offset) const {
+  return ReadFrom(*file_, offset, SlotHeadLength)
+      .map([&](const QByteArray& sealed) -> std::optional<Slot> {
+        const auto bytes = Unsealed(sealed);
+        Slot head;
+        if (!bytes ||
+            !Reader(*bytes).To(head.number, head.piece, head.bytes, head.hash, head.changed)) {
+          return std::nullopt;
+        }
+        const auto& grid = facts_.grid;
+        const bool isPossible =
+            head.number % 2 == slot && head.piece >= 0 && head.piece <= grid.Count() &&
+            (head.bytes == 0 ||
+             (head.piece < grid.Count() && head.bytes == grid.BytesOf(head.piece)));
+        return isPossible ? std::optional(head) : std::nullopt;
+      });
+}
+
+FileResult<bool> PassRecord::AreOriginalsWhole(const Slot& slot) const {
+  if (slot.bytes == 0) {
+    return true;
   }
-  const auto& grid = facts_.grid;
-  const bool isPossible =
-      head.number % 2 == slot && head.piece >= 0 && head.piece <= grid.Count() &&
-      (head.bytes == 0 || (head.piece < grid.Count() && head.bytes == grid.BytesOf(head.piece)));
-  return isPossible ? std::optional(head) : std::nullopt;
+  PieceBuffer originals(slot.bytes);
+  const auto words = originals.Words(slot.bytes);
+  return file_->Read(OriginalsOffset(slot.number), std::as_writable_bytes(words))
+      .map([&](std::size_t) { return HashOfPiece(words) == slot.hash; });
+}
+
+FileResult<bool> PassRecord::AreBitsWhole(qint64 piece) const {
+  const auto facts = FactsOf(piece);
+  const auto begin = BitsBegin(piece);
+  if (!facts || !begin) {
+    return tl::unexpected(facts ? begin.error() : facts.error());
+  }
+  if (!*facts || (*facts)->bitsEnd < *begin) {
+    return false;
+  }
+  return ReadBits(*begin, (*facts)->bitsEnd).map([&](const std::vector<std::byte>& bits) {
+    return brindle::HashOf(bits) == (*facts)->bitsHash;
+  });
 }
 
 // Whether all that was written together with the head has reached the disk: the originals, and
 // what was noted of the piece before.
-bool PassRecord::IsWhole(const Slot& slot) const {
-  if (slot.bytes > 0) {
-    PieceBuffer originals(slot.bytes);
-    const auto words = originals.Words(slot.bytes);
-    const auto read = file_->Read(OriginalsOffset(slot.number), std::as_writable_bytes(words));
-    if (!read || HashOfPiece(words) != slot.hash) {
+FileResult<bool> PassRecord::IsWhole(const Slot& slot) const {
+  return AreOriginalsWhole(slot).and_then([&](bool isWhole) {
+    return isWhole && slot.piece > 0 ? AreBitsWhole(slot.piece - 1) : FileResult<bool>(isWhole);
+  });
+}
+
+// Those of the pieces before the boundary were on the disk before it was.
+FileResult<bool> PassRecord::AreFactsWhole() const {
+  qint64 bitsBegin = 0;
+  for (qint64 piece = 0; piece < Boundary(); ++piece) {
+    const auto facts = FactsOf(piece);
+    if (!facts) {
+      return tl::unexpected(facts.error());
+    }
+    if (!*facts || (*facts)->bitsEnd < bitsBegin) {
       return false;
     }
+    bitsBegin = (*facts)->bitsEnd;
   }
-  if (slot.piece == 0) {
-    return true;
-  }
-  const auto facts = FactsOf(slot.piece - 1);
-  const auto begin = BitsBegin(slot.piece - 1);
-  if (!facts || begin < 0 || facts->bitsEnd < begin || facts->bitsEnd > facts_.bitsRoom) {
-    return false;
-  }
-  const auto bits = ReadBits(begin, facts->bitsEnd);
-  return bits && brindle::HashOf(*bits) == facts->bitsHash;
+  return true;
 }
 
 FileResult<void> PassRecord::WriteHead(const Slot& slot) {
-  const auto head = Writer().Of(slot.number, slot.piece, slot.bytes, slot.hash, slot.changed);
-  return WriteTo(*file_, HeadOffset(slot.number), Sealed(head)).map([&] { slot_ = slot; });
+  const auto head =
+      Sealed(Writer().Of(slot.number, slot.piece, slot.bytes, slot.hash, slot.changed));
+  const auto offset = HeadOffset(slot.number);
+  return WriteTo(*file_, offset, head)
+      .and_then([&] { return WriteTo(*file_, offset + CopyOfHead, head); })
+      .map([&] {
+        slot_ = slot;
+        unfinished_.reset();
+      });
 }
 
-tl::expected<void, RecordFault> PassRecord::FindBoundary() {
-  auto newer = ReadHead(0);
-  auto older = ReadHead(1);
+FileResult<PassRecord::Found> PassRecord::FindBoundary() {
+  const auto fault = [](RecordFault which) { return Found(tl::unexpected(which)); };
+  const auto length = file_->Length();
+  const auto first = ReadHead(0);
+  const auto second = ReadHead(1);
+  const auto noted = FactsOf(0);
+  if (!length || !first || !second || !noted) {
+    return tl::unexpected(!length   ? length.error()
+                          : !first  ? first.error()
+                          : !second ? second.error()
+                                    : noted.error());
+  }
+  // A record that is begun has its room.
+  if (*length < BitsOffset()) {
+    return fault(RecordFault::Damaged);
+  }
+  auto newer = *first;
+  auto older = *second;
   if (!newer || (older && older->number > newer->number)) {
     std::swap(newer, older);
   }
   for (const auto& slot : {newer, older}) {
-    if (slot && IsWhole(*slot)) {
+    const auto isWhole = slot ? IsWhole(*slot) : FileResult<bool>(false);
+    if (!isWhole) {
+      return tl::unexpected(isWhole.error());
+    }
+    if (*isWhole) {
       slot_ = *slot;
-      return {};
+      if (slot_.number != newer->number) {
+        unfinished_ = newer;
+      }
+      return AreFactsWhole().map(
+          [&](bool areWhole) { return areWhole ? Found() : fault(RecordFault::Damaged); });
     }
   }
   // If the first originals never were on the disk as a whole, nothing was written over them.
-  const bool isFirst = newer ? newer->number == 1 : !FactsOf(0);
-  return tl::unexpected(isFirst ? RecordFault::NotBegun : RecordFault::Damaged);
+  const bool isFirst = newer ? newer->number == 1 : !*noted;
+  return fault(isFirst ? RecordFault::NotBegun : RecordFault::Damaged);
+}
+
+tl::unexpected<FileError> PassRecord::Damaged() const {
+  return tl::unexpected(ErrorOf(path_, u"the record of the pass is damaged"_s));
 }
 
 }  // namespace brindle

@@ -102,10 +102,13 @@ class PassRecord {
   [[nodiscard]] bool IsUndone() const { return Boundary() == 0 && !IsInFlight(); }
   /// When the recording had been changed last, at the boundary; 0 if that is not known.
   [[nodiscard]] quint64 Changed() const { return slot_.changed; }
-  /// Of a piece before the boundary; nothing if the record is damaged there.
-  [[nodiscard]] std::optional<PieceFacts> FactsOf(qint64 piece) const;
+  /// Of a piece before the boundary, or of one that has been taken back; nothing for others, or if
+  /// the record is damaged there.
+  [[nodiscard]] FileResult<std::optional<PieceFacts>> FactsOf(qint64 piece) const;
   /// Where the bits of a piece begin, in bytes of all bits.
-  [[nodiscard]] qint64 BitsBegin(qint64 piece) const;
+  [[nodiscard]] FileResult<qint64> BitsBegin(qint64 piece) const;
+  /// The hash of a piece from the boundary on, as it was before the pass, if that is known.
+  [[nodiscard]] FileResult<std::optional<quint64>> OriginalHashOf(qint64 piece) const;
 
   /// Makes the piece the boundary and keeps its originals, which are at the start of the buffer.
   /// Takes effect with the next Sync().
@@ -147,16 +150,24 @@ class PassRecord {
   [[nodiscard]] qint64 OriginalsOffset(quint64 slot) const;
   [[nodiscard]] qint64 WholeLength() const;
 
-  [[nodiscard]] std::optional<Slot> ReadHead(quint64 slot) const;
-  [[nodiscard]] bool IsWhole(const Slot& slot) const;
+  using Found = tl::expected<void, RecordFault>;
+
+  [[nodiscard]] FileResult<std::optional<Slot>> ReadHead(quint64 slot) const;
+  [[nodiscard]] FileResult<std::optional<Slot>> ReadHeadAt(quint64 slot, qint64 offset) const;
+  [[nodiscard]] FileResult<bool> AreOriginalsWhole(const Slot& slot) const;
+  [[nodiscard]] FileResult<bool> AreBitsWhole(qint64 piece) const;
+  [[nodiscard]] FileResult<bool> IsWhole(const Slot& slot) const;
+  [[nodiscard]] FileResult<bool> AreFactsWhole() const;
   [[nodiscard]] FileResult<void> WriteHead(const Slot& slot);
-  [[nodiscard]] tl::expected<void, RecordFault> FindBoundary();
+  [[nodiscard]] FileResult<Found> FindBoundary();
+  [[nodiscard]] tl::unexpected<FileError> Damaged() const;
 
   QString path_;
   std::shared_ptr<DiskFile> file_;
   PassFacts facts_;
   qint64 headerLength_ = 0;
   Slot slot_;
+  std::optional<Slot> unfinished_;  // the one after it, of which not everything reached the disk
 };
 
 }  // namespace brindle

@@ -51,7 +51,7 @@ bool IsNewer(const FoundRecord& one, const FoundRecord& other) {
 int FoundRecord::Percent() const {
   constexpr qint64 whole = 100;
   const auto done = facts.grid.PositionOf(boundary) - 1;
-  return facts.fileLength == 0 ? 0 : static_cast<int>(done / (facts.fileLength / whole + 1));
+  return facts.fileLength == 0 ? 0 : static_cast<int>(done * whole / facts.fileLength);
 }
 
 PassRecords::PassRecords(QString folder, const Disk& disk)
@@ -95,7 +95,12 @@ FileResult<PassRecord> PassRecords::Create(PassFacts facts) const {
   return disk_.MakeFolder(folder_)
       .and_then([&] { return PassRecord::Create(disk_, path, std::move(facts)); })
       .and_then([&](PassRecord record) {
-        return disk_.SyncFolder(folder_).map([&] { return std::move(record); });
+        return disk_.SyncFolder(folder_)
+            .map([&] { return std::move(record); })
+            .map_error([&](const FileError& error) {
+              Remove(path);
+              return error;
+            });
       });
 }
 

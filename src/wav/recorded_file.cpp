@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -87,19 +88,16 @@ WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
   return Read(piece).and_then([&](const Loaded& originals) {
     facts_.originalHash = originals.hash;
     facts_.range = originals.range;
-    // The piece has been mapped before, and taken back.
-    const auto known = record_.FactsOf(piece);
-    if (known && known->originalHash != facts_.originalHash) {
-      return WavResult<void>(Changed());
-    }
-    return KeepBits(piece, originals.words).and_then([&] {
-      return record_.Protect(piece, buffer_, facts_.originalHash)
-          .map([&] {
-            piece_ = piece;
-            left_.assign((originals.words.size() + BlockWords - 1) / BlockWords, std::nullopt);
-          })
-          .map_error(FailedAt(Writing));
-    });
+    return CheckOriginal(piece, facts_.originalHash)
+        .and_then([&] { return KeepBits(piece, originals.words); })
+        .and_then([&] {
+          return record_.Protect(piece, buffer_, facts_.originalHash)
+              .map([&] {
+                piece_ = piece;
+                left_.assign((originals.words.size() + BlockWords - 1) / BlockWords, std::nullopt);
+              })
+              .map_error(FailedAt(Writing));
+        });
   });
 }
 
@@ -135,12 +133,42 @@ WavResult<void> RecordedFile::ClosePiece() {
   return record_.Note(piece, facts_).map_error(FailedAt(Writing));
 }
 
-WavResult<void> RecordedFile::CheckPiece(qint64 piece) {
+WavResult<bool> RecordedFile::CheckPiece(qint64 piece) {
+  const auto boundary = record_.Boundary();
+  if (piece == boundary && record_.IsInFlight()) {
+    return false;  // Recover() looks at it
+  }
+  return piece < boundary ? CheckMapped(piece) : CheckUnmapped(piece);
+}
+
+WavResult<bool> RecordedFile::CheckMapped(qint64 piece) {
   return FactsOf(piece).and_then([&](const PieceFacts& facts) {
-    return Read(piece).and_then([&](const Loaded& there) -> WavResult<void> {
-      return there.hash == facts.leftHash ? WavResult<void>() : Changed();
+    return Read(piece).and_then([&](const Loaded& there) -> WavResult<bool> {
+      return there.hash == facts.leftHash ? WavResult<bool>(true) : Changed();
     });
   });
+}
+
+WavResult<bool> RecordedFile::CheckUnmapped(qint64 piece) {
+  const auto known = record_.OriginalHashOf(piece);
+  if (!known) {
+    return tl::unexpected(WavError{Writing, known.error()});
+  }
+  if (!*known) {
+    return false;
+  }
+  return Read(piece).and_then([&](const Loaded& there) -> WavResult<bool> {
+    return there.hash == **known ? WavResult<bool>(true) : Changed();
+  });
+}
+
+// A piece that has been mapped before, and taken back, or one that was to be mapped next.
+WavResult<void> RecordedFile::CheckOriginal(qint64 piece, quint64 hash) const {
+  return record_.OriginalHashOf(piece)
+      .map_error(FailedAt(Writing))
+      .and_then([&](std::optional<quint64> known) -> WavResult<void> {
+        return !known || *known == hash ? WavResult<void>() : Changed();
+      });
 }
 
 WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
@@ -155,7 +183,8 @@ WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
   if (there->hash != facts->leftHash) {
     return Changed();
   }
-  const auto bits = record_.ReadBits(record_.BitsBegin(piece), facts->bitsEnd);
+  const auto bits = record_.BitsBegin(piece).and_then(
+      [&](qint64 begin) { return record_.ReadBits(begin, facts->bitsEnd); });
   if (!bits) {
     return tl::unexpected(WavError{Writing, bits.error()});
   }
@@ -216,26 +245,31 @@ WavResult<void> RecordedFile::Write(qint64 piece, Samples words) {
 }
 
 WavResult<void> RecordedFile::KeepBits(qint64 piece, Samples originals) {
-  facts_.bitsEnd = record_.BitsBegin(piece);
+  const auto begin = record_.BitsBegin(piece);
+  if (!begin) {
+    return tl::unexpected(WavError{Writing, begin.error()});
+  }
   std::vector<std::byte> bits;
   if (MostBitsLost(table_, facts_.range) > 0) {
     int used = 0;
     InverseTable(table_, facts_.range).Keep(originals, table_, bits, used);
   }
   facts_.bitsHash = HashOf(bits);
-  const auto begin =
-      std::exchange(facts_.bitsEnd, facts_.bitsEnd + static_cast<qint64>(bits.size()));
+  facts_.bitsEnd = *begin + static_cast<qint64>(bits.size());
   if (facts_.bitsEnd > record_.Facts().bitsRoom) {
     return tl::unexpected(
         file_->ErrorBecause(Writing, u"the file was changed since it was scanned"_s));
   }
   return bits.empty() ? WavResult<void>()
-                      : record_.WriteBits(begin, bits).map_error(FailedAt(Writing));
+                      : record_.WriteBits(*begin, bits).map_error(FailedAt(Writing));
 }
 
 WavResult<PieceFacts> RecordedFile::FactsOf(qint64 piece) const {
-  const auto facts = record_.FactsOf(piece);
-  return facts ? WavResult<PieceFacts>(*facts) : Damaged();
+  return record_.FactsOf(piece)
+      .map_error(FailedAt(Writing))
+      .and_then([this](const std::optional<PieceFacts>& facts) {
+        return facts ? WavResult<PieceFacts>(*facts) : Damaged();
+      });
 }
 
 WavResult<void> RecordedFile::CheckBetween(Samples originals, qint64 piece) {

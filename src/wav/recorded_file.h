@@ -56,8 +56,9 @@ class RecordedFile {
   /// Notes what the piece has been mapped to.
   [[nodiscard]] WavResult<void> ClosePiece();
 
-  /// An error if a piece before the boundary is not what the pass left.
-  [[nodiscard]] WavResult<void> CheckPiece(qint64 piece);
+  /// An error if a piece before the boundary is not what the pass left, or if one that was taken
+  /// back is not the original. False, and it is not even read, if nothing is known of the piece.
+  [[nodiscard]] WavResult<bool> CheckPiece(qint64 piece);
   /// Works out the originals of a mapped piece and has the record keep them.
   [[nodiscard]] WavResult<void> RestorePiece(qint64 piece);
   /// Writes them.
@@ -78,6 +79,9 @@ class RecordedFile {
   };
   [[nodiscard]] WavResult<Loaded> Read(qint64 piece);
   [[nodiscard]] WavResult<void> Write(qint64 piece, Samples words);
+  [[nodiscard]] WavResult<bool> CheckMapped(qint64 piece);
+  [[nodiscard]] WavResult<bool> CheckUnmapped(qint64 piece);
+  [[nodiscard]] WavResult<void> CheckOriginal(qint64 piece, quint64 hash) const;
   [[nodiscard]] WavResult<void> KeepBits(qint64 piece, Samples originals);
   [[nodiscard]] WavResult<PieceFacts> FactsOf(qint64 piece) const;
   [[nodiscard]] WavResult<void> CheckBetween(Samples originals, qint64 piece);

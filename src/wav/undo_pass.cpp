@@ -82,12 +82,12 @@ WavResult<void> UndoPass::Open() {
 }
 
 UndoPass::Step UndoPass::CheckPiece() {
-  if (isUnchanged_ || checked_ == mapped_) {
+  if (isUnchanged_ || checked_ == recorded_->Grid().Count()) {
     return GoOnTo(Turn::Recover);
   }
-  return recorded_->CheckPiece(checked_).map([this]() -> std::optional<PassProgress> {
+  return recorded_->CheckPiece(checked_).map([this](bool isRead) -> std::optional<PassProgress> {
     ++checked_;
-    return timer_->IsDue(UpdateInterval::Half) ? std::optional(Progress()) : std::nullopt;
+    return isRead && timer_->IsDue(UpdateInterval::Half) ? std::optional(Progress()) : std::nullopt;
   });
 }
 
@@ -120,7 +120,7 @@ UndoPass::Step UndoPass::GoOnTo(Turn turn) {
 }
 
 PassProgress UndoPass::Progress() {
-  const auto whole = isUnchanged_ ? mapped_ : 2 * mapped_;
+  const auto whole = mapped_ + (isUnchanged_ ? 0 : recorded_->Grid().Count());
   const auto done = (mapped_ - left_) + checked_;
   const auto length = recorded_->Record().Facts().fileLength;
   // What the division leaves out is less than a byte for each piece.

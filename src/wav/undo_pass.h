@@ -24,7 +24,7 @@ namespace brindle {
 /// piece to the first. Ended early, it leaves an interrupted pass, which can be gone on with or
 /// taken back.
 ///
-/// Touches nothing if a piece is not what the pass left. Unless
+/// Touches nothing if a piece is not what the pass left, or what an earlier undo made of it. Unless
 /// the system says that the recording has not been changed since, all pieces are checked before the
 /// first one is restored. Progress is due every half second, after a piece or while the disk takes
 /// it in; it counts the pieces that are done.
@@ -72,7 +72,7 @@ class UndoPass : public Pass {
   std::optional<PassTimer> timer_;
   DiskWait wait_;
   Turn turn_ = Turn::Open;
-  qint64 checked_ = 0;  // pieces from the first one on that are what the pass left
+  qint64 checked_ = 0;  // pieces from the first one on that nobody has changed
   qint64 left_ = 0;     // pieces that are to be restored
   qint64 mapped_ = 0;   // pieces that were at the beginning
   bool isUnchanged_ = false;
