@@ -407,17 +407,18 @@ FileResult<bool> PassRecord::AreOriginalsWhole(const Slot& slot) const {
 }
 
 FileResult<bool> PassRecord::AreBitsWhole(qint64 piece) const {
+  const auto before = piece > 0 ? FactsOf(piece - 1) : std::optional(PieceFacts());
   const auto facts = FactsOf(piece);
-  const auto begin = BitsBegin(piece);
-  if (!facts || !begin) {
-    return tl::unexpected(facts ? begin.error() : facts.error());
+  if (!before || !facts) {
+    return tl::unexpected(before ? facts.error() : before.error());
   }
-  if (!*facts || (*facts)->bitsEnd < *begin) {
+  if (!*before || !*facts || (*facts)->bitsEnd < (*before)->bitsEnd) {
     return false;
   }
-  return ReadBits(*begin, (*facts)->bitsEnd).map([&](const std::vector<std::byte>& bits) {
-    return brindle::HashOf(bits) == (*facts)->bitsHash;
-  });
+  return ReadBits((*before)->bitsEnd, (*facts)->bitsEnd)
+      .map([&](const std::vector<std::byte>& bits) {
+        return brindle::HashOf(bits) == (*facts)->bitsHash;
+      });
 }
 
 // Whether all that was written together with the head has reached the disk: the originals, and
@@ -491,8 +492,9 @@ FileResult<PassRecord::Found> PassRecord::FindBoundary() {
           [&](bool areWhole) { return areWhole ? Found() : fault(RecordFault::Damaged); });
     }
   }
-  // If the first originals never were on the disk as a whole, nothing was written over them.
-  const bool isFirst = newer ? newer->number == 1 : !*noted;
+  // If the first originals never were on the disk as a whole, nothing was written over them. They
+  // had their room, though.
+  const bool isFirst = *length >= WholeLength() && (newer ? newer->number == 1 : !*noted);
   return fault(isFirst ? RecordFault::NotBegun : RecordFault::Damaged);
 }
 

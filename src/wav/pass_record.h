@@ -107,6 +107,8 @@ class PassRecord {
   [[nodiscard]] FileResult<std::optional<PieceFacts>> FactsOf(qint64 piece) const;
   /// Where the bits of a piece begin, in bytes of all bits.
   [[nodiscard]] FileResult<qint64> BitsBegin(qint64 piece) const;
+  /// Whether the bits of a piece before the boundary are those that were written.
+  [[nodiscard]] FileResult<bool> AreBitsWhole(qint64 piece) const;
   /// The hash of a piece from the boundary on, as it was before the pass, if that is known.
   [[nodiscard]] FileResult<std::optional<quint64>> OriginalHashOf(qint64 piece) const;
 
@@ -155,7 +157,6 @@ class PassRecord {
   [[nodiscard]] FileResult<std::optional<Slot>> ReadHead(quint64 slot) const;
   [[nodiscard]] FileResult<std::optional<Slot>> ReadHeadAt(quint64 slot, qint64 offset) const;
   [[nodiscard]] FileResult<bool> AreOriginalsWhole(const Slot& slot) const;
-  [[nodiscard]] FileResult<bool> AreBitsWhole(qint64 piece) const;
   [[nodiscard]] FileResult<bool> IsWhole(const Slot& slot) const;
   [[nodiscard]] FileResult<bool> AreFactsWhole() const;
   [[nodiscard]] FileResult<void> WriteHead(const Slot& slot);

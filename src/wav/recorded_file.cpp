@@ -171,6 +171,12 @@ WavResult<void> RecordedFile::CheckOriginal(qint64 piece, quint64 hash) const {
       });
 }
 
+WavResult<void> RecordedFile::CheckBits(qint64 piece) const {
+  return record_.AreBitsWhole(piece).map_error(FailedAt(Writing)).and_then([this](bool areWhole) {
+    return areWhole ? WavResult<void>() : Damaged();
+  });
+}
+
 WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
   const auto facts = FactsOf(piece);
   if (!facts) {
@@ -282,7 +288,7 @@ WavResult<void> RecordedFile::CheckBetween(Samples originals, qint64 piece) {
     const auto there = Samples(now).first(count);
     const auto left = Samples(mapped).first(count);
     const auto position = start + static_cast<qint64>(first) * WordSize;
-    if (const auto read = file_->Read(position, BytesOf(there)); !read) {
+    if (auto read = file_->Read(position, BytesOf(there)); !read) {
       return read;
     }
     std::copy(block.begin(), block.end(), left.begin());

@@ -59,6 +59,8 @@ class RecordedFile {
   /// An error if a piece before the boundary is not what the pass left, or if one that was taken
   /// back is not the original. False, and it is not even read, if nothing is known of the piece.
   [[nodiscard]] WavResult<bool> CheckPiece(qint64 piece);
+  /// An error if the record has lost what it takes to restore a piece before the boundary.
+  [[nodiscard]] WavResult<void> CheckBits(qint64 piece) const;
   /// Works out the originals of a mapped piece and has the record keep them.
   [[nodiscard]] WavResult<void> RestorePiece(qint64 piece);
   /// Writes them.

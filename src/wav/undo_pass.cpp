@@ -82,13 +82,19 @@ WavResult<void> UndoPass::Open() {
 }
 
 UndoPass::Step UndoPass::CheckPiece() {
-  if (isUnchanged_ || checked_ == recorded_->Grid().Count()) {
+  if (checked_ == recorded_->Grid().Count()) {
     return GoOnTo(Turn::Recover);
   }
-  return recorded_->CheckPiece(checked_).map([this](bool isRead) -> std::optional<PassProgress> {
-    ++checked_;
-    return isRead && timer_->IsDue(UpdateInterval::Half) ? std::optional(Progress()) : std::nullopt;
-  });
+  const auto bits = checked_ < mapped_ ? recorded_->CheckBits(checked_) : WavResult<void>();
+  return bits
+      .and_then([this] {
+        return isUnchanged_ ? WavResult<bool>(false) : recorded_->CheckPiece(checked_);
+      })
+      .map([this](bool isRead) -> std::optional<PassProgress> {
+        ++checked_;
+        return isRead && timer_->IsDue(UpdateInterval::Half) ? std::optional(Progress())
+                                                             : std::nullopt;
+      });
 }
 
 UndoPass::Step UndoPass::RestorePiece() {
@@ -121,7 +127,7 @@ UndoPass::Step UndoPass::GoOnTo(Turn turn) {
 
 PassProgress UndoPass::Progress() {
   const auto whole = mapped_ + (isUnchanged_ ? 0 : recorded_->Grid().Count());
-  const auto done = (mapped_ - left_) + checked_;
+  const auto done = (mapped_ - left_) + (isUnchanged_ ? 0 : checked_);
   const auto length = recorded_->Record().Facts().fileLength;
   // What the division leaves out is less than a byte for each piece.
   return timer_->ProgressAt(whole == 0 ? length : length / whole * done);

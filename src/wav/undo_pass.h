@@ -24,10 +24,10 @@ namespace brindle {
 /// piece to the first. Ended early, it leaves an interrupted pass, which can be gone on with or
 /// taken back.
 ///
-/// Touches nothing if a piece is not what the pass left, or what an earlier undo made of it. Unless
-/// the system says that the recording has not been changed since, all pieces are checked before the
-/// first one is restored. Progress is due every half second, after a piece or while the disk takes
-/// it in; it counts the pieces that are done.
+/// Touches nothing if a piece is not what the pass left, or what an earlier undo made of it, or if
+/// the record is damaged. Unless the system says that the recording has not been changed since, all
+/// pieces are checked before the first one is restored. Progress is due every half second, after a
+/// piece or while the disk takes it in; it counts the pieces that are done.
 class UndoPass : public Pass {
  public:
   /// `recording` is the path where the recording is now.

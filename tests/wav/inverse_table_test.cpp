@@ -85,15 +85,15 @@ const std::vector<InverseCase> Cases{
     // 16385 levels become -32768, and 16384 become 32767.
     {"DoubledAndAllLevels", 2, AllLevels, 15, std::size_t{16385} * 15 + std::size_t{16384} * 14},
     // -1, 0 and 1 become 0; 3, 4 and 5 become 2.
-    {"Halved", 0.5, {.lowest = -1, .highest = 5}, 2, 6 * 2},
+    {"Halved", 0.5, {.lowest = -1, .highest = 5}, 2, 12},
     {"HalvedAndOneLevel", 0.5, {.lowest = 3, .highest = 3}, 0, 0},
-    {"HalvedUpsideDown", -0.5, {.lowest = -5, .highest = 1}, 2, 6 * 2},
+    {"HalvedUpsideDown", -0.5, {.lowest = -5, .highest = 1}, 2, 12},
     {"Silenced", 0, AllLevels, 16, LevelCount * 16},
     {"SilencedAndOneLevel", 0, {.lowest = -7, .highest = -7}, 0, 0},
     {"SilencedAndTwoLevels", 0, {.lowest = -7, .highest = -6}, 1, 2},
     {"SilencedAndThreeLevels", 0, {.lowest = -7, .highest = -5}, 2, 6},
     // -50 to 50 become 0; they are 101 levels.
-    {"NearlySilenced", 0.01, {.lowest = -50, .highest = 50}, 7, 101 * 7},
+    {"NearlySilenced", 0.01, {.lowest = -50, .highest = 50}, 7, 707},
     // Between -109 and 109 every level keeps one of its own.
     {"OverdrivenAndNothingCutOff", 300, {.lowest = -109, .highest = 109}, 0, 0},
     {"OverdrivenAndNearlyAllCutOff", 300, AllLevels, 15,

@@ -92,9 +92,10 @@ int MostBitsLiterally(double gain, LevelRange levels) {
   std::map<std::int16_t, unsigned> sharing;
   unsigned most = 1;
   for (int level = levels.lowest; level <= levels.highest; ++level) {
-    most = std::max(most, ++sharing[table[static_cast<std::size_t>(level + 32768)]]);
+    const int index = level + 32768;
+    most = std::max(most, ++sharing[table[static_cast<std::size_t>(index)]]);
   }
-  return std::bit_width(most - 1);
+  return static_cast<int>(std::bit_width(most - 1));
 }
 
 struct Recorded {
@@ -268,7 +269,7 @@ TEST(WayBackLaws, AnUndoGoesOnAfterEveryUpdate) {
 }
 
 TEST(WayBackLaws, AnOrdinaryAmplificationKeepsNothingButFacts) {
-  for (const std::size_t pieces : {1, 2, 5}) {
+  for (const auto pieces : std::vector<std::size_t>{1, 2, 5}) {
     const Recorded pass{
         .original = WavParts{.samples = Noise(pieces * Block)}.Bytes(),
         .how = {.gain = 32767.0 / 12000, .levels = {.lowest = -12000, .highest = 12000}}};
