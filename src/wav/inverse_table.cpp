@@ -64,10 +64,19 @@ unsigned Take(int count, std::span<const std::byte> bits, qint64& at) {
   return number;
 }
 
+// Any level, if the range has all of them: then there is no new level that is impossible, unless
+// several share one.
+std::int16_t LevelOutside(LevelRange range) {
+  if (range.lowest > AllLevels.lowest) {
+    return static_cast<std::int16_t>(range.lowest - 1);
+  }
+  return static_cast<std::int16_t>(range.highest < AllLevels.highest ? range.highest + 1 : 0);
+}
+
 }  // namespace
 
 InverseTable::InverseTable(const GainTable& table, LevelRange range)
-    : first_(LevelCount), bits_(LevelCount, Impossible) {
+    : first_(LevelCount, LevelOutside(range)), bits_(LevelCount, Impossible), range_(range) {
   for (int first = range.lowest; first <= range.highest;) {
     const auto mapped = table(static_cast<std::int16_t>(first));
     int next = first + 1;
@@ -92,10 +101,12 @@ void InverseTable::Keep(std::span<const std::int16_t> originals, const GainTable
 
 bool InverseTable::Restore(Samples words, std::span<const std::byte> bits, qint64& at) const {
   if (mostBits_ == 0) {
+    // Without a branch for each word.
     for (auto& word : words) {
       word = first_[IndexOf(word)];
     }
-    return true;
+    const auto restored = RangeOf(words);
+    return restored.lowest >= range_.lowest && restored.highest <= range_.highest;
   }
   const auto end = static_cast<qint64>(bits.size()) * BitsPerByte;
   for (auto& word : words) {

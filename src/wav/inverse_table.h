@@ -33,16 +33,17 @@ class InverseTable {
             std::vector<std::byte>& bits, int& used) const;
 
   /// Replaces new levels by the original ones. Takes the bits from number `at` on and moves it past
-  /// them. False if they end early, or if a word that needs some can have come from no level of the
-  /// range. Where MostBits() is 0, nothing is checked: such a word becomes any level.
+  /// them. False if a word can have come from no level of the range, or if the bits end early; the
+  /// words are of no use then.
   [[nodiscard]] bool Restore(Samples words, std::span<const std::byte> bits, qint64& at) const;
 
  private:
   static constexpr std::uint8_t Impossible = 255;
 
   // By new level, from -32768 on.
-  std::vector<std::int16_t> first_;  // the lowest original
+  std::vector<std::int16_t> first_;  // the lowest original, or a level outside the range
   std::vector<std::uint8_t> bits_;   // that tell the original, or Impossible
+  LevelRange range_;
   int mostBits_ = 0;
 };
 

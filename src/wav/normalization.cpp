@@ -333,7 +333,6 @@ Normalization::Step Normalization::MapReadBlocks() {
     const auto position = position_ + block * BlockSize;
     const auto samples = recorded_->WordsAt(position, BlockWords);
     table_->Map(samples);
-    recorded_->HasMapped(position, samples);
     if (auto written = Write(position, BytesOf(samples)); !written) {
       return tl::unexpected(written.error());
     }
@@ -445,9 +444,6 @@ WavResult<void> Normalization::MapBlock(std::size_t words) {
   const auto samples = RoomFor(position_, words);
   return Fetch(position_, samples).and_then([&] {
     table_->Map(samples);
-    if (recorded_) {
-      recorded_->HasMapped(position_, samples);
-    }
     return Write(position_, BytesOf(samples));
   });
 }

@@ -54,7 +54,7 @@ constexpr qint64 LongestFacts = 1'048'576;  // bytes; a path is never that long
 constexpr qint64 PreambleLength = static_cast<qint64>(MarkLength) + 2 * sizeof(quint64);
 constexpr qint64 SlotHeadLength = 6 * sizeof(quint64);
 constexpr qint64 CopyOfHead = Unit / 2;  // bytes after the head
-constexpr qint64 PieceFactsLength = 5 * sizeof(quint64) + 2 * sizeof(std::int16_t);
+constexpr qint64 PieceFactsLength = 4 * sizeof(quint64) + 2 * sizeof(std::int16_t);
 
 constexpr qint64 UpToUnit(qint64 bytes) { return (bytes + Unit - 1) / Unit * Unit; }
 
@@ -299,8 +299,8 @@ FileResult<std::optional<PieceFacts>> PassRecord::FactsOf(qint64 piece) const {
       .map([&](const QByteArray& sealed) -> std::optional<PieceFacts> {
         const auto bytes = Unsealed(sealed);
         PieceFacts facts;
-        if (!bytes || !Reader(*bytes).To(facts.leftHash, facts.originalHash, facts.bitsHash,
-                                         facts.bitsEnd, facts.range.lowest, facts.range.highest)) {
+        if (!bytes || !Reader(*bytes).To(facts.originalHash, facts.bitsHash, facts.bitsEnd,
+                                         facts.range.lowest, facts.range.highest)) {
           return std::nullopt;
         }
         const bool isPossible = facts.bitsEnd >= 0 && facts.bitsEnd <= facts_.bitsRoom;
@@ -349,8 +349,8 @@ FileResult<void> PassRecord::ReadInFlight(PieceBuffer& originals) const {
 
 FileResult<void> PassRecord::Note(qint64 piece, const PieceFacts& facts) {
   return WriteTo(*file_, FactsOffset(piece),
-                 Sealed(Writer().Of(facts.leftHash, facts.originalHash, facts.bitsHash,
-                                    facts.bitsEnd, facts.range.lowest, facts.range.highest)));
+                 Sealed(Writer().Of(facts.originalHash, facts.bitsHash, facts.bitsEnd,
+                                    facts.range.lowest, facts.range.highest)));
 }
 
 FileResult<void> PassRecord::WriteBits(qint64 at, std::span<const std::byte> bits) {

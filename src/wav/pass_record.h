@@ -39,11 +39,11 @@ struct PassFacts {
 
 /// What a record says of a piece that the pass has mapped.
 struct PieceFacts {
-  quint64 leftHash = 0;      ///< of the piece as the pass left it
-  quint64 originalHash = 0;  ///< of the piece as it was
-  quint64 bitsHash = 0;      ///< of the bits that tell the originals
-  qint64 bitsEnd = 0;        ///< bytes of bits up to the end of this piece's
-  LevelRange range;          ///< of the originals
+  /// Of the piece as it was. Tells what the pass left, too: only that gives these originals.
+  quint64 originalHash = 0;
+  quint64 bitsHash = 0;  ///< of the bits that tell the originals
+  qint64 bitsEnd = 0;    ///< bytes of bits up to the end of this piece's
+  LevelRange range;      ///< of the originals
 };
 
 /// The hash that records use for bytes: XXH3, 64 bits.

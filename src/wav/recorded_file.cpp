@@ -92,10 +92,7 @@ WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
         .and_then([&] { return KeepBits(piece, originals.words); })
         .and_then([&] {
           return record_.Protect(piece, buffer_, facts_.originalHash)
-              .map([&] {
-                piece_ = piece;
-                left_.assign((originals.words.size() + BlockWords - 1) / BlockWords, std::nullopt);
-              })
+              .map([&] { piece_ = piece; })
               .map_error(FailedAt(Writing));
         });
   });
@@ -110,27 +107,8 @@ bool RecordedFile::IsInOpenPiece(qint64 position) const {
   return piece_ && position < Grid().PositionOf(*piece_ + 1);
 }
 
-void RecordedFile::HasMapped(qint64 position, Samples words) {
-  const auto offset = position - Grid().PositionOf(*piece_);
-  const auto end = offset + static_cast<qint64>(words.size_bytes());
-  const bool isWhole =
-      offset % BlockSize == 0 && (words.size() == BlockWords || end == Grid().BytesOf(*piece_));
-  if (isWhole) {
-    left_[static_cast<std::size_t>(offset / BlockSize)] = HashOf(BytesOf(words));
-  }
-}
-
 WavResult<void> RecordedFile::ClosePiece() {
-  const auto piece = *std::exchange(piece_, std::nullopt);
-  auto words = buffer_.Words(Grid().BytesOf(piece));
-  std::vector<quint64> hashes;
-  for (const auto& known : left_) {
-    const auto block = words.first(std::min(words.size(), BlockWords));
-    hashes.push_back(known ? *known : HashOf(BytesOf(block)));
-    words = words.subspan(block.size());
-  }
-  facts_.leftHash = HashOfBlocks(hashes);
-  return record_.Note(piece, facts_).map_error(FailedAt(Writing));
+  return record_.Note(*std::exchange(piece_, std::nullopt), facts_).map_error(FailedAt(Writing));
 }
 
 WavResult<bool> RecordedFile::CheckPiece(qint64 piece) {
@@ -142,11 +120,7 @@ WavResult<bool> RecordedFile::CheckPiece(qint64 piece) {
 }
 
 WavResult<bool> RecordedFile::CheckMapped(qint64 piece) {
-  return FactsOf(piece).and_then([&](const PieceFacts& facts) {
-    return Read(piece).and_then([&](const Loaded& there) -> WavResult<bool> {
-      return there.hash == facts.leftHash ? WavResult<bool>(true) : Changed();
-    });
-  });
+  return ReadRestored(piece).map([](const PieceFacts&) { return true; });
 }
 
 WavResult<bool> RecordedFile::CheckUnmapped(qint64 piece) {
@@ -178,37 +152,42 @@ WavResult<void> RecordedFile::CheckBits(qint64 piece) const {
 }
 
 WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
+  return ReadRestored(piece).and_then([&](const PieceFacts& facts) {
+    return record_.Protect(piece, buffer_, facts.originalHash).map_error(FailedAt(Writing));
+  });
+}
+
+// Fills the buffer with the originals of a mapped piece.
+WavResult<PieceFacts> RecordedFile::ReadRestored(qint64 piece) {
   const auto facts = FactsOf(piece);
   if (!facts) {
-    return tl::unexpected(facts.error());
-  }
-  const auto there = Read(piece);
-  if (!there) {
-    return tl::unexpected(there.error());
-  }
-  if (there->hash != facts->leftHash) {
-    return Changed();
+    return facts;
   }
   const auto bits = record_.BitsBegin(piece).and_then(
       [&](qint64 begin) { return record_.ReadBits(begin, facts->bitsEnd); });
   if (!bits) {
     return tl::unexpected(WavError{Writing, bits.error()});
   }
-  qint64 at = 0;
-  const InverseTable inverse(table_, facts->range);
-  std::vector<quint64> hashes;
-  for (auto rest = there->words; !rest.empty();) {
-    const auto block = rest.first(std::min(rest.size(), BlockWords));
-    if (!inverse.Restore(block, *bits, at)) {
-      return Damaged();
-    }
-    hashes.push_back(HashOf(BytesOf(block)));
-    rest = rest.subspan(block.size());
-  }
-  if (HashOfBlocks(hashes) != facts->originalHash) {
+  if (HashOf(*bits) != facts->bitsHash) {
     return Damaged();
   }
-  return record_.Protect(piece, buffer_, facts->originalHash).map_error(FailedAt(Writing));
+  const InverseTable inverse(table_, facts->range);
+  std::vector<quint64> hashes;
+  qint64 at = 0;
+  auto position = Grid().PositionOf(piece);
+  for (auto rest = buffer_.Words(Grid().BytesOf(piece)); !rest.empty();) {
+    const auto block = rest.first(std::min(rest.size(), BlockWords));
+    if (const auto read = file_->Read(position, BytesOf(block)); !read) {
+      return tl::unexpected(read.error());
+    }
+    if (!inverse.Restore(block, *bits, at)) {
+      return Changed();
+    }
+    hashes.push_back(HashOf(BytesOf(block)));
+    position += static_cast<qint64>(block.size_bytes());
+    rest = rest.subspan(block.size());
+  }
+  return HashOfBlocks(hashes) == facts->originalHash ? facts : Changed();
 }
 
 WavResult<void> RecordedFile::WriteBack(qint64 piece) {

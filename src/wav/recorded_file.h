@@ -51,9 +51,7 @@ class RecordedFile {
   /// The words of the open piece from a position on.
   [[nodiscard]] Samples WordsAt(qint64 position, std::size_t words);
   [[nodiscard]] bool IsInOpenPiece(qint64 position) const;
-  /// Words of the open piece have been mapped.
-  void HasMapped(qint64 position, Samples words);
-  /// Notes what the piece has been mapped to.
+  /// Notes what it takes to restore the piece.
   [[nodiscard]] WavResult<void> ClosePiece();
 
   /// An error if a piece before the boundary is not what the pass left, or if one that was taken
@@ -80,6 +78,7 @@ class RecordedFile {
     quint64 hash = 0;
   };
   [[nodiscard]] WavResult<Loaded> Read(qint64 piece);
+  [[nodiscard]] WavResult<PieceFacts> ReadRestored(qint64 piece);
   [[nodiscard]] WavResult<void> Write(qint64 piece, Samples words);
   [[nodiscard]] WavResult<bool> CheckMapped(qint64 piece);
   [[nodiscard]] WavResult<bool> CheckUnmapped(qint64 piece);
@@ -96,8 +95,6 @@ class RecordedFile {
   PieceBuffer buffer_;
   std::optional<qint64> piece_;  // that is open
   PieceFacts facts_;             // of it
-  // The hashes of its blocks as they were mapped; none of a block that was mapped in parts.
-  std::vector<std::optional<quint64>> left_;
 };
 
 }  // namespace brindle

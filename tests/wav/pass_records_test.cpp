@@ -55,8 +55,8 @@ void PutRecord(const Disk& disk, const QString& path, const PassFacts& facts, bo
   auto record = PassRecord::Create(disk, path, facts);
   ASSERT_TRUE(record) << record.error().reason.toStdString();
   PieceBuffer piece(facts.grid.size);
-  const auto words = std::as_bytes(piece.Words(facts.grid.BytesOf(0)));
-  ASSERT_TRUE(record->Protect(0, piece, HashOf(words)));
+  const auto words = piece.Words(facts.grid.BytesOf(0));
+  ASSERT_TRUE(record->Protect(0, piece, HashOfPiece(words)));
   if (isComplete) {
     PieceFacts noted;
     noted.bitsHash = HashOf({});
