@@ -83,7 +83,7 @@ InverseTable::InverseTable(const GainTable& table, LevelRange range)
     while (next <= range.highest && table(static_cast<std::int16_t>(next)) == mapped) {
       ++next;
     }
-    const int bits = std::bit_width(static_cast<unsigned>(next - first - 1));
+    const auto bits = static_cast<int>(std::bit_width(static_cast<unsigned>(next - first - 1)));
     first_[IndexOf(mapped)] = static_cast<std::int16_t>(first);
     bits_[IndexOf(mapped)] = static_cast<std::uint8_t>(bits);
     mostBits_ = std::max(mostBits_, bits);
