@@ -21,7 +21,8 @@ namespace {
 constexpr int BitsPerByte = 8;
 
 std::size_t IndexOf(int level) {
-  return static_cast<std::size_t>(level + static_cast<int>(LevelZero));
+  const int index = level + static_cast<int>(LevelZero);
+  return static_cast<std::size_t>(index);
 }
 
 // The table rises or falls, so the levels that share a new one stand side by side.
