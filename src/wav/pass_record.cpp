@@ -145,7 +145,7 @@ bool IsPossible(const PassFacts& facts) {
          grid.end >= grid.start && grid.end - 1 <= facts.fileLength &&
          (grid.end - grid.start) % WordSize == 0 && facts.headLength == HeadLength(grid.start) &&
          facts.bitsRoom >= 0 && facts.bitsRoom <= facts.fileLength + grid.Count() &&
-         std::isfinite(facts.gain);
+         std::isfinite(facts.gain) && facts.path.isValidUtf16() && !facts.path.contains(QChar());
 }
 
 std::optional<PassFacts> PassFactsOf(const QByteArray& bytes) {
@@ -412,7 +412,13 @@ FileResult<bool> PassRecord::AreBitsWhole(qint64 piece) const {
   if (!before || !facts) {
     return tl::unexpected(before ? facts.error() : before.error());
   }
-  if (!*before || !*facts || (*facts)->bitsEnd < (*before)->bitsEnd) {
+  // No more bits than the file has.
+  const auto length = file_->Length();
+  if (!length) {
+    return tl::unexpected(length.error());
+  }
+  if (!*before || !*facts || (*facts)->bitsEnd < (*before)->bitsEnd ||
+      (*facts)->bitsEnd > *length - BitsOffset()) {
     return false;
   }
   return ReadBits((*before)->bitsEnd, (*facts)->bitsEnd)

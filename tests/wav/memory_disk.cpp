@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -81,12 +80,13 @@ class MemoryDisk::File : public DiskFile {
     }
     const auto from = std::min(static_cast<std::size_t>(offset), bytes_->size());
     const auto there = std::min(bytes.size(), bytes_->size() - from);
-    std::memcpy(bytes.data(), bytes_->data() + from, there);
+    std::copy_n(std::as_bytes(std::span(*bytes_)).begin() + static_cast<std::ptrdiff_t>(from),
+                there, bytes.begin());
     return there;
   }
   [[nodiscard]] FileResult<void> Write(qint64 offset, std::span<const std::byte> bytes) override {
     std::string copy(bytes.size(), '\0');
-    std::memcpy(copy.data(), bytes.data(), bytes.size());
+    std::copy(bytes.begin(), bytes.end(), std::as_writable_bytes(std::span(copy)).begin());
     return Change({.call = Call::Write,
                    .path = Name(),
                    .offset = static_cast<std::size_t>(offset),

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <span>
@@ -234,6 +235,8 @@ const std::vector<MadeUpCase> MadeUpCases{
     {"NegativeBits", [](PassFacts& facts) { facts.bitsRoom = -1; }},
     {"EndlessBits", [](PassFacts& facts) { facts.bitsRoom = std::numeric_limits<qint64>::max(); }},
     {"NoNumber", [](PassFacts& facts) { facts.gain = std::numeric_limits<double>::quiet_NaN(); }},
+    {"NoText", [](PassFacts& facts) { facts.path = QChar(0xD800); }},
+    {"EndedText", [](PassFacts& facts) { facts.path += QChar(); }},
     {"EndlessGain", [](PassFacts& facts) { facts.gain = std::numeric_limits<double>::infinity(); }},
 };
 
@@ -287,6 +290,23 @@ TEST(MadeUpRecordTest, PiecesSmallerThanARoundOfBlocksAreNotTaken) {
   const MemoryDisk disk({{Recording, WavParts{.samples = Noise(130 * Block)}.Bytes()}});
   const auto end = NormalizeOn(disk, {.buffering = Buffering::Multi});
   EXPECT_TRUE(end.ends_with(": the record of the pass is damaged")) << end;
+}
+
+TEST(MadeUpRecordTest, BitsAreNoMoreThanTheFileHas) {
+  MemoryDisk disk({{Recording, Original()}});
+  ASSERT_EQ(NormalizeOn(disk, How), "completed");
+  const auto found = RecordsOn(disk).Find().front();
+  const auto path = found.path.toStdString();
+  auto facts = found.facts;
+  facts.fileLength = facts.bitsRoom = qint64{1} << 50;
+  auto record = HeaderBytes(FactsBytes(facts)) + disk.Bytes(path)->substr(RecordUnit);
+  const auto at = PieceFactsAt(record) + PieceFactsBytes;
+  record.replace(at + 32, 8, Number(std::uint64_t{1} << 49, 8));
+  Reseal(record, at, PieceFactsBytes);
+  disk.Put(path, record);
+  QStringList setAside;
+  EXPECT_TRUE(RecordsOn(disk).Find(&setAside).empty());
+  EXPECT_EQ(setAside.size(), 1);
 }
 
 // Bits that end before they begin, or nowhere.
