@@ -13,6 +13,7 @@
 #include <cstring>
 #include <map>
 #include <random>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -114,7 +115,8 @@ Recorded RandomPass(Chance& chance, qint64 pieceSize, std::size_t longest) {
                         .buffering = chance.OneIn(2) ? Buffering::Single : Buffering::Multi,
                         .pieceSize = pieceSize}};
   std::vector<std::int16_t> levels(parts.samples.size() / WordSize);
-  std::memcpy(levels.data(), parts.samples.data(), levels.size() * WordSize);
+  const auto words = std::as_bytes(std::span(parts.samples)).first(levels.size() * WordSize);
+  std::copy(words.begin(), words.end(), std::as_writable_bytes(std::span(levels)).begin());
   pass.how.levels = RangeOf(levels);
   // Most passes amplify, and cut nothing off.
   const auto& range = pass.how.levels;
