@@ -301,7 +301,7 @@ TEST(MadeUpRecordTest, BitsAreNoMoreThanTheFileHas) {
   facts.fileLength = facts.bitsRoom = qint64{1} << 50;
   auto record = HeaderBytes(FactsBytes(facts)) + disk.Bytes(path)->substr(RecordUnit);
   const auto at = PieceFactsAt(record) + PieceFactsBytes;
-  record.replace(at + 32, 8, Number(std::uint64_t{1} << 49, 8));
+  record.replace(at + BitsEndInPieceFacts, 8, Number(std::uint64_t{1} << 49, 8));
   Reseal(record, at, PieceFactsBytes);
   disk.Put(path, record);
   QStringList setAside;
@@ -316,12 +316,11 @@ TEST(MadeUpRecordTest, BitsOfAPieceAreThoseOfTheRecord) {
   const auto found = RecordsOn(disk).Find().front();
   const auto path = found.path.toStdString();
   const auto record = *disk.Bytes(path);
-  constexpr std::size_t bitsEnd = 32;
   for (const qint64 wrong : {qint64{-1}, std::numeric_limits<qint64>::max(),
                              std::numeric_limits<qint64>::min(), found.facts.bitsRoom}) {
     auto changed = record;
     const auto at = PieceFactsAt(record);
-    changed.replace(at + bitsEnd, 8, Number(static_cast<std::uint64_t>(wrong), 8));
+    changed.replace(at + BitsEndInPieceFacts, 8, Number(static_cast<std::uint64_t>(wrong), 8));
     Reseal(changed, at, PieceFactsBytes);
     disk.Put(path, changed);
     QStringList setAside;

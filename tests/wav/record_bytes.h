@@ -29,6 +29,7 @@ inline constexpr std::size_t PreambleBytes = MarkBytes + 16;
 inline constexpr std::size_t HeadBytes = 48;
 inline constexpr std::size_t HeadCopy = 2048;
 inline constexpr std::size_t PieceFactsBytes = 36;
+inline constexpr std::size_t BitsEndInPieceFacts = 24;
 
 inline std::string HashBytes(const std::string& bytes) {
   return Number(HashOf(std::as_bytes(std::span(bytes))), 8);
