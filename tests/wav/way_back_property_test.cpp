@@ -237,6 +237,31 @@ TEST(WayBackLaws, InPiecesOfTheUsualSize) {
   }
 }
 
+// Levels that share a new one, and bits that tell them apart, hide no change.
+TEST(WayBackLaws, NotOneMappedWordCanBeChangedUnnoticed) {
+  Chance chance(20260705);
+  for (int i = 0; i < Rounds(60); ++i) {
+    Recorded pass{.original = WavParts{.samples = chance.Sound(2000, 32767)}.Bytes(),
+                  .how = {.gain = chance.Gain()}};
+    SCOPED_TRACE(NameOfPass(pass));
+    MemoryDisk disk({{Recording, pass.original}});
+    ASSERT_EQ(NormalizeOn(disk, pass.how), "completed");
+    auto changed = *disk.Bytes(Recording);
+    const auto at = WavParts::FirstStart - 1 + chance.UpTo(999) * WordSize;
+    const auto level = changed.substr(at, WordSize);
+    // Another level that the pass could have left, near or far.
+    const auto other = chance.OneIn(2) ? pass.original.substr(WavParts::FirstStart - 1, WordSize)
+                                       : std::string{static_cast<char>(level[0] ^ 1), level[1]};
+    changed.replace(at, WordSize, other == level ? std::string("??") : other);
+    disk.Put(Recording, changed);
+    const std::string refused =
+        "Cannot write /music/recording.wav: the file was changed since it was normalized";
+    EXPECT_EQ(UndoOn(disk), refused);
+    EXPECT_EQ(FinishOn(disk), refused);
+    EXPECT_EQ(FirstDifference(*disk.Bytes(Recording), changed), "none");
+  }
+}
+
 // A pass in several buffers shows progress at every word of the last ones.
 TEST(WayBackLaws, AbortedAtAnyUpdateOfTheLastWords) {
   Chance chance(20260704);
