@@ -172,7 +172,7 @@ WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
   facts.bitsRoom = RoomForBits(data_, facts.grid, GainTable(gain), levels);
   facts.gain = gain;
   facts.buffering = buffering;
-  facts.headLength = HeadLength(data_.start);
+  facts.headLength = HeadLength(data_.start, data_.fileLength);
   return input_->OnDisk()
       ->Stamp()
       .map_error(FailedAt(WavError::Failed::Reading))

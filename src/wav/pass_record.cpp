@@ -143,9 +143,10 @@ bool IsPossible(const PassFacts& facts) {
   return facts.fileLength >= 0 && facts.fileLength <= largestFile && grid.size > 0 &&
          grid.size <= largestPiece && grid.size % BlockSize == 0 && grid.start >= 1 &&
          grid.end >= grid.start && grid.end - 1 <= facts.fileLength &&
-         (grid.end - grid.start) % WordSize == 0 && facts.headLength == HeadLength(grid.start) &&
-         facts.bitsRoom >= 0 && facts.bitsRoom <= facts.fileLength + grid.Count() &&
-         std::isfinite(facts.gain) && facts.path.isValidUtf16() && !facts.path.contains(QChar());
+         (grid.end - grid.start) % WordSize == 0 &&
+         facts.headLength == HeadLength(grid.start, facts.fileLength) && facts.bitsRoom >= 0 &&
+         facts.bitsRoom <= facts.fileLength + grid.Count() && std::isfinite(facts.gain) &&
+         facts.path.isValidUtf16() && !facts.path.contains(QChar());
 }
 
 std::optional<PassFacts> PassFactsOf(const QByteArray& bytes) {

@@ -27,7 +27,7 @@ namespace brindle {
 struct PassFacts {
   QString path;           ///< of the recording
   FileStamp stamp;        ///< of the recording, before the pass
-  qint64 created = 0;     ///< milliseconds since 1970
+  qint64 created = 0;     ///< microseconds since 1970
   qint64 fileLength = 0;  ///< bytes
   qint64 headLength = 0;  ///< bytes of the head that are hashed, see HeadLength()
   quint64 headHash = 0;   ///< of these bytes
@@ -53,9 +53,10 @@ struct PieceFacts {
 [[nodiscard]] quint64 HashOfBlocks(std::span<const quint64> blockHashes);
 [[nodiscard]] quint64 HashOfPiece(std::span<const std::int16_t> words);
 
-/// How many bytes before the samples are hashed: all of them, but no more than a mebibyte.
-[[nodiscard]] inline qint64 HeadLength(qint64 start) {
-  return std::min<qint64>(start - 1, 1'048'576);
+/// How many bytes of a file are hashed as its head: all before the samples that it has, but no more
+/// than a mebibyte.
+[[nodiscard]] inline qint64 HeadLength(qint64 start, qint64 fileLength) {
+  return std::min<qint64>({start - 1, fileLength, 1'048'576});
 }
 
 /// Why a file is not used as a record.

@@ -4,12 +4,12 @@
 #include "wav/pass_records.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <utility>
 #include <vector>
 
-#include <QDateTime>
 #include <QRandomGenerator>
 #include <QString>
 #include <QStringList>
@@ -89,7 +89,8 @@ std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const 
 }
 
 FileResult<PassRecord> PassRecords::Create(PassFacts facts) const {
-  facts.created = QDateTime::currentMSecsSinceEpoch();
+  const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
+  facts.created = std::chrono::duration_cast<std::chrono::microseconds>(since1970).count();
   const auto number = QRandomGenerator::system()->generate64();
   const QString path = folder_ + u"/%1"_s.arg(number, 16, 16, QChar(u'0')) + Ending;
   return disk_.MakeFolder(folder_)

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QIODevice>
 #include <QStorageInfo>
 #include <QString>
@@ -171,9 +172,18 @@ FileResult<void> SystemDisk::Rename(const QString& from, const QString& to) cons
 }
 
 FileResult<void> SystemDisk::MakeFolder(const QString& path) const {
+  const QFileInfo folder(path);
+  if (folder.isDir()) {
+    return {};
+  }
+  if (const auto above = folder.path(); above != path) {
+    if (const auto made = MakeFolder(above); !made) {
+      return made;
+    }
+  }
   std::error_code code;
-  std::filesystem::create_directories(path.toStdU16String(), code);
-  return ResultOf(code, path);
+  std::filesystem::create_directory(path.toStdU16String(), code);
+  return ResultOf(code, path).and_then([&] { return SyncFolder(folder.path()); });
 }
 
 FileResult<void> SystemDisk::SyncFolder(const QString& path) const {
