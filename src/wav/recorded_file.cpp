@@ -159,7 +159,7 @@ WavResult<void> RecordedFile::RestorePiece(qint64 piece) {
 
 // Fills the buffer with the originals of a mapped piece.
 WavResult<PieceFacts> RecordedFile::ReadRestored(qint64 piece) {
-  const auto facts = FactsOf(piece);
+  auto facts = FactsOf(piece);
   if (!facts) {
     return facts;
   }

@@ -34,7 +34,7 @@ using Microseconds = std::chrono::microseconds;
 class Killed : public ::testing::Test {
  protected:
   static constexpr double Amplification = 2.5;
-  static constexpr std::size_t DataBytes = 2 * 64 * Block + 3 * Block + 501;
+  static constexpr std::size_t DataBytes = (2 * std::size_t{64} + 3) * Block + 501;
 
   void SetUp() override {
     original_ = WavParts{.samples = Noise(DataBytes), .behind = "behind"}.Bytes();

@@ -172,18 +172,23 @@ FileResult<void> SystemDisk::Rename(const QString& from, const QString& to) cons
 }
 
 FileResult<void> SystemDisk::MakeFolder(const QString& path) const {
-  const QFileInfo folder(path);
-  if (folder.isDir()) {
-    return {};
+  QStringList missing;
+  for (QString folder = path; !QFileInfo(folder).isDir(); folder = QFileInfo(folder).path()) {
+    if (missing.contains(folder)) {
+      break;  // not even the drive is there
+    }
+    missing.prepend(folder);
   }
-  if (const auto above = folder.path(); above != path) {
-    if (const auto made = MakeFolder(above); !made) {
+  for (const auto& folder : missing) {
+    std::error_code code;
+    std::filesystem::create_directory(folder.toStdU16String(), code);
+    auto made =
+        ResultOf(code, folder).and_then([&] { return SyncFolder(QFileInfo(folder).path()); });
+    if (!made) {
       return made;
     }
   }
-  std::error_code code;
-  std::filesystem::create_directory(path.toStdU16String(), code);
-  return ResultOf(code, path).and_then([&] { return SyncFolder(folder.path()); });
+  return {};
 }
 
 FileResult<void> SystemDisk::SyncFolder(const QString& path) const {
