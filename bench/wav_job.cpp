@@ -37,8 +37,8 @@
 #include "wav/pass.h"
 #include "wav/peak_scan.h"
 #include "wav/samples.h"
-#include "wav/way_back.h"
 #include "wav/sound_picture.h"
+#include "wav/way_back.h"
 
 namespace brindle {
 namespace {
