@@ -28,6 +28,21 @@ inline std::string Filled(std::size_t bytes, std::int16_t level) {
   return samples;
 }
 
+/// Calls `read` with the position of each word that the loops of a usual scan read, one by one, of
+/// samples that begin at a position and are so many bytes long.
+template <class Read>
+void ForEachScannedWord(qint64 start, qint64 length, qint64 fileLength, const Read& read) {
+  const qint64 blockEnd = fileLength - length % 65536 - 65536 - 1;
+  for (qint64 position = start; position <= blockEnd; position += 65536) {
+    for (qint64 word = 0; word < 32768; ++word) {
+      read(position + 2 * word);
+    }
+  }
+  for (qint64 position = blockEnd + 65536; position <= start + length - 2; position += 2) {
+    read(position);
+  }
+}
+
 class PeakScanTest : public ::testing::Test {
  protected:
   // Scans a file of these parts, and holds that the file is as it was.

@@ -379,15 +379,7 @@ std::vector<bool> SeenWords(qint64 start, qint64 length, qint64 fileLength) {
       seen[static_cast<std::size_t>(offset / 2)] = true;
     }
   };
-  const qint64 blockEnd = fileLength - length % 65536 - 65536 - 1;
-  for (qint64 position = start; position <= blockEnd; position += 65536) {
-    for (qint64 word = 0; word < 32768; ++word) {
-      read(position + 2 * word);
-    }
-  }
-  for (qint64 position = blockEnd + 65536; position <= start + length - 2; position += 2) {
-    read(position);
-  }
+  ForEachScannedWord(start, length, fileLength, read);
   return seen;
 }
 

@@ -48,15 +48,7 @@ Ranges DrawnLiterally(const std::string& file, qint64 start, qint64 length) {
     columns[static_cast<std::size_t>(word * count / words)].Include({level, level});
   };
   const auto fileLength = static_cast<qint64>(file.size());
-  const qint64 blockEnd = fileLength - length % 65536 - 65536 - 1;
-  for (qint64 position = start; position <= blockEnd; position += 65536) {
-    for (qint64 word = 0; word < 32768; ++word) {
-      read(position + 2 * word);
-    }
-  }
-  for (qint64 position = blockEnd + 65536; position <= start + length - 2; position += 2) {
-    read(position);
-  }
+  ForEachScannedWord(start, length, fileLength, read);
   return columns;
 }
 

@@ -21,6 +21,7 @@
 #include "wav/pass_record.h"
 #include "wav/pass_records.h"
 #include "wav/undo_pass.h"
+#include "wav/way_back.h"
 
 namespace brindle {
 
@@ -79,24 +80,28 @@ inline std::string NormalizeOn(const MemoryDisk& disk, const RecordedPass& how, 
   return Run(pass, updates);
 }
 
+/// The way back of the recording.
+inline WayBack WayBackOn(const MemoryDisk& disk) {
+  WayBack way(QString::fromUtf8(StateFolder), disk);
+  way.LookFor(RecordingPath());
+  return way;
+}
+
 /// Takes the newest pass back.
 inline std::string UndoOn(const MemoryDisk& disk, int updates = -1) {
   const ReadClock clock(updates < 0 ? 0 : 1);
-  const auto found = RecordsOn(disk).FindFor(RecordingPath());
-  if (!found) {
+  auto way = WayBackOn(disk);
+  if (!way.IsThere()) {
     return "no record";
   }
-  auto record = RecordsOn(disk).Open(*found);
-  if (!record) {
-    return "no record: " + CannotRead(record.error()).toStdString();
+  auto undo = way.Undo(clock);
+  if (!undo) {
+    return "no record: " + CannotRead(undo.error()).toStdString();
   }
-  std::string end;
-  {
-    UndoPass undo(RecordingPath(), std::move(*record), clock, disk);
-    end = Run(undo, updates);
-  }
+  const auto end = Run(**undo, updates);
+  undo->reset();
   if (end == "completed") {
-    RecordsOn(disk).Remove(found->path);
+    way.Forget();
   }
   return end;
 }
@@ -104,23 +109,12 @@ inline std::string UndoOn(const MemoryDisk& disk, int updates = -1) {
 /// Goes on with the newest pass.
 inline std::string FinishOn(const MemoryDisk& disk, int updates = -1) {
   const ReadClock clock(updates < 0 ? 0 : 1);
-  const auto found = RecordsOn(disk).FindFor(RecordingPath());
-  if (!found) {
+  const auto way = WayBackOn(disk);
+  if (!way.IsThere()) {
     return "no record";
   }
-  auto record = RecordsOn(disk).Open(*found);
-  if (!record) {
-    return "no record: " + CannotRead(record.error()).toStdString();
-  }
-  Normalization pass({.source = RecordingPath(), .isInPlace = true}, disk);
-  if (const auto opened = pass.Open(); !opened) {
-    return TextOf(opened);
-  }
-  if (const auto kept = pass.KeepRecord(std::move(*record)); !kept) {
-    return TextOf(kept);
-  }
-  pass.Start(GainTable(found->facts.gain), found->facts.buffering, clock);
-  return Run(pass, updates);
+  const auto pass = way.Finish(clock);
+  return pass ? Run(**pass, updates) : TextOf(pass);
 }
 
 }  // namespace brindle
