@@ -26,6 +26,7 @@
 #include "wav/pass.h"
 #include "wav/pass_plan.h"
 #include "wav/peak_scan.h"
+#include "wav/task_runner.h"
 #include "wav/undo_pass.h"
 #include "wav/wav_error.h"
 #include "wav/wav_text.h"
@@ -45,9 +46,11 @@ NormalizerTasks::NormalizerTasks(QWidget& window, Services& services, Normalizer
       services_(services),
       panels_(panels),
       wayBack_(UndoFolder(services.record.AppFolder)),
-      driver_(
-          services.clock, [this](const PassProgress& progress) { ShowProgress(progress); },
-          [this] { return AbortRequested; }) {}
+      runner_(window, services.boxes, services.clock,
+              [this](const PassProgress& progress) { ShowProgress(progress); }) {
+  connect(&runner_, &TaskRunner::IdleChanged, this,
+          [this](bool isIdle) { panels_.SetIdle(isIdle); });
+}
 
 void NormalizerTasks::TakeFile(const QString& path) {
   source_ = path;
@@ -70,7 +73,7 @@ void NormalizerTasks::LookForInterrupted() {
       Offer(wayBack_.Question(), found->facts.path);
     }
   };
-  driver_.AfterEvents([this, messages, offer] {
+  runner_.AfterEvents([this, messages, offer] {
     if (messages.isEmpty()) {
       offer();
     } else {
@@ -82,7 +85,7 @@ void NormalizerTasks::LookForInterrupted() {
 // --- The scan ---
 
 void NormalizerTasks::Scan() {
-  if (!IsIdle()) {
+  if (!runner_.IsIdle()) {
     return;
   }
   const bool goesOn = panels_.options.NormalizesAfterScan();
@@ -98,16 +101,18 @@ void NormalizerTasks::Scan(Coverage coverage,
                            const std::function<void(Peaks, const PassState&)>& then) {
   panels_.tasks.BeginScan();
   panels_.HideFileInfo();
-  SetRunning(Running::Scan);
+  runner_.SetRunning(Running::Scan);
   scan_ = std::make_unique<PeakScan>(source_, services_.clock, coverage);
-  driver_.Drive(*scan_, [this, coverage, then](const PassState& end) {
+  runner_.Drive(*scan_, [this, coverage, then](const PassState& end) {
     const auto found = scan_->Found();
     panels_.sound.ShowScanned(scan_->Picture(), coverage == Coverage::Usual ? found : peaks_);
     ScanThroughput = scan_->Throughput();
     scan_.reset();
-    SetRunning(Running::Nothing);
+    runner_.SetRunning(Running::Nothing);
     panels_.tasks.HideProgress();
-    AbortRequested &= !std::holds_alternative<PassAborted>(end);
+    if (std::holds_alternative<PassAborted>(end)) {
+      runner_.ForgetAbort();
+    }
     then(found, end);
   });
 }
@@ -130,9 +135,9 @@ void NormalizerTasks::ShowFound(Peaks found, const PassState& end) {
 
 // The peaks count as they are now, everything else as it is after the events that wait.
 void NormalizerTasks::Normalize() {
-  if (IsIdle()) {
-    running_ = Running::Busy;
-    driver_.AfterEvents([this, peaks = peaks_] { ChoosePass(peaks); });
+  if (runner_.IsIdle()) {
+    runner_.BeBusy();
+    runner_.AfterEvents([this, peaks = peaks_] { ChoosePass(peaks); });
   }
 }
 
@@ -172,7 +177,7 @@ void NormalizerTasks::ScanWholeFile() {
 }
 
 void NormalizerTasks::OpenPass() {
-  running_ = Running::Nothing;
+  runner_.SetRunning(Running::Nothing);
   if (!plan_.IsRequired()) {
     Tell(u"Normalization is not required"_s);
     return;
@@ -181,7 +186,7 @@ void NormalizerTasks::OpenPass() {
   panels_.HideNormalize();
   panels_.percent.Field()->setEnabled(false);
   panels_.peaks.HidePeaks();
-  SetRunning(Running::Normalization);
+  runner_.SetRunning(Running::Normalization);
   pass_ = std::make_unique<Normalization>(plan_.files);
   const auto opened = pass_->Open();
   if (pass_->IsInPlace() && !plan_.files.isInPlace) {
@@ -226,7 +231,7 @@ void NormalizerTasks::RunPass() {
 }
 
 void NormalizerTasks::DrivePass(const std::function<void()>& completed) {
-  driver_.Drive(*pass_, [this, completed](const PassState& end) {
+  runner_.Drive(*pass_, [this, completed](const PassState& end) {
     panels_.sound.EndPass(end);
     if (std::holds_alternative<PassCompleted>(end)) {
       completed();
@@ -249,8 +254,8 @@ void NormalizerTasks::TellStatistics() {
   if (isInPlace) {
     wayBack_.Complete(plan_.files.source);
   }
-  driver_.AfterEvents([this, text] {
-    running_ = Running::Busy;
+  runner_.AfterEvents([this, text] {
+    runner_.BeBusy();
     panels_.tasks.HideProgress();
     Ask(ToQString(text), BoxButtons::Ok, [this](BoxAnswer) { EndPass(); });
   });
@@ -258,7 +263,7 @@ void NormalizerTasks::TellStatistics() {
 
 void NormalizerTasks::EndPass(const std::optional<WavError>& error) {
   pass_.reset();
-  SetRunning(Running::Nothing);
+  runner_.SetRunning(Running::Nothing);
   panels_.tasks.HideProgress();
   panels_.options.SetBufferingEnabled(true);
   panels_.tasks.HideCancel();
@@ -293,7 +298,7 @@ void NormalizerTasks::Offer(const QString& text, const QString& path) {
 }
 
 void NormalizerTasks::Finish() {
-  if (!IsIdle() || !wayBack_.IsThere()) {
+  if (!runner_.IsIdle() || !wayBack_.IsThere()) {
     return;
   }
   auto pass = wayBack_.Finish(services_.clock);
@@ -301,19 +306,19 @@ void NormalizerTasks::Finish() {
     Tell(MessageOf(pass.error()));
     return;
   }
-  AbortRequested = false;
+  runner_.ForgetAbort();
   panels_.tasks.BeginNormalization();
   panels_.HideNormalize();
   panels_.percent.Field()->setEnabled(false);
   panels_.options.SetBufferingEnabled(false);
   panels_.peaks.HidePeaks();
   panels_.sound.Clear();
-  SetRunning(Running::Normalization);
+  runner_.SetRunning(Running::Normalization);
   pass_ = std::move(*pass);
   DrivePass([this] {
     pass_.reset();
     wayBack_.Complete(source_);
-    running_ = Running::Busy;
+    runner_.BeBusy();
     panels_.tasks.HideProgress();
     Ask(u"The normalization of %1 is complete."_s.arg(QFileInfo(source_).fileName()),
         BoxButtons::Ok, [this](BoxAnswer) { EndPass(); });
@@ -321,7 +326,7 @@ void NormalizerTasks::Finish() {
 }
 
 void NormalizerTasks::Undo() {
-  if (!IsIdle() || !wayBack_.IsThere()) {
+  if (!runner_.IsIdle() || !wayBack_.IsThere()) {
     return;
   }
   auto undo = wayBack_.Undo(services_.clock);
@@ -329,13 +334,13 @@ void NormalizerTasks::Undo() {
     Tell(CannotRead(undo.error()));
     return;
   }
-  AbortRequested = false;
+  runner_.ForgetAbort();
   panels_.tasks.BeginUndo();
   panels_.HideNormalize();
   panels_.peaks.HidePeaks();
-  SetRunning(Running::Undo);
+  runner_.SetRunning(Running::Undo);
   undo_ = std::move(*undo);
-  driver_.Drive(*undo_, [this](const PassState& end) { EndUndo(end); });
+  runner_.Drive(*undo_, [this](const PassState& end) { EndUndo(end); });
 }
 
 void NormalizerTasks::EndUndo(const PassState& end) {
@@ -344,8 +349,8 @@ void NormalizerTasks::EndUndo(const PassState& end) {
   if (isUndone) {
     wayBack_.Forget();
   }
-  AbortRequested = false;
-  SetRunning(Running::Nothing);
+  runner_.ForgetAbort();
+  runner_.SetRunning(Running::Nothing);
   panels_.tasks.HideProgress();
   panels_.tasks.HideCancel();
   panels_.tasks.ClearStatus();
@@ -364,39 +369,11 @@ void NormalizerTasks::LookForWayBack() {
   panels_.tasks.Undo.setVisible(wayBack_.IsThere());
 }
 
-// --- The end ---
-
-// Taken at the next update of a scan or pass that has one. Deliberately kept by a pass that has
-// none any more: the next scan stops by it.
-void NormalizerTasks::Abort() {
-  if (running_ == Running::Normalization) {
-    AskWhetherToAbort([this] { AbortRequested = true; });
-  } else {
-    AbortRequested = true;
-  }
-}
-
-void NormalizerTasks::AskToClose(const std::function<void()>& agreed) {
-  if (running_ == Running::Normalization) {
-    AskWhetherToAbort(agreed);
-  } else {
-    agreed();
-  }
-}
-
 void NormalizerTasks::Stop() {
-  driver_.Stop();
+  runner_.Stop();
   scan_.reset();
   pass_.reset();
   undo_.reset();
-}
-
-void NormalizerTasks::AskWhetherToAbort(const std::function<void()>& agreed) {
-  Ask(ToQString(AbortText()), BoxButtons::YesNoDefaultNo, [agreed](BoxAnswer answer) {
-    if (answer == BoxAnswer::Yes) {
-      agreed();
-    }
-  });
 }
 
 // --- What is shown ---
@@ -404,12 +381,6 @@ void NormalizerTasks::AskWhetherToAbort(const std::function<void()>& agreed) {
 void NormalizerTasks::ShowProgress(const PassProgress& progress) {
   panels_.tasks.ShowProgress(progress);
   scan_ ? panels_.sound.ShowScan(scan_->Picture()) : panels_.sound.ShowPass(progress);
-}
-
-void NormalizerTasks::SetRunning(Running running) {
-  running_ = running;
-  panels_.SetIdle(IsIdle());
-  Q_EMIT IdleChanged(IsIdle());
 }
 
 void NormalizerTasks::Ask(const QString& text, BoxButtons buttons,

@@ -17,9 +17,9 @@
 #include "wav/normalization.h"
 #include "wav/normalizer_panels.h"
 #include "wav/pass.h"
-#include "wav/pass_driver.h"
 #include "wav/pass_plan.h"
 #include "wav/peak_scan.h"
+#include "wav/task_runner.h"
 #include "wav/undo_pass.h"
 #include "wav/wav_error.h"
 #include "wav/way_back.h"
@@ -35,7 +35,7 @@ class NormalizerTasks : public QObject {
  public:
   NormalizerTasks(QWidget& window, Services& services, NormalizerPanels& panels);
 
-  [[nodiscard]] bool IsIdle() const { return running_ == Running::Nothing; }
+  [[nodiscard]] TaskRunner& Runner() { return runner_; }
 
   /// Another file is open. Offers to finish or undo a pass over it that was interrupted.
   void TakeFile(const QString& path);
@@ -47,21 +47,16 @@ class NormalizerTasks : public QObject {
   void Scan();
   void Normalize();
   void Undo();
-  void Abort();
 
-  /// The window is to be closed: asks first if a file would be left as no one wants it.
-  void AskToClose(const std::function<void()>& agreed);
   /// Drops everything.
   void Stop();
 
  Q_SIGNALS:
-  void IdleChanged(bool isIdle);
   /// The file of an interrupted pass is to be opened before it is finished or undone.
   void FileWanted(const QString& path);
 
  private:
-  // Busy: nothing can be started, nothing is to be aborted.
-  enum class Running { Nothing, Busy, Scan, Normalization, Undo };
+  using Running = TaskRunner::Running;
 
   void Scan(Coverage coverage, const std::function<void(Peaks, const PassState&)>& then);
   void ShowFound(Peaks found, const PassState& end);
@@ -82,26 +77,22 @@ class NormalizerTasks : public QObject {
   void LookForWayBack();
 
   void ShowProgress(const PassProgress& progress);
-  void SetRunning(Running running);
-  void AskWhetherToAbort(const std::function<void()>& agreed);
   void Ask(const QString& text, BoxButtons buttons, const MessageBoxes::WhenAnswered& answered);
   void Tell(const QString& text) { services_.boxes.Tell(&window_, text); }
 
   QWidget& window_;
   Services& services_;
   NormalizerPanels& panels_;
-  bool AbortRequested = false;
   float ScanThroughput = 0;  // MB/s
-  Running running_ = Running::Nothing;
-  QString source_;   // the file that is open
-  Peaks peaks_;      // of the last scan, whichever file is open by now
-  QString scanned_;  // the file that this scan has read to its end, if it has
-  PassPlan plan_;    // of the pass that runs, or is asked about
+  QString source_;           // the file that is open
+  Peaks peaks_;              // of the last scan, whichever file is open by now
+  QString scanned_;          // the file that this scan has read to its end, if it has
+  PassPlan plan_;            // of the pass that runs, or is asked about
   WayBack wayBack_;
   std::unique_ptr<PeakScan> scan_;
   std::unique_ptr<Normalization> pass_;
   std::unique_ptr<UndoPass> undo_;
-  PassDriver driver_;
+  TaskRunner runner_;
 };
 
 }  // namespace brindle

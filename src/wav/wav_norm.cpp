@@ -17,6 +17,8 @@
 #include "base/settings/settings.h"
 #include "wav/normalizer_panels.h"
 #include "wav/normalizer_tasks.h"
+#include "wav/output_choice.h"
+#include "wav/task_runner.h"
 #include "wav/wav_header.h"
 
 namespace brindle {
@@ -47,7 +49,9 @@ class WavNorm : public Form {
   void WillClose() override { tasks_.Stop(); }
 
  protected:
-  void AskToClose(const std::function<void()>& agreed) override { tasks_.AskToClose(agreed); }
+  void AskToClose(const std::function<void()>& agreed) override {
+    tasks_.Runner().AskToClose(agreed);
+  }
 
  private:
   void WireEvents() {
@@ -59,17 +63,17 @@ class WavNorm : public Form {
     on(panels_.tasks.Undo).Click(&WavNorm::Undo_Click);
     on(panels_.tasks.Cancel).Click(&WavNorm::Cancel_Click);
     connect(&drop_, &FileDrop::Dropped, this, &WavNorm::OpenFile);
-    connect(&tasks_, &NormalizerTasks::IdleChanged, &drop_, &FileDrop::SetAccepting);
+    connect(&tasks_.Runner(), &TaskRunner::IdleChanged, &drop_, &FileDrop::SetAccepting);
     connect(&tasks_, &NormalizerTasks::FileWanted, this, &WavNorm::ShowFile);
   }
 
   void btnScan_Click() { tasks_.Scan(); }
   void btnNorm_Click() { tasks_.Normalize(); }
   void Undo_Click() { tasks_.Undo(); }
-  void Cancel_Click() { tasks_.Abort(); }
+  void Cancel_Click() { tasks_.Runner().Abort(); }
 
   void Target_Click() {
-    if (tasks_.IsIdle()) {
+    if (tasks_.Runner().IsIdle()) {
       services_.dialogs.AskForTarget(
           this, Question(u"Save As"_s, {u"PCM WAV file (*.wav)"_s}, record_.WavTargetFile),
           u"wav"_s, [this](const QString& path) { panels_.output.WriteTarget(path); });
@@ -78,7 +82,7 @@ class WavNorm : public Form {
 
   void btnOpen_Click() {
     const QStringList filters{u"WAV files (*.wav)"_s, u"All Files (*.*) (*)"_s};
-    if (tasks_.IsIdle()) {
+    if (tasks_.Runner().IsIdle()) {
       services_.dialogs.AskForExisting(this,
                                        Question(u"Select Files"_s, filters, record_.WavSourceFile),
                                        [this](const QString& path) { OpenFile(path); });
@@ -94,7 +98,7 @@ class WavNorm : public Form {
   }
 
   void OpenFile(const QString& path) {
-    if (tasks_.IsIdle() && ShowFile(path)) {
+    if (tasks_.Runner().IsIdle() && ShowFile(path)) {
       tasks_.TakeFile(path);
     }
   }
