@@ -212,7 +212,7 @@ void PassRecorded(const Arguments& arguments) {
   Normalization pass({arguments[0], {}, true});
   Require(pass.Open().has_value(), "the file does not open");
   const WayBack wayBack(arguments[1]);
-  Require(wayBack.Keep(pass, Gain, Buffering::Multi, loudest).has_value(), "no record");
+  Require(wayBack.Keep(pass, Gain, Buffering::Multi, {.levels = loudest}).has_value(), "no record");
   pass.Start(GainTable(Gain), Buffering::Multi, clock);
   Require(IsCompleted(pass), "the pass failed");
 }

@@ -67,15 +67,19 @@ qint64 EndOfLoops(const SampleData& data, Buffering buffering) {
   return after(position, data.LastWord(), WordSize);
 }
 
-// The room for what the table loses: of words after the samples, which the loops map too, nobody
-// knows the levels.
+// The room for what the table loses. Of words after the samples, which the loops map too, nobody
+// knows the levels, and they change what the other words of their piece take.
 qint64 RoomForBits(const SampleData& data, const PieceGrid& grid, const GainTable& table,
                    LevelRange levels) {
-  constexpr qint64 bitsPerByte = 8;
-  const auto endOfSamples = std::min(grid.end, data.LastWord() + WordSize);
-  const auto samples = std::max<qint64>(endOfSamples - grid.start, 0) / WordSize;
-  const auto after = (grid.end - grid.start) - samples * WordSize;  // bytes
-  return samples * MostBitsLost(table, levels) / bitsPerByte + after + grid.Count();
+  const auto bytes = [](qint64 words, int bits) {
+    constexpr qint64 bitsPerByte = 8;
+    return (words * bits + bitsPerByte - 1) / bitsPerByte;
+  };
+  const auto endOfSamples = std::max(grid.start, data.LastWord() + WordSize);
+  const auto known =
+      endOfSamples >= grid.end ? grid.end : grid.PositionOf(grid.PieceAt(endOfSamples));
+  return bytes((known - grid.start) / WordSize, MostBitsLost(table, levels)) +
+         bytes((grid.end - known) / WordSize, MostBitsLost(table, AllLevels)) + grid.Count();
 }
 
 }  // namespace
@@ -129,7 +133,10 @@ WavResult<void> Normalization::CheckRoom() const {
   constexpr qint64 megabyte = 1'048'576;
   const QFileInfo target(files_.target);
   const auto free = disk_.FreeBytes(target.path());
-  const qint64 room = free.value_or(data_.fileLength) + target.size();
+  if (!free || target.isSymLink() || !IsFileAt(files_.target)) {
+    return {};  // opening it finds out
+  }
+  const qint64 room = *free + target.size();
   if (data_.fileLength <= room) {
     return {};
   }
@@ -163,13 +170,12 @@ void Normalization::Start(GainTable table, Buffering buffering, const Clock& clo
 }
 
 WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
-                                             LevelRange levels) const {
+                                             const KnownLevels& known) const {
   PassFacts facts;
   facts.path = files_.source;
   facts.fileLength = data_.fileLength;
   facts.grid = {
       .start = data_.start, .end = EndOfLoops(data_, buffering), .size = PassRecord::PieceSize};
-  facts.bitsRoom = RoomForBits(data_, facts.grid, GainTable(gain), levels);
   facts.gain = gain;
   facts.buffering = buffering;
   facts.headLength = HeadLength(data_.start, data_.fileLength);
@@ -178,6 +184,9 @@ WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
       .map_error(FailedAt(WavError::Failed::Reading))
       .and_then([&](const FileStamp& stamp) {
         facts.stamp = stamp;
+        const bool isKnown = !known.of || *known.of == stamp;
+        facts.bitsRoom =
+            RoomForBits(data_, facts.grid, GainTable(gain), isKnown ? known.levels : AllLevels);
         return HashOfHead(*input_, facts.headLength);
       })
       .map([&](quint64 hash) {
@@ -190,13 +199,18 @@ WavResult<void> Normalization::KeepRecord(PassRecord record) {
   const auto path = record.Path();
   const bool isOfTheseLoops = AreLoopsWithin(record.Facts());
   recorded_.emplace(std::move(record), input_);
-  return recorded_->CheckHead().and_then([&]() -> WavResult<void> {
+  auto kept = recorded_->CheckHead().and_then([&]() -> WavResult<void> {
     if (!isOfTheseLoops) {
       return tl::unexpected(WavError{WavError::Failed::Reading,
                                      ErrorOf(path, u"the record of the pass is damaged"_s)});
     }
     return {};
   });
+  if (!kept) {
+    hasFoundChanged_ = recorded_->HasFoundChanged();
+    recorded_.reset();
+  }
+  return kept;
 }
 
 // The loops map the pieces of the record and no other words, and a round of blocks leaves no piece.
@@ -222,7 +236,9 @@ PassState Normalization::Advance() {
 }
 
 PassState Normalization::Abort() {
-  const bool isTooLate = phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
+  const bool isMapped =
+      recorded_ && turn_ == Turn::AwaitPiece && position_ == recorded_->Grid().end;
+  const bool isTooLate = isMapped || phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
   return isTooLate ? Advance() : PassState(PassAborted{});
 }
 

@@ -36,6 +36,12 @@ struct PassFiles {
   bool isInPlace = false;  ///< the source is overwritten
 };
 
+/// The levels that the samples of a source are known to have.
+struct KnownLevels {
+  LevelRange levels = AllLevels;
+  std::optional<FileStamp> of = {};  ///< they hold for this state of the file; nothing: for any
+};
+
 /// One normalization pass: Open(), Start(), then Advance() to its end. It never rewrites anything
 /// in a header; in place it writes only mapped words; a separate target becomes as long as its
 /// source. It closes both files when it is destroyed.
@@ -75,13 +81,19 @@ class Normalization : public Pass {
   [[nodiscard]] bool IsInPlace() const { return files_.isInPlace; }
 
   /// What a record of the pass has to say from the start on; of files that were opened, in place.
-  /// All samples are known to lie in `levels`.
   [[nodiscard]] WavResult<PassFacts> FactsFor(double gain, Buffering buffering,
-                                              LevelRange levels) const;
+                                              const KnownLevels& known) const;
 
   /// Has the pass, in place, keep its way back. The record goes on from its boundary. An error if
   /// it is of another recording.
   [[nodiscard]] WavResult<void> KeepRecord(PassRecord record);
+
+  /// Whether the pass keeps a record.
+  [[nodiscard]] bool IsRecorded() const { return recorded_.has_value(); }
+  /// Whether the recording was changed by others, so that its record is of no use.
+  [[nodiscard]] bool HasFoundChanged() const {
+    return hasFoundChanged_ || (recorded_ && recorded_->HasFoundChanged());
+  }
 
   /// Begins the pass over the files that were opened.
   void Start(GainTable table, Buffering buffering, const Clock& clock);
@@ -173,6 +185,7 @@ class Normalization : public Pass {
   std::optional<Tail> tail_;
   DiskWait wait_;
   std::optional<RecordedFile> recorded_;
+  bool hasFoundChanged_ = false;  // before there was a record to keep
   Turn turn_ = Turn::CheckPieces;
   qint64 checked_ = 0;  // pieces from the first one on that nobody has changed
   double throughput_ = 0;

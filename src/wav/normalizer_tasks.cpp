@@ -41,9 +41,11 @@ constexpr QLatin1StringView EmptyLine("\r\n\r\n");
 
 }  // namespace
 
-NormalizerTasks::NormalizerTasks(QWidget& window, Services& services, NormalizerPanels& panels)
+NormalizerTasks::NormalizerTasks(QWidget& window, Services& services, NormalizerPanels& panels,
+                                 OpenFile open)
     : window_(window),
       services_(services),
+      open_(std::move(open)),
       panels_(panels),
       wayBack_(UndoFolder(services.record.AppFolder)),
       runner_(window, services.boxes, services.clock,
@@ -70,7 +72,9 @@ void NormalizerTasks::LookForInterrupted() {
   const auto offer = [this, found] {
     if (found && source_.isEmpty()) {
       wayBack_.LookFor(found->facts.path);
-      Offer(wayBack_.Question(), found->facts.path);
+      if (wayBack_.IsInterrupted()) {
+        Offer(wayBack_.Question(), found->facts.path);
+      }
     }
   };
   runner_.AfterEvents([this, messages, offer] {
@@ -107,6 +111,8 @@ void NormalizerTasks::Scan(Coverage coverage,
     const auto found = scan_->Found();
     panels_.sound.ShowScanned(scan_->Picture(), coverage == Coverage::Usual ? found : peaks_);
     ScanThroughput = scan_->Throughput();
+    const bool isWhole = std::holds_alternative<PassCompleted>(end);
+    scanned_ = isWhole ? scan_->Scanned() : std::nullopt;
     scan_.reset();
     runner_.SetRunning(Running::Nothing);
     panels_.tasks.HideProgress();
@@ -119,7 +125,6 @@ void NormalizerTasks::Scan(Coverage coverage,
 
 void NormalizerTasks::ShowFound(Peaks found, const PassState& end) {
   peaks_ = found;
-  scanned_ = std::holds_alternative<PassCompleted>(end) ? source_ : QString();
   panels_.peaks.Write(found);
   panels_.tasks.btnNorm.show();
   panels_.ShowFileInfo();
@@ -148,9 +153,9 @@ void NormalizerTasks::ChoosePass(Peaks peaks) {
            .percent = panels_.percent.TargetPercent()};
   plan_.AimFor(peaks);
   const auto unseen = plan_.IsRequired() ? CutOffUnseen(source_, *plan_.gain) : CutOffWords();
-  if (scanned_ == source_) {
-    plan_.levels = {.lowest = peaks.lowest, .highest = peaks.highest};
-    plan_.levels.Include(unseen.levels);
+  if (scanned_) {
+    plan_.levels = {.levels = {.lowest = peaks.lowest, .highest = peaks.highest}, .of = scanned_};
+    plan_.levels.levels.Include(unseen.levels);
   }
   if (unseen.cutOff == 0) {
     OpenPass();
@@ -170,7 +175,7 @@ void NormalizerTasks::ScanWholeFile() {
       Tell(MessageOf(*error));
     } else if (std::holds_alternative<PassCompleted>(end)) {
       plan_.AimFor(found);
-      plan_.levels = {.lowest = found.lowest, .highest = found.highest};
+      plan_.levels = {.levels = {.lowest = found.lowest, .highest = found.highest}, .of = scanned_};
       OpenPass();
     }
   });
@@ -249,9 +254,9 @@ void NormalizerTasks::TellStatistics() {
                                     .normalizationThroughput = pass_->Throughput(),
                                     .amplification = plan_.Amplification(),
                                     .isMultiBuffer = plan_.buffering == Buffering::Multi});
-  const bool isInPlace = pass_->IsInPlace();
+  const bool isRecorded = pass_->IsRecorded();
   pass_.reset();
-  if (isInPlace) {
+  if (isRecorded) {
     wayBack_.Complete(plan_.files.source);
   }
   runner_.AfterEvents([this, text] {
@@ -262,6 +267,11 @@ void NormalizerTasks::TellStatistics() {
 }
 
 void NormalizerTasks::EndPass(const std::optional<WavError>& error) {
+  const bool isRecorded = pass_ && pass_->IsRecorded();
+  if (pass_ && pass_->HasFoundChanged()) {
+    pass_.reset();
+    wayBack_.SetAside();
+  }
   pass_.reset();
   runner_.SetRunning(Running::Nothing);
   panels_.tasks.HideProgress();
@@ -271,7 +281,7 @@ void NormalizerTasks::EndPass(const std::optional<WavError>& error) {
   panels_.tasks.ClearStatus();
   panels_.HideNormalize();
   LookForWayBack();
-  if (error && wayBack_.IsInterrupted()) {
+  if (error && isRecorded && wayBack_.IsInterrupted()) {
     Offer(MessageOf(*error) + EmptyLine + u"A part of the recording is changed. "_s +
               wayBack_.Question(),
           source_);
@@ -284,16 +294,13 @@ void NormalizerTasks::EndPass(const std::optional<WavError>& error) {
 
 void NormalizerTasks::Offer(const QString& text, const QString& path) {
   Ask(text, BoxButtons::FinishUndoLater, [this, path](BoxAnswer answer) {
-    if (answer == BoxAnswer::Later) {
-      LookForWayBack();
-      return;
-    }
-    if (path != source_) {
+    if (answer != BoxAnswer::Later && path != source_ && open_(path)) {
       source_ = path;
-      Q_EMIT FileWanted(path);
     }
     LookForWayBack();
-    answer == BoxAnswer::Finish ? Finish() : Undo();
+    if (answer != BoxAnswer::Later && path == source_) {
+      answer == BoxAnswer::Finish ? Finish() : Undo();
+    }
   });
 }
 
@@ -344,10 +351,13 @@ void NormalizerTasks::Undo() {
 }
 
 void NormalizerTasks::EndUndo(const PassState& end) {
-  undo_.reset();
   const bool isUndone = std::holds_alternative<PassCompleted>(end);
+  const bool isChanged = undo_->HasFoundChanged();
+  undo_.reset();
   if (isUndone) {
     wayBack_.Forget();
+  } else if (isChanged) {
+    wayBack_.SetAside();
   }
   runner_.ForgetAbort();
   runner_.SetRunning(Running::Nothing);
@@ -356,7 +366,10 @@ void NormalizerTasks::EndUndo(const PassState& end) {
   panels_.tasks.ClearStatus();
   panels_.sound.Clear();
   LookForWayBack();
-  if (const auto* error = std::get_if<WavError>(&end)) {
+  const auto* error = std::get_if<WavError>(&end);
+  if (error != nullptr && wayBack_.IsInterrupted()) {
+    Offer(MessageOf(*error) + EmptyLine + wayBack_.Question(), source_);
+  } else if (error != nullptr) {
     Tell(MessageOf(*error));
   } else if (isUndone) {
     Scan(Coverage::Usual,

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QWidget>
 
+#include "base/files/disk.h"
 #include "base/input/message_boxes.h"
 #include "base/windows/services.h"
 #include "wav/level_range.h"
@@ -33,7 +34,10 @@ class NormalizerTasks : public QObject {
   Q_OBJECT
 
  public:
-  NormalizerTasks(QWidget& window, Services& services, NormalizerPanels& panels);
+  /// Opens a file in the window, and tells whether it could.
+  using OpenFile = std::function<bool(const QString& path)>;
+
+  NormalizerTasks(QWidget& window, Services& services, NormalizerPanels& panels, OpenFile open);
 
   [[nodiscard]] TaskRunner& Runner() { return runner_; }
 
@@ -50,10 +54,6 @@ class NormalizerTasks : public QObject {
 
   /// Drops everything.
   void Stop();
-
- Q_SIGNALS:
-  /// The file of an interrupted pass is to be opened before it is finished or undone.
-  void FileWanted(const QString& path);
 
  private:
   using Running = TaskRunner::Running;
@@ -82,12 +82,13 @@ class NormalizerTasks : public QObject {
 
   QWidget& window_;
   Services& services_;
+  OpenFile open_;
   NormalizerPanels& panels_;
-  float ScanThroughput = 0;  // MB/s
-  QString source_;           // the file that is open
-  Peaks peaks_;              // of the last scan, whichever file is open by now
-  QString scanned_;          // the file that this scan has read to its end, if it has
-  PassPlan plan_;            // of the pass that runs, or is asked about
+  float ScanThroughput = 0;           // MB/s
+  QString source_;                    // the file that is open
+  Peaks peaks_;                       // of the last scan, whichever file is open by now
+  std::optional<FileStamp> scanned_;  // the file that this scan has read to its end, if it has
+  PassPlan plan_;                     // of the pass that runs, or is asked about
   WayBack wayBack_;
   std::unique_ptr<PeakScan> scan_;
   std::unique_ptr<Normalization> pass_;

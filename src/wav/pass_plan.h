@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "wav/gain.h"
-#include "wav/level_range.h"
 #include "wav/normalization.h"
 #include "wav/peak_scan.h"
 
@@ -16,10 +15,10 @@ namespace brindle {
 struct PassPlan {
   PassFiles files;
   Buffering buffering = Buffering::Multi;
-  double tolerance = 0;           ///< percent
-  double percent = 0;             ///< of the 16-bit range, that the peaks are to reach
-  std::optional<double> gain;     ///< nothing for a silent file
-  LevelRange levels = AllLevels;  ///< of the samples, as far as it is known
+  double tolerance = 0;        ///< percent
+  double percent = 0;          ///< of the 16-bit range, that the peaks are to reach
+  std::optional<double> gain;  ///< nothing for a silent file
+  KnownLevels levels;          ///< of the samples
 
   void AimFor(Peaks peaks) { gain = GainFor(peaks.lowest, peaks.highest, percent); }
 

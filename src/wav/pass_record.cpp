@@ -212,6 +212,9 @@ PassRecord::~PassRecord() {
 }
 
 FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path, PassFacts facts) {
+  if (!IsPossible(facts) || !facts.path.isValidUtf16()) {
+    return tl::unexpected(ErrorOf(path, u"a pass like this cannot be recorded"_s));
+  }
   auto opened = disk.Open(path, OpenFor::CreatingOnly);
   if (!opened) {
     return tl::unexpected(opened.error());
@@ -227,6 +230,8 @@ FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path,
                        return WriteTo(file, MarkLength, preamble + bytes);
                      })
                      .and_then([&] { return file.Sync(); })
+                     // Another Brindle may have found it before it was locked.
+                     .and_then([&] { return file.CheckAtItsPath(); })
                      .and_then([&] { return WriteTo(file, 0, brindle::Mark()); })
                      .and_then([&] { return file.Sync(); });
   if (!created) {

@@ -18,6 +18,9 @@
 #include "base/files/file_error.h"
 #include "base/files/system_files.h"
 #include "wav/pass_record.h"
+#include "wav/recorded_file.h"
+#include "wav/wav_error.h"
+#include "wav/wav_file.h"
 
 namespace brindle {
 
@@ -28,10 +31,11 @@ namespace {
 constexpr QLatin1StringView Ending(".undo");
 constexpr QLatin1StringView AsideEnding(".unusable");
 
-std::optional<FileStamp> StampAt(const Disk& disk, const QString& path) {
-  const auto file = disk.Open(path, OpenFor::Reading);
-  const auto stamp = file ? (*file)->Stamp() : tl::unexpected(file.error());
-  return stamp ? std::optional(*stamp) : std::nullopt;
+// If in doubt, they are not.
+bool AreOfOneFile(const PassFacts& one, const PassFacts& other) {
+  const bool haveNumbers = one.stamp.number != 0 && other.stamp.number != 0;
+  const bool isSame = haveNumbers ? one.stamp.IsSameFile(other.stamp) : one.path == other.path;
+  return isSame && one.fileLength == other.fileLength && one.headHash == other.headHash;
 }
 
 FoundRecord Describe(const PassRecord& record) {
@@ -64,20 +68,38 @@ std::vector<FoundRecord> PassRecords::Find(QStringList* setAside) const {
     if (!name.endsWith(Ending)) {
       continue;
     }
-    const auto opened = PassRecord::Open(disk_, path);
-    if (!opened) {
-      continue;  // in use, or not to be read: the next look may find it
-    }
-    if (const auto& record = *opened; record && !record->IsUndone()) {
-      found.push_back(Describe(*record));
-    } else if (record || record.error() == RecordFault::NotBegun) {
-      Remove(path);
-    } else if (disk_.Rename(path, path + AsideEnding) && setAside != nullptr) {
-      setAside->append(path + AsideEnding);
+    switch (LookAt(path, found)) {
+      case Use::Record:
+        break;
+      case Use::None:
+        Remove(path);
+        break;
+      case Use::Unusable:
+        if (setAside != nullptr && disk_.Rename(path, path + AsideEnding)) {
+          setAside->append(path + AsideEnding);
+        }
+        break;
     }
   }
   std::sort(found.begin(), found.end(), IsNewer);
   return found;
+}
+
+// The record is closed again, because some systems remove no file that is open.
+PassRecords::Use PassRecords::LookAt(const QString& path, std::vector<FoundRecord>& found) const {
+  const auto opened = PassRecord::Open(disk_, path);
+  if (!opened) {
+    return Use::Record;  // in use, or not to be read: the next look may find it
+  }
+  const auto& record = *opened;
+  if (!record) {
+    return record.error() == RecordFault::NotBegun ? Use::None : Use::Unusable;
+  }
+  if (record->IsUndone()) {
+    return Use::None;
+  }
+  found.push_back(Describe(*record));
+  return Use::Record;
 }
 
 std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const {
@@ -91,6 +113,10 @@ std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const 
 FileResult<PassRecord> PassRecords::Create(PassFacts facts) const {
   const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
   facts.created = std::chrono::duration_cast<std::chrono::microseconds>(since1970).count();
+  // The newest one is the newest even if the clock has been set back.
+  if (const auto others = Find(); !others.empty()) {
+    facts.created = std::max(facts.created, others.front().facts.created + 1);
+  }
   const auto number = QRandomGenerator::system()->generate64();
   const QString path = folder_ + u"/%1"_s.arg(number, 16, 16, QChar(u'0')) + Ending;
   return disk_.MakeFolder(folder_)
@@ -123,7 +149,8 @@ void PassRecords::RemoveOlderThan(const PassFacts& newest) const {
     if (record.facts.created == newest.created) {
       continue;
     }
-    if (record.facts.created < newest.created && IsOf(record.facts, newest.path)) {
+    if (record.isComplete && record.facts.created < newest.created &&
+        AreOfOneFile(record.facts, newest)) {
       Remove(record.path);
       continue;
     }
@@ -135,12 +162,28 @@ void PassRecords::RemoveOlderThan(const PassFacts& newest) const {
   }
 }
 
+void PassRecords::SetAside(const QString& path) const {
+  static_cast<void>(disk_.Rename(path, path + AsideEnding));
+}
+
+// A pass changes neither length nor head of its recording. Another recording may have taken its
+// path, or its number once it was deleted, but hardly both.
 bool PassRecords::IsOf(const PassFacts& facts, const QString& recording) const {
-  if (facts.path == recording || LeadToSameFile(facts.path, recording)) {
+  WavFile file(disk_);
+  if (!file.OpenForReading(recording)) {
+    return false;
+  }
+  const auto stamp = file.OnDisk()->Stamp();
+  const bool hasNumber = stamp && stamp->IsSameFile(facts.stamp);
+  const bool hasPath = facts.path == recording || LeadToSameFile(facts.path, recording);
+  if (hasNumber && hasPath) {
     return true;
   }
-  const auto stamp = StampAt(disk_, recording);
-  return stamp && stamp->IsSameFile(facts.stamp);
+  return (hasNumber || hasPath) &&
+         file.Length(WavError::Failed::Reading).value_or(-1) == facts.fileLength &&
+         HashOfHead(file, facts.headLength)
+             .map([&](quint64 hash) { return hash == facts.headHash; })
+             .value_or(false);
 }
 
 }  // namespace brindle

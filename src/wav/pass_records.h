@@ -40,8 +40,8 @@ class PassRecords {
   [[nodiscard]] const QString& Folder() const { return folder_; }
 
   /// The records of passes that can be taken back or gone on with, the newest first. Leaves out
-  /// those in use. Removes those that are of no use any more; what is damaged, foreign or of a
-  /// newer version is set aside by another name, and its path goes to `setAside`.
+  /// those in use. Removes those that are of no use any more. With `setAside`, what is damaged,
+  /// foreign or of a newer version is set aside by another name, and its path goes there.
   [[nodiscard]] std::vector<FoundRecord> Find(QStringList* setAside = nullptr) const;
 
   /// The newest record of a recording, by its path, or by its number on its volume if it was
@@ -59,11 +59,18 @@ class PassRecords {
   /// Removes a record; one that cannot be removed stays.
   void Remove(const QString& path) const;
 
-  /// Removes the older records of this recording, and the oldest ones of complete passes above what
-  /// is kept. Called when a pass is complete.
+  /// Keeps a record that is of no use by another name.
+  void SetAside(const QString& path) const;
+
+  /// Removes the older records of complete passes over this recording, and the oldest ones of
+  /// complete passes above what is kept. Called when a pass is complete.
   void RemoveOlderThan(const PassFacts& newest) const;
 
  private:
+  // What a file in the folder is good for.
+  enum class Use { Record, None, Unusable };
+
+  [[nodiscard]] Use LookAt(const QString& path, std::vector<FoundRecord>& found) const;
   [[nodiscard]] bool IsOf(const PassFacts& facts, const QString& recording) const;
 
   QString folder_;

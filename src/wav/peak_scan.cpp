@@ -75,6 +75,9 @@ WavResult<void> PeakScan::Open() {
       .and_then([this] { return file_.Lock(false); })
       .and_then([this] { return LocateData(file_); })
       .map([this](const SampleData& data) {
+        if (const auto stamp = file_.OnDisk()->Stamp()) {
+          stamp_ = *stamp;
+        }
         data_ = data;
         loops_ = LoopsOver(data, coverage_);
         next_ = data.start;

@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include "base/files/disk.h"
 #include "base/time/clock.h"
 #include "wav/level_range.h"
 #include "wav/pass.h"
@@ -47,6 +48,9 @@ class PeakScan : public Pass {
   /// The peaks of all samples read until the scan ended, whether completed or not.
   [[nodiscard]] Peaks Found() const { return picture_.Ends(); }
 
+  /// The file as it was when the scan began; nothing if the system does not tell.
+  [[nodiscard]] const std::optional<FileStamp>& Scanned() const { return stamp_; }
+
   /// The sound as far as it has been read, also while the scan goes on.
   [[nodiscard]] const SoundPicture& Picture() const { return picture_; }
 
@@ -72,6 +76,7 @@ class PeakScan : public Pass {
   std::optional<PassTimer> timer_;  // since the samples were found
   qint64 next_ = 0;                 // position of the next block
   qint64 reached_ = 0;              // position of the last read
+  std::optional<FileStamp> stamp_;
   float throughput_ = 0;
 };
 

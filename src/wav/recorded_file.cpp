@@ -72,15 +72,28 @@ WavResult<void> RecordedFile::Recover() {
   if (const auto room = record_.TakeRoom(); !room) {
     return tl::unexpected(WavError{Writing, room.error()});
   }
+  const auto piece = record_.Boundary();
+  if (const auto noted = NoteAgain(piece - 1); !noted) {
+    return noted;
+  }
   if (!record_.IsInFlight()) {
     return {};
   }
-  const auto piece = record_.Boundary();
   if (const auto read = record_.ReadInFlight(buffer_); !read) {
     return tl::unexpected(WavError{Writing, read.error()});
   }
   const auto originals = buffer_.Words(Grid().BytesOf(piece));
   return CheckBetween(originals, piece).and_then([&] { return Write(piece, originals); });
+}
+
+// A sync that failed may have left what was noted last in the system's memory only.
+WavResult<void> RecordedFile::NoteAgain(qint64 piece) {
+  if (piece < 0) {
+    return {};
+  }
+  return FactsOf(piece).and_then([&](const PieceFacts& facts) {
+    return record_.Note(piece, facts).map_error(FailedAt(Writing));
+  });
 }
 
 WavResult<void> RecordedFile::OpenPiece(qint64 piece) {
@@ -137,7 +150,7 @@ WavResult<bool> RecordedFile::CheckUnmapped(qint64 piece) {
 }
 
 // A piece that has been mapped before, and taken back, or one that was to be mapped next.
-WavResult<void> RecordedFile::CheckOriginal(qint64 piece, quint64 hash) const {
+WavResult<void> RecordedFile::CheckOriginal(qint64 piece, quint64 hash) {
   return record_.OriginalHashOf(piece)
       .map_error(FailedAt(Writing))
       .and_then([&](std::optional<quint64> known) -> WavResult<void> {
@@ -163,8 +176,11 @@ WavResult<PieceFacts> RecordedFile::ReadRestored(qint64 piece) {
   if (!facts) {
     return facts;
   }
-  const auto bits = record_.BitsBegin(piece).and_then(
-      [&](qint64 begin) { return record_.ReadBits(begin, facts->bitsEnd); });
+  const auto bits = record_.BitsBegin(piece).and_then([&](qint64 begin) {
+    // Never more than the words themselves.
+    const auto most = begin + Grid().BytesOf(piece) + 1;
+    return record_.ReadBits(begin, std::min(facts->bitsEnd, most));
+  });
   if (!bits) {
     return tl::unexpected(WavError{Writing, bits.error()});
   }
@@ -279,7 +295,8 @@ WavResult<void> RecordedFile::CheckBetween(Samples originals, qint64 piece) {
   return {};
 }
 
-tl::unexpected<WavError> RecordedFile::Changed() const {
+tl::unexpected<WavError> RecordedFile::Changed() {
+  foundChanged_ = true;
   return tl::unexpected(
       file_->ErrorBecause(Writing, u"the file was changed since it was normalized"_s));
 }

@@ -67,6 +67,9 @@ class RecordedFile {
   /// Everything before this piece is mapped, everything from it on original, and all of it on the
   /// disk.
   [[nodiscard]] WavResult<void> Mark(qint64 boundary);
+  /// Whether an error was that the recording is not what the pass left: the record is of no use.
+  [[nodiscard]] bool HasFoundChanged() const { return foundChanged_; }
+
   /// Gives back the room that only a running pass needs; what cannot be given back stays.
   void GiveRoomBack();
 
@@ -82,11 +85,12 @@ class RecordedFile {
   [[nodiscard]] WavResult<void> Write(qint64 piece, Samples words);
   [[nodiscard]] WavResult<bool> CheckMapped(qint64 piece);
   [[nodiscard]] WavResult<bool> CheckUnmapped(qint64 piece);
-  [[nodiscard]] WavResult<void> CheckOriginal(qint64 piece, quint64 hash) const;
+  [[nodiscard]] WavResult<void> CheckOriginal(qint64 piece, quint64 hash);
+  [[nodiscard]] WavResult<void> NoteAgain(qint64 piece);
   [[nodiscard]] WavResult<void> KeepBits(qint64 piece, Samples originals);
   [[nodiscard]] WavResult<PieceFacts> FactsOf(qint64 piece) const;
   [[nodiscard]] WavResult<void> CheckBetween(Samples originals, qint64 piece);
-  [[nodiscard]] tl::unexpected<WavError> Changed() const;
+  [[nodiscard]] tl::unexpected<WavError> Changed();
   [[nodiscard]] tl::unexpected<WavError> Damaged() const;
 
   PassRecord record_;
@@ -95,6 +99,7 @@ class RecordedFile {
   PieceBuffer buffer_;
   std::optional<qint64> piece_;  // that is open
   PieceFacts facts_;             // of it
+  bool foundChanged_ = false;
 };
 
 }  // namespace brindle

@@ -91,7 +91,7 @@ void SoundView::EndPass(const PassState& end) {
   const bool isCompleted = std::holds_alternative<PassCompleted>(end);
   const auto done = std::exchange(outlook_.done, 0);
   isPassing_ = false;
-  if (isCompleted || changesFile_) {
+  if (outlook_.gain && (isCompleted || changesFile_)) {
     outlook_.picture.Amplify(isCompleted ? outlook_.picture.Columns().size() : done,
                              *outlook_.gain);
     peaks_.reset();

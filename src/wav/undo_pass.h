@@ -37,6 +37,9 @@ class UndoPass : public Pass {
   [[nodiscard]] PassState Advance() override;
   [[nodiscard]] PassState Abort() override { return PassAborted{}; }
 
+  /// Whether the recording was changed by others, so that its record is of no use.
+  [[nodiscard]] bool HasFoundChanged() const { return recorded_ && recorded_->HasFoundChanged(); }
+
  private:
   // What is done next.
   enum class Turn {

@@ -32,7 +32,8 @@ class WavNorm : public Form {
   Settings& record_;
   FileDrop drop_{this};
   NormalizerPanels panels_{record_};
-  NormalizerTasks tasks_{*this, services_, panels_};
+  NormalizerTasks tasks_{*this, services_, panels_,
+                         [this](const QString& path) { return ShowFile(path); }};
 
  public:
   explicit WavNorm(Services& services)
@@ -64,7 +65,6 @@ class WavNorm : public Form {
     on(panels_.tasks.Cancel).Click(&WavNorm::Cancel_Click);
     connect(&drop_, &FileDrop::Dropped, this, &WavNorm::OpenFile);
     connect(&tasks_.Runner(), &TaskRunner::IdleChanged, &drop_, &FileDrop::SetAccepting);
-    connect(&tasks_, &NormalizerTasks::FileWanted, this, &WavNorm::ShowFile);
   }
 
   void btnScan_Click() { tasks_.Scan(); }

@@ -13,13 +13,11 @@
 #include <QString>
 #include <QStringList>
 
-#include "base/files/at_path.h"
 #include "base/files/disk.h"
 #include "base/files/file_error.h"
 #include "base/time/clock.h"
 #include "wav/buffering.h"
 #include "wav/gain.h"
-#include "wav/level_range.h"
 #include "wav/normalization.h"
 #include "wav/pass_record.h"
 #include "wav/pass_records.h"
@@ -40,8 +38,9 @@ void WayBack::LookFor(const QString& recording) {
 
 std::optional<FoundRecord> WayBack::FindInterrupted() const {
   const auto all = records_.Find();
-  const auto found = std::find_if(all.begin(), all.end(), [](const FoundRecord& record) {
-    return !record.isComplete && IsFileAt(record.facts.path).value_or(false);
+  const auto found = std::find_if(all.begin(), all.end(), [this](const FoundRecord& record) {
+    const auto newest = records_.FindFor(record.facts.path);
+    return !record.isComplete && newest && newest->path == record.path;
   });
   return found == all.end() ? std::nullopt : std::optional(*found);
 }
@@ -61,20 +60,25 @@ QStringList WayBack::SetUnusableAside() const {
 
 QString WayBack::Question() const {
   return u"The normalization of %1 was interrupted at %2 %.\r\n\r\nFinish: normalizes the rest.\r\n"
-         "Undo: makes the recording what it was.\r\nLater: leaves it as it is."_s
-             .arg(QFileInfo(recording_).fileName())
-             .arg(found_->Percent());
+         "Undo: makes the recording what it was.\r\nLater: leaves it as it is."_s.arg(
+             QFileInfo(recording_).fileName(), QString::number(found_->Percent()));
 }
 
 FileResult<void> WayBack::Keep(Normalization& pass, double gain, Buffering buffering,
-                               LevelRange levels) const {
-  const auto reason = [](const WavError& error) { return error.error; };
+                               const KnownLevels& levels) const {
   auto facts = pass.FactsFor(gain, buffering, levels);
   if (!facts) {
     return tl::unexpected(facts.error().error);
   }
+  if (facts->grid.Count() == 0) {
+    return {};
+  }
   return records_.Create(std::move(*facts)).and_then([&](PassRecord record) {
-    return pass.KeepRecord(std::move(record)).map_error(reason);
+    const auto path = record.Path();
+    return pass.KeepRecord(std::move(record)).map_error([&](const WavError& error) {
+      records_.Remove(path);
+      return error.error;
+    });
   });
 }
 
@@ -92,6 +96,12 @@ WavResult<std::unique_ptr<Normalization>> WayBack::Finish(const Clock& clock) co
         return records_.Open(*found_).map_error(FailedAt(WavError::Failed::Reading));
       })
       .and_then([&](PassRecord record) { return pass->KeepRecord(std::move(record)); })
+      .map_error([&](const WavError& error) {
+        if (pass->HasFoundChanged()) {
+          records_.SetAside(found_->path);
+        }
+        return error;
+      })
       .map([&] {
         pass->Start(GainTable(found_->facts.gain), found_->facts.buffering, clock);
         return std::move(pass);
@@ -99,6 +109,8 @@ WavResult<std::unique_ptr<Normalization>> WayBack::Finish(const Clock& clock) co
 }
 
 void WayBack::Forget() { records_.Remove(found_->path); }
+
+void WayBack::SetAside() { records_.SetAside(found_->path); }
 
 void WayBack::Complete(const QString& recording) {
   LookFor(recording);

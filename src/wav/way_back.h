@@ -13,7 +13,7 @@
 #include "base/files/file_error.h"
 #include "base/files/system_disk.h"
 #include "base/time/clock.h"
-#include "wav/level_range.h"
+#include "wav/buffering.h"
 #include "wav/normalization.h"
 #include "wav/pass_records.h"
 #include "wav/undo_pass.h"
@@ -40,9 +40,9 @@ class WayBack {
   /// The question about an interrupted pass.
   [[nodiscard]] QString Question() const;
 
-  /// Has a pass in place that was opened keep a record. All its samples lie in `levels`.
+  /// Has a pass in place that was opened keep a record. One that maps nothing needs none.
   [[nodiscard]] FileResult<void> Keep(Normalization& pass, double gain, Buffering buffering,
-                                      LevelRange levels) const;
+                                      const KnownLevels& levels) const;
   /// The pass that makes the recording what it was; Forget() when it is completed.
   [[nodiscard]] FileResult<std::unique_ptr<UndoPass>> Undo(const Clock& clock) const;
   /// The rest of an interrupted pass, started.
@@ -50,6 +50,8 @@ class WayBack {
 
   /// Removes the record, which has been taken back.
   void Forget();
+  /// The recording was changed since: its record is kept by another name, and not found any more.
+  void SetAside();
   /// The pass over this recording is complete: removes the records that it replaces.
   void Complete(const QString& recording);
 

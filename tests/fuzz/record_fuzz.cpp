@@ -69,7 +69,7 @@ bool RunWith(const MemoryDisk& disk, std::optional<PassRecord> record, double ga
     return false;
   }
   if (!record) {
-    auto facts = pass.FactsFor(gain, Buffering::Single, {.lowest = -32768, .highest = 32767});
+    auto facts = pass.FactsFor(gain, Buffering::Single, {});
     facts->grid.size = BlockSize;
     auto created = RecordsOn(disk).Create(*facts);
     Require(created.has_value());

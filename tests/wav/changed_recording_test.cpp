@@ -100,7 +100,7 @@ class ChangedRecording : public ::testing::TestWithParam<ChangeCase> {
       EXPECT_FALSE(logged.call == MemoryDisk::Call::Write && logged.path == Recording)
           << "a write at " << logged.offset;
     }
-    EXPECT_EQ(RecordsOn(disk).Find().size(), 1U) << "the record stays";
+    EXPECT_EQ(disk.FilesIn(QString::fromUtf8(StateFolder)).size(), 1) << "the record stays";
   }
 
  private:

@@ -57,7 +57,7 @@ class Killed : public ::testing::Test {
     if (const auto opened = pass.Open(); !opened) {
       return TextOf(opened);
     }
-    const auto kept = Way().Keep(pass, Amplification, Buffering::Multi, AllLevels);
+    const auto kept = Way().Keep(pass, Amplification, Buffering::Multi, {});
     if (!kept) {
       return CannotWrite(kept.error()).toStdString();
     }

@@ -274,6 +274,73 @@ TEST_F(UndoOfNormalizer, DamagedRecordIsToldOnceAndSetAside) {
   EXPECT_EQ(Boxes(), Texts());
 }
 
+TEST_F(UndoOfNormalizer, AnotherRecordingAtThePathOfAMovedOneLeavesItsRecordAlone) {
+  AbortPass();
+  ASSERT_TRUE(QFile::rename(PathOf("in.wav"), PathOf("moved.wav")));
+  OpenFile(Put("in.wav", Quiet()));
+  EXPECT_FALSE(IsUndoShown());
+  ClickOn("btnScan");
+  Normalize();
+  questions.Answer(BoxAnswer::Undo);
+  OpenFile(PathOf("moved.wav"));
+  EXPECT_EQ(BytesOf("moved.wav"), BytesOf(Long(Blocks)));
+}
+
+TEST_F(UndoOfNormalizer, RecordOfARestoredFileIsToldOnce) {
+  AbortPass();
+  Put("in.wav", Long(Blocks));
+  questions.Answer(BoxAnswer::Finish);
+  questions.Answer(BoxAnswer::Ok);
+  OpenFile(PathOf("in.wav"));
+  EXPECT_EQ(Boxes().back(), "Cannot write " + PathOf("in.wav").toStdString() +
+                                ": the file was changed since it was normalized");
+  EXPECT_EQ(BytesOf("in.wav"), BytesOf(Long(Blocks)));
+  OpenFile(PathOf("in.wav"));
+  EXPECT_EQ(Boxes(), Texts());
+  EXPECT_FALSE(IsUndoShown());
+}
+
+TEST_F(UndoOfNormalizer, NothingIsTakenUpOfAFileThatDoesNotOpen) {
+  AbortPass();
+  CloseNormalizer();
+  questions.Answer(BoxAnswer::Undo, [this] { Put("in.wav", QByteArray("no recording")); });
+  questions.Answer(BoxAnswer::Ok);
+  OpenNormalizer();
+  AwaitEnd();
+  EXPECT_EQ(Boxes().back(), Refused);
+  EXPECT_FALSE(IsUndoShown());
+  EXPECT_EQ(Shown(), "");
+}
+
+TEST_F(UndoOfNormalizer, RecordThatVanishesMeanwhileIsNotAskedAbout) {
+  AbortPass();
+  CloseNormalizer();
+  QFile foreign(Records().filePath(u"foreign.undo"_s));
+  ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
+  ASSERT_EQ(foreign.write("this is no record"), 17);
+  foreign.close();
+  questions.Answer(BoxAnswer::Ok, [this] {
+    for (const auto& name : Records().entryList({u"*.undo"_s}, QDir::Files)) {
+      EXPECT_TRUE(QFile::remove(Records().filePath(name)));
+    }
+  });
+  OpenNormalizer();
+  AwaitEnd();
+  EXPECT_EQ(Boxes().size(), 1U);
+}
+
+TEST_F(UndoOfNormalizer, NameWithAPercentSignIsNoPattern) {
+  AbortPass();
+  CloseNormalizer();
+  ASSERT_TRUE(QFile::rename(PathOf("in.wav"), PathOf("mix%2.wav")));
+  OpenNormalizer();
+  questions.Answer(BoxAnswer::Later);
+  OpenFile(PathOf("mix%2.wav"));
+  const auto asked = Boxes();
+  ASSERT_EQ(asked.size(), 1U);
+  EXPECT_TRUE(asked.front().starts_with("The normalization of mix%2.wav was interrupted at 91 %."));
+}
+
 /// A record that cannot be written: a file stands where its folder should be.
 class NoWayBack : public UndoOfNormalizer {
  protected:

@@ -61,7 +61,7 @@ inline std::string NormalizeOn(const MemoryDisk& disk, const RecordedPass& how, 
   if (!opened) {
     return TextOf(opened);
   }
-  auto facts = pass.FactsFor(how.gain, how.buffering, how.levels);
+  auto facts = pass.FactsFor(how.gain, how.buffering, {.levels = how.levels});
   if (!facts) {
     return TextOf(facts);
   }

@@ -201,8 +201,9 @@ QStringList SystemDisk::FilesIn(const QString& folder) const {
 
 std::optional<qint64> SystemDisk::FreeBytes(const QString& folder) const {
   const QStorageInfo volume(folder);
-  return volume.isValid() && volume.bytesAvailable() >= 0 ? std::optional(volume.bytesAvailable())
-                                                          : std::nullopt;
+  // Some file systems report no room at all, because they do not know.
+  const bool isKnown = volume.isValid() && volume.bytesTotal() > 0;
+  return isKnown ? std::optional(volume.bytesAvailable()) : std::nullopt;
 }
 
 const Disk& TheSystemsDisk() {

@@ -128,17 +128,26 @@ tl::expected<void, QString> SetRoomAside(QFile& file, qint64 length) {
   return {};
 }
 
-// Both kinds that IsLocked() knows. The second one belongs to this descriptor: another one of this
-// program that is closed in the meantime leaves it alone.
+// Both kinds that IsLocked() knows. The lock of the range belongs to this descriptor: another one
+// of this program that is closed in the meantime leaves it alone. On some network file systems the
+// two kinds are one and in each other's way; then one is enough.
 tl::expected<void, QString> LockFile(const QFile& file, bool isToBeWritten) {
-  const int descriptor = file.handle();
-  const bool isRefused =
-      flock(descriptor, (isToBeWritten ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-  auto range = WholeFile(isToBeWritten ? F_WRLCK : F_RDLCK);
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's form
-  const int locked = fcntl(descriptor, F_OFD_SETLK, &range);
-  const bool isRangeRefused = locked != 0 && (errno == EAGAIN || errno == EACCES);
-  if (isRefused || isRangeRefused) {
+  const auto lockRange = [&](short type) {
+    auto range = WholeFile(type);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's form
+    const int locked = fcntl(file.handle(), F_OFD_SETLK, &range);
+    return locked == 0 || (errno != EAGAIN && errno != EACCES);
+  };
+  const auto lockWhole = [&] {
+    const int kind = isToBeWritten ? LOCK_EX : LOCK_SH;
+    return flock(file.handle(), kind | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  };
+  bool isLocked = lockRange(isToBeWritten ? F_WRLCK : F_RDLCK);
+  if (isLocked && !lockWhole()) {
+    lockRange(F_UNLCK);
+    isLocked = lockWhole();
+  }
+  if (!isLocked) {
     return tl::unexpected(u"another program is using the file"_s);
   }
   return {};
