@@ -73,7 +73,7 @@ WavResult<void> RecordedFile::Recover() {
     return tl::unexpected(WavError{Writing, room.error()});
   }
   const auto piece = record_.Boundary();
-  if (const auto noted = NoteAgain(piece - 1); !noted) {
+  if (auto noted = NoteAgain(piece - 1); !noted) {
     return noted;
   }
   if (!record_.IsInFlight()) {
