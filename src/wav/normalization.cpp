@@ -207,7 +207,7 @@ WavResult<void> Normalization::KeepRecord(PassRecord record) {
     return {};
   });
   if (!kept) {
-    hasFoundChanged_ = recorded_->HasFoundChanged();
+    changedRecord_ = recorded_->ChangedRecord();
     recorded_.reset();
   }
   return kept;

@@ -90,9 +90,10 @@ class Normalization : public Pass {
 
   /// Whether the pass keeps a record.
   [[nodiscard]] bool IsRecorded() const { return recorded_.has_value(); }
-  /// Whether the recording was changed by others, so that its record is of no use.
-  [[nodiscard]] bool HasFoundChanged() const {
-    return hasFoundChanged_ || (recorded_ && recorded_->HasFoundChanged());
+  /// The path of the record if the recording was changed by others, so that the record is of no
+  /// use; empty otherwise.
+  [[nodiscard]] QString ChangedRecord() const {
+    return recorded_ ? recorded_->ChangedRecord() : changedRecord_;
   }
 
   /// Begins the pass over the files that were opened.
@@ -185,7 +186,7 @@ class Normalization : public Pass {
   std::optional<Tail> tail_;
   DiskWait wait_;
   std::optional<RecordedFile> recorded_;
-  bool hasFoundChanged_ = false;  // before there was a record to keep
+  QString changedRecord_;  // that was not kept
   Turn turn_ = Turn::CheckPieces;
   qint64 checked_ = 0;  // pieces from the first one on that nobody has changed
   double throughput_ = 0;

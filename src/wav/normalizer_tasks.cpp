@@ -268,11 +268,9 @@ void NormalizerTasks::TellStatistics() {
 
 void NormalizerTasks::EndPass(const std::optional<WavError>& error) {
   const bool isRecorded = pass_ && pass_->IsRecorded();
-  if (pass_ && pass_->HasFoundChanged()) {
-    pass_.reset();
-    wayBack_.SetAside();
-  }
+  const auto changedRecord = pass_ ? pass_->ChangedRecord() : QString();
   pass_.reset();
+  wayBack_.SetAside(changedRecord);
   runner_.SetRunning(Running::Nothing);
   panels_.tasks.HideProgress();
   panels_.options.SetBufferingEnabled(true);
@@ -352,12 +350,11 @@ void NormalizerTasks::Undo() {
 
 void NormalizerTasks::EndUndo(const PassState& end) {
   const bool isUndone = std::holds_alternative<PassCompleted>(end);
-  const bool isChanged = undo_->HasFoundChanged();
+  const auto changedRecord = undo_->ChangedRecord();
   undo_.reset();
+  wayBack_.SetAside(changedRecord);
   if (isUndone) {
     wayBack_.Forget();
-  } else if (isChanged) {
-    wayBack_.SetAside();
   }
   runner_.ForgetAbort();
   runner_.SetRunning(Running::Nothing);

@@ -36,10 +36,12 @@ namespace brindle {
 using namespace Qt::StringLiterals;
 
 // The layout, all numbers lowest byte first, everything except single facts at multiples of Unit:
-//   the mark; then length and hash of the facts of the pass; these facts
-//   two heads, each of a place for originals; each stands there twice, so that a single byte that
-//   is damaged does not pass for a head that has not reached the disk the facts of each piece the
-//   bits that tell what the table of the gain loses two places for the originals of one piece
+// - the mark; then length and hash of the facts of the pass; these facts
+// - two heads, each of a place for originals; each head stands there twice, so that a damaged byte
+//   does not pass for a head that has not reached the disk
+// - the facts of each piece
+// - the bits that tell what the table of the gain loses
+// - two places for the originals of one piece
 namespace {
 
 constexpr qint64 Unit = DiskFile::DirectUnit;
@@ -212,7 +214,7 @@ PassRecord::~PassRecord() {
 }
 
 FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path, PassFacts facts) {
-  if (!IsPossible(facts) || !facts.path.isValidUtf16()) {
+  if (!IsPossible(facts)) {
     return tl::unexpected(ErrorOf(path, u"a pass like this cannot be recorded"_s));
   }
   auto opened = disk.Open(path, OpenFor::CreatingOnly);

@@ -103,7 +103,20 @@ PassRecords::Use PassRecords::LookAt(const QString& path, std::vector<FoundRecor
 }
 
 std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const {
+  return NewestOf(recording, Find());
+}
+
+std::optional<FoundRecord> PassRecords::FindInterrupted() const {
   const auto all = Find();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const FoundRecord& record) {
+    const auto newest = record.isComplete ? std::nullopt : NewestOf(record.facts.path, all);
+    return newest && newest->path == record.path;
+  });
+  return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<FoundRecord> PassRecords::NewestOf(const QString& recording,
+                                                 const std::vector<FoundRecord>& all) const {
   const auto found = std::find_if(all.begin(), all.end(), [&](const FoundRecord& record) {
     return IsOf(record.facts, recording);
   });

@@ -48,6 +48,10 @@ class PassRecords {
   /// renamed.
   [[nodiscard]] std::optional<FoundRecord> FindFor(const QString& recording) const;
 
+  /// The newest record of an interrupted pass over a recording that is still there, and was not
+  /// changed by a later pass.
+  [[nodiscard]] std::optional<FoundRecord> FindInterrupted() const;
+
   /// A record for a pass that is about to begin, on the disk with all the room it needs. The time
   /// and a name for it are chosen here.
   [[nodiscard]] FileResult<PassRecord> Create(PassFacts facts) const;
@@ -70,6 +74,8 @@ class PassRecords {
   // What a file in the folder is good for.
   enum class Use { Record, None, Unusable };
 
+  [[nodiscard]] std::optional<FoundRecord> NewestOf(const QString& recording,
+                                                    const std::vector<FoundRecord>& all) const;
   [[nodiscard]] Use LookAt(const QString& path, std::vector<FoundRecord>& found) const;
   [[nodiscard]] bool IsOf(const PassFacts& facts, const QString& recording) const;
 

@@ -7,6 +7,8 @@
 #include <optional>
 #include <vector>
 
+#include <QString>
+
 #include "base/files/disk.h"
 #include "wav/gain.h"
 #include "wav/pass_record.h"
@@ -67,8 +69,9 @@ class RecordedFile {
   /// Everything before this piece is mapped, everything from it on original, and all of it on the
   /// disk.
   [[nodiscard]] WavResult<void> Mark(qint64 boundary);
-  /// Whether an error was that the recording is not what the pass left: the record is of no use.
-  [[nodiscard]] bool HasFoundChanged() const { return foundChanged_; }
+  /// The path of the record if an error was that the recording is not what the pass left, so that
+  /// the record is of no use; empty otherwise.
+  [[nodiscard]] QString ChangedRecord() const { return foundChanged_ ? record_.Path() : QString(); }
 
   /// Gives back the room that only a running pass needs; what cannot be given back stays.
   void GiveRoomBack();

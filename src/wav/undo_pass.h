@@ -37,8 +37,11 @@ class UndoPass : public Pass {
   [[nodiscard]] PassState Advance() override;
   [[nodiscard]] PassState Abort() override { return PassAborted{}; }
 
-  /// Whether the recording was changed by others, so that its record is of no use.
-  [[nodiscard]] bool HasFoundChanged() const { return recorded_ && recorded_->HasFoundChanged(); }
+  /// The path of the record if the recording was changed by others, so that the record is of no
+  /// use; empty otherwise.
+  [[nodiscard]] QString ChangedRecord() const {
+    return recorded_ ? recorded_->ChangedRecord() : QString();
+  }
 
  private:
   // What is done next.

@@ -3,7 +3,6 @@
 
 #include "wav/way_back.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -34,15 +33,6 @@ WayBack::WayBack(QString folder, const Disk& disk)
 void WayBack::LookFor(const QString& recording) {
   recording_ = recording;
   found_ = recording.isEmpty() ? std::nullopt : records_.FindFor(recording);
-}
-
-std::optional<FoundRecord> WayBack::FindInterrupted() const {
-  const auto all = records_.Find();
-  const auto found = std::find_if(all.begin(), all.end(), [this](const FoundRecord& record) {
-    const auto newest = records_.FindFor(record.facts.path);
-    return !record.isComplete && newest && newest->path == record.path;
-  });
-  return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
 QStringList WayBack::SetUnusableAside() const {
@@ -97,9 +87,7 @@ WavResult<std::unique_ptr<Normalization>> WayBack::Finish(const Clock& clock) co
       })
       .and_then([&](PassRecord record) { return pass->KeepRecord(std::move(record)); })
       .map_error([&](const WavError& error) {
-        if (pass->HasFoundChanged()) {
-          records_.SetAside(found_->path);
-        }
+        SetAside(pass->ChangedRecord());
         return error;
       })
       .map([&] {
@@ -110,7 +98,11 @@ WavResult<std::unique_ptr<Normalization>> WayBack::Finish(const Clock& clock) co
 
 void WayBack::Forget() { records_.Remove(found_->path); }
 
-void WayBack::SetAside() { records_.SetAside(found_->path); }
+void WayBack::SetAside(const QString& record) const {
+  if (!record.isEmpty()) {
+    records_.SetAside(record);
+  }
+}
 
 void WayBack::Complete(const QString& recording) {
   LookFor(recording);

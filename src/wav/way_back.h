@@ -29,7 +29,9 @@ class WayBack {
   /// Looks for the record of a recording, which is then the one that is open.
   void LookFor(const QString& recording);
   /// Looks for the newest interrupted pass over a recording that is still there. It is not open.
-  [[nodiscard]] std::optional<FoundRecord> FindInterrupted() const;
+  [[nodiscard]] std::optional<FoundRecord> FindInterrupted() const {
+    return records_.FindInterrupted();
+  }
   /// Messages about records that are damaged or of another version, once for each.
   [[nodiscard]] QStringList SetUnusableAside() const;
 
@@ -51,7 +53,8 @@ class WayBack {
   /// Removes the record, which has been taken back.
   void Forget();
   /// The recording was changed since: its record is kept by another name, and not found any more.
-  void SetAside();
+  /// Does nothing for an empty path.
+  void SetAside(const QString& record) const;
   /// The pass over this recording is complete: removes the records that it replaces.
   void Complete(const QString& recording);
 
