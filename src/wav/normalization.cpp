@@ -20,10 +20,10 @@
 #include "base/files/system_files.h"
 #include "wav/buffering.h"
 #include "wav/gain.h"
-#include "wav/inverse_table.h"
 #include "wav/pass.h"
+#include "wav/pass_loops.h"
 #include "wav/pass_record.h"
-#include "wav/piece_grid.h"
+#include "wav/piece_turns.h"
 #include "wav/recorded_file.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
@@ -36,9 +36,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MultiBlocks = 64;
-constexpr qint64 MultiSize = MultiBlocks * BlockSize;  // bytes
-
 // Compares the texts, too: some file systems give a file another number every time.
 bool TargetIsSource(const PassFiles& files) {
   return files.target == files.source || LeadToSameFile(files.source, files.target);
@@ -50,36 +47,6 @@ tl::unexpected<WavError> CannotWriteTarget(const FileError& error) {
 
 Samples BlockOf(Samples buffer, qint64 block) {
   return buffer.subspan(static_cast<std::size_t>(block) * BlockWords, BlockWords);
-}
-
-// Where the loops of a pass end, which is after the last word that they map.
-qint64 EndOfLoops(const SampleData& data, Buffering buffering) {
-  const auto after = [&](qint64 position, qint64 last, qint64 size) {
-    return last < position ? position : position + ((last - position) / size + 1) * size;
-  };
-  qint64 position = data.start;
-  if (buffering == Buffering::Multi) {
-    position = after(position, data.BlockEnd(MultiSize), MultiSize);
-    position = after(position, data.fileLength - BlockSize - 1, BlockSize);
-  } else {
-    position = after(position, data.BlockEnd(BlockSize), BlockSize);
-  }
-  return after(position, data.LastWord(), WordSize);
-}
-
-// The room for what the table loses. Of words after the samples, which the loops map too, nobody
-// knows the levels, and they change what the other words of their piece take.
-qint64 RoomForBits(const SampleData& data, const PieceGrid& grid, const GainTable& table,
-                   LevelRange levels) {
-  const auto bytes = [](qint64 words, int bits) {
-    constexpr qint64 bitsPerByte = 8;
-    return (words * bits + bitsPerByte - 1) / bitsPerByte;
-  };
-  const auto endOfSamples = std::max(grid.start, data.LastWord() + WordSize);
-  const auto known =
-      endOfSamples >= grid.end ? grid.end : grid.PositionOf(grid.PieceAt(endOfSamples));
-  return bytes((known - grid.start) / WordSize, MostBitsLost(table, levels)) +
-         bytes((grid.end - known) / WordSize, MostBitsLost(table, AllLevels)) + grid.Count();
 }
 
 }  // namespace
@@ -165,41 +132,22 @@ void Normalization::Start(GainTable table, Buffering buffering, const Clock& clo
   table_ = std::move(table);
   timer_.emplace(clock, data_.fileLength);
   phase_ = buffering == Buffering::Multi ? Phase::ManyBlocks : Phase::SingleBlocks;
-  position_ =
-      recorded_ ? recorded_->Grid().PositionOf(recorded_->Record().Boundary()) : data_.start;
+  position_ = turns_ ? turns_->Begin() : data_.start;
 }
 
 WavResult<PassFacts> Normalization::FactsFor(double gain, Buffering buffering,
                                              const KnownLevels& known) const {
-  PassFacts facts;
-  facts.path = files_.source;
-  facts.fileLength = data_.fileLength;
-  facts.grid = {
-      .start = data_.start, .end = EndOfLoops(data_, buffering), .size = PassRecord::PieceSize};
-  facts.gain = gain;
-  facts.buffering = buffering;
-  facts.headLength = HeadLength(data_.start, data_.fileLength);
-  return input_->OnDisk()
-      ->Stamp()
-      .map_error(FailedAt(WavError::Failed::Reading))
-      .and_then([&](const FileStamp& stamp) {
-        facts.stamp = stamp;
-        const bool isKnown = !known.of || *known.of == stamp;
-        facts.bitsRoom =
-            RoomForBits(data_, facts.grid, GainTable(gain), isKnown ? known.levels : AllLevels);
-        return HashOfHead(*input_, facts.headLength);
-      })
-      .map([&](quint64 hash) {
-        facts.headHash = hash;
-        return facts;
-      });
+  return FactsOfPass(*input_, data_, gain, buffering, known).map([this](PassFacts facts) {
+    facts.path = files_.source;
+    return facts;
+  });
 }
 
 WavResult<void> Normalization::KeepRecord(PassRecord record) {
   const auto path = record.Path();
-  const bool isOfTheseLoops = AreLoopsWithin(record.Facts());
-  recorded_.emplace(std::move(record), input_);
-  auto kept = recorded_->CheckHead().and_then([&]() -> WavResult<void> {
+  const bool isOfTheseLoops = AreLoopsWithin(data_, record.Facts());
+  turns_.emplace(std::move(record), input_);
+  auto kept = File().CheckHead().and_then([&]() -> WavResult<void> {
     if (!isOfTheseLoops) {
       return tl::unexpected(WavError{WavError::Failed::Reading,
                                      ErrorOf(path, u"the record of the pass is damaged"_s)});
@@ -207,24 +155,16 @@ WavResult<void> Normalization::KeepRecord(PassRecord record) {
     return {};
   });
   if (!kept) {
-    changedRecord_ = recorded_->ChangedRecord();
-    recorded_.reset();
+    changedRecord_ = File().ChangedRecord();
+    turns_.reset();
   }
   return kept;
 }
 
-// The loops map the pieces of the record and no other words, and a round of blocks leaves no piece.
-bool Normalization::AreLoopsWithin(const PassFacts& facts) const {
-  const auto& grid = facts.grid;
-  const bool hasRounds =
-      facts.buffering == Buffering::Multi && data_.start <= data_.BlockEnd(MultiSize);
-  return grid.start == data_.start && grid.end == EndOfLoops(data_, facts.buffering) &&
-         (!hasRounds || grid.size % MultiSize == 0);
-}
-
 PassState Normalization::Advance() {
   while (phase_ != Phase::Done) {
-    const auto step = IsLoopsTurn() ? Work() : TendRecord();
+    const bool isLoopsTurn = !turns_ || turns_->IsLoopsTurn(position_);
+    const auto step = isLoopsTurn ? Work() : turns_->Tend(position_, *timer_);
     if (!step) {
       return step.error();
     }
@@ -236,59 +176,9 @@ PassState Normalization::Advance() {
 }
 
 PassState Normalization::Abort() {
-  const bool isMapped =
-      recorded_ && turn_ == Turn::AwaitPiece && position_ == recorded_->Grid().end;
+  const bool isMapped = turns_ && turns_->IsAllMapped(position_);
   const bool isTooLate = isMapped || phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
   return isTooLate ? Advance() : PassState(PassAborted{});
-}
-
-// Before the loops map a word, its piece is in the record.
-bool Normalization::IsLoopsTurn() const {
-  if (!recorded_) {
-    return true;
-  }
-  return turn_ == Turn::MapPiece ? recorded_->IsInOpenPiece(position_)
-                                 : turn_ == Turn::OpenPiece && position_ == recorded_->Grid().end;
-}
-
-Normalization::Step Normalization::TendRecord() {
-  const auto turnTo = [this](Turn turn) {
-    turn_ = turn;
-    return std::optional<PassProgress>();
-  };
-  switch (turn_) {
-    case Turn::CheckPieces:
-      return CheckPiece();
-    case Turn::Recover:
-      return recorded_->Recover().map([&] { return turnTo(Turn::AwaitRecovered); });
-    case Turn::AwaitRecovered:
-    case Turn::AwaitPiece:
-      return Await(input_->OnDisk(), [&] { return turnTo(Turn::OpenPiece), WavResult<void>(); });
-    case Turn::OpenPiece:
-      return recorded_->OpenPiece(recorded_->Grid().PieceAt(position_)).map([&] {
-        return turnTo(Turn::AwaitRecord);
-      });
-    case Turn::AwaitRecord:
-      return Await(recorded_->RecordOnDisk(),
-                   [&] { return turnTo(Turn::MapPiece), WavResult<void>(); });
-    case Turn::MapPiece:
-      break;
-  }
-  return recorded_->ClosePiece().map([&] { return turnTo(Turn::AwaitPiece); });
-}
-
-// A pass that goes on finds what it has mapped as it left it, and what was taken back as it was.
-Normalization::Step Normalization::CheckPiece() {
-  if (checked_ == recorded_->Grid().Count()) {
-    turn_ = Turn::Recover;
-    return std::nullopt;
-  }
-  return recorded_->CheckPiece(checked_).map([this](bool isRead) -> std::optional<PassProgress> {
-    const auto position = std::min(recorded_->Grid().PositionOf(checked_++), position_);
-    return isRead && timer_->IsDue(UpdateInterval::Half)
-               ? std::optional(timer_->ProgressAt(position))
-               : std::nullopt;
-  });
 }
 
 Normalization::Step Normalization::Work() {
@@ -320,7 +210,7 @@ Normalization::Step Normalization::MapManyBlocks() {
   if (position_ > data_.BlockEnd(MultiSize)) {
     return GoOnTo(Phase::TailBlocks);
   }
-  if (recorded_) {
+  if (turns_) {
     return MapReadBlocks();
   }
   buffer_.resize(MultiBlocks * BlockWords);
@@ -346,11 +236,8 @@ Normalization::Step Normalization::MapManyBlocks() {
 // The blocks were all read with their piece.
 Normalization::Step Normalization::MapReadBlocks() {
   for (qint64 block = 0; block < MultiBlocks; ++block) {
-    const auto position = position_ + block * BlockSize;
-    const auto samples = recorded_->WordsAt(position, BlockWords);
-    table_->Map(samples);
-    if (auto written = Write(position, BytesOf(samples)); !written) {
-      return tl::unexpected(written.error());
+    if (auto mapped = MapBlock(position_ + block * BlockSize, BlockWords); !mapped) {
+      return tl::unexpected(mapped.error());
     }
   }
   return GoOnBy(MultiSize, UpdateInterval::Half);
@@ -360,7 +247,7 @@ Normalization::Step Normalization::MapTailBlock() {
   if (data_.fileLength - position_ <= BlockSize) {
     return GoOnTo(Phase::TailWords);
   }
-  return MapBlock(BlockWords).map([this]() -> std::optional<PassProgress> {
+  return MapBlock(position_, BlockWords).map([this]() -> std::optional<PassProgress> {
     position_ += BlockSize;
     return std::nullopt;
   });
@@ -388,7 +275,7 @@ Normalization::Step Normalization::MapSingleBlock() {
   if (position_ > data_.BlockEnd(BlockSize)) {
     return GoOnTo(Phase::SingleWords);
   }
-  return MapBlock(BlockWords).and_then([this] {
+  return MapBlock(position_, BlockWords).and_then([this] {
     return GoOnBy(BlockSize, UpdateInterval::Quarter);
   });
 }
@@ -399,10 +286,11 @@ Normalization::Step Normalization::MapSingleWords() {
   if (words == 0) {
     return GoOnTo(Phase::Rest);
   }
-  return MapBlock(static_cast<std::size_t>(words)).map([&]() -> std::optional<PassProgress> {
-    position_ += words * WordSize;
-    return std::nullopt;
-  });
+  return MapBlock(position_, static_cast<std::size_t>(words))
+      .map([&]() -> std::optional<PassProgress> {
+        position_ += words * WordSize;
+        return std::nullopt;
+      });
 }
 
 Normalization::Step Normalization::CopyRest() {
@@ -417,29 +305,27 @@ Normalization::Step Normalization::AwaitDisk() {
     const auto length =
         files_.isInPlace ? std::min(position_ - 1, data_.fileLength) : data_.fileLength;
     return Output()->CheckStands(length).and_then([this] {
-      phase_ = recorded_ ? Phase::SyncRecord : Phase::Done;
+      phase_ = turns_ ? Phase::SyncRecord : Phase::Done;
       throughput_ = timer_->Throughput(data_.fileLength);
-      return recorded_ ? recorded_->Mark(recorded_->Grid().Count()) : WavResult<void>();
+      return turns_ ? File().Mark(File().Grid().Count()) : WavResult<void>();
     });
   });
 }
 
 Normalization::Step Normalization::AwaitRecord() {
-  return Await(recorded_->RecordOnDisk(), [this] {
-    recorded_->GiveRoomBack();
+  return Await(File().RecordOnDisk(), [this] {
+    File().GiveRoomBack();
     phase_ = Phase::Done;
     return WavResult<void>();
   });
 }
 
-// Goes on once the disk has the file. The progress meanwhile is that of the end, or of the position
-// where the loops wait.
+// Goes on once the disk has the file.
 Normalization::Step Normalization::Await(const std::shared_ptr<DiskFile>& file,
                                          const std::function<WavResult<void>()>& then) {
-  const bool isAtEnd = phase_ == Phase::Sync || phase_ == Phase::SyncRecord;
   return wait_.For(file, *timer_).and_then([&](bool isDone) -> Step {
     if (!isDone) {
-      return timer_->ProgressAt(isAtEnd ? data_.fileLength : position_);
+      return timer_->ProgressAt(data_.fileLength);
     }
     return then().map([] { return std::optional<PassProgress>(); });
   });
@@ -456,23 +342,23 @@ Normalization::Step Normalization::GoOnBy(qint64 bytes, UpdateInterval interval)
   return timer_->IsDue(interval) ? std::optional(timer_->ProgressAt(begun)) : std::nullopt;
 }
 
-WavResult<void> Normalization::MapBlock(std::size_t words) {
-  const auto samples = RoomFor(position_, words);
-  return Fetch(position_, samples).and_then([&] {
+WavResult<void> Normalization::MapBlock(qint64 position, std::size_t words) {
+  const auto samples = RoomFor(position, words);
+  return Fetch(position, samples).and_then([&] {
     table_->Map(samples);
-    return Write(position_, BytesOf(samples));
+    return Write(position, BytesOf(samples));
   });
 }
 
 // Where the words of a position are kept: in the open piece, or in the buffer.
 Samples Normalization::RoomFor(qint64 position, std::size_t words) {
-  const bool isRead = words > 0 && recorded_;
-  return isRead ? recorded_->WordsAt(position, words) : Samples(buffer_).first(words);
+  const bool isRead = words > 0 && turns_;
+  return isRead ? File().WordsAt(position, words) : Samples(buffer_).first(words);
 }
 
 // An open piece has its words already.
 WavResult<void> Normalization::Fetch(qint64 position, Samples samples) {
-  return recorded_ ? WavResult<void>() : input_->Read(position, BytesOf(samples));
+  return turns_ ? WavResult<void>() : input_->Read(position, BytesOf(samples));
 }
 
 // At most one block of words is left after the blocks. They were all read before progress was

@@ -20,7 +20,9 @@
 #include "wav/gain.h"
 #include "wav/level_range.h"
 #include "wav/pass.h"
+#include "wav/pass_loops.h"
 #include "wav/pass_record.h"
+#include "wav/piece_turns.h"
 #include "wav/recorded_file.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
@@ -34,12 +36,6 @@ struct PassFiles {
   QString source;
   QString target;          ///< ignored if the source is overwritten
   bool isInPlace = false;  ///< the source is overwritten
-};
-
-/// The levels that the samples of a source are known to have.
-struct KnownLevels {
-  LevelRange levels = AllLevels;
-  std::optional<FileStamp> of = {};  ///< they hold for this state of the file; nothing: for any
 };
 
 /// One normalization pass: Open(), Start(), then Advance() to its end. It never rewrites anything
@@ -89,11 +85,11 @@ class Normalization : public Pass {
   [[nodiscard]] WavResult<void> KeepRecord(PassRecord record);
 
   /// Whether the pass keeps a record.
-  [[nodiscard]] bool IsRecorded() const { return recorded_.has_value(); }
+  [[nodiscard]] bool IsRecorded() const { return turns_.has_value(); }
   /// The path of the record if the recording was changed by others, so that the record is of no
   /// use; empty otherwise.
   [[nodiscard]] QString ChangedRecord() const {
-    return recorded_ ? recorded_->ChangedRecord() : changedRecord_;
+    return turns_ ? turns_->File().ChangedRecord() : changedRecord_;
   }
 
   /// Begins the pass over the files that were opened.
@@ -126,29 +122,15 @@ class Normalization : public Pass {
     std::size_t mapped = 0;   // words
     std::size_t written = 0;  // words
   };
-  // What is done with the record before the loops go on; in this order, over and over.
-  enum class Turn {
-    CheckPieces,
-    Recover,
-    AwaitRecovered,
-    OpenPiece,
-    AwaitRecord,
-    MapPiece,
-    AwaitPiece,
-  };
   // The outcome of a step: progress if it is due.
   using Step = WavResult<std::optional<PassProgress>>;
 
-  [[nodiscard]] bool AreLoopsWithin(const PassFacts& facts) const;
   [[nodiscard]] WavResult<Opened> OpenTarget();
   [[nodiscard]] WavResult<void> CheckRoom() const;
   [[nodiscard]] WavResult<void> CopyHead();
   [[nodiscard]] WavResult<void> Copy(qint64 position, qint64 end);
 
   [[nodiscard]] Step Work();
-  [[nodiscard]] Step TendRecord();
-  [[nodiscard]] Step CheckPiece();
-  [[nodiscard]] bool IsLoopsTurn() const;
   [[nodiscard]] Step MapManyBlocks();
   [[nodiscard]] Step MapReadBlocks();
   [[nodiscard]] Step MapTailBlock();
@@ -158,12 +140,13 @@ class Normalization : public Pass {
   [[nodiscard]] Step CopyRest();
   [[nodiscard]] Step AwaitDisk();
   [[nodiscard]] Step AwaitRecord();
+  [[nodiscard]] RecordedFile& File() { return turns_->File(); }
   [[nodiscard]] Step Await(const std::shared_ptr<DiskFile>& file,
                            const std::function<WavResult<void>()>& then);
   [[nodiscard]] Step GoOnTo(Phase phase);
   [[nodiscard]] Step GoOnBy(qint64 bytes, UpdateInterval interval);
 
-  [[nodiscard]] WavResult<void> MapBlock(std::size_t words);
+  [[nodiscard]] WavResult<void> MapBlock(qint64 position, std::size_t words);
   [[nodiscard]] Samples RoomFor(qint64 position, std::size_t words);
   [[nodiscard]] WavResult<void> Fetch(qint64 position, Samples samples);
   [[nodiscard]] WavResult<void> ReadTail();
@@ -185,10 +168,8 @@ class Normalization : public Pass {
   qint64 position_ = 0;  // of the next byte for the loops
   std::optional<Tail> tail_;
   DiskWait wait_;
-  std::optional<RecordedFile> recorded_;
-  QString changedRecord_;  // that was not kept
-  Turn turn_ = Turn::CheckPieces;
-  qint64 checked_ = 0;  // pieces from the first one on that nobody has changed
+  std::optional<PieceTurns> turns_;  // of a pass that keeps a record
+  QString changedRecord_;            // that was not kept
   double throughput_ = 0;
 };
 

@@ -111,8 +111,7 @@ void NormalizerTasks::Scan(Coverage coverage,
     const auto found = scan_->Found();
     panels_.sound.ShowScanned(scan_->Picture(), coverage == Coverage::Usual ? found : peaks_);
     ScanThroughput = scan_->Throughput();
-    const bool isWhole = std::holds_alternative<PassCompleted>(end);
-    scanned_ = isWhole ? scan_->Scanned() : std::nullopt;
+    scanned_ = std::holds_alternative<PassCompleted>(end) ? scan_->Scanned() : std::nullopt;
     scan_.reset();
     runner_.SetRunning(Running::Nothing);
     panels_.tasks.HideProgress();

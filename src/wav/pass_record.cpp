@@ -4,11 +4,7 @@
 #include "wav/pass_record.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -16,20 +12,13 @@
 #include <vector>
 
 #include <QByteArray>
-#include <QDataStream>
-#include <QIODevice>
 #include <QString>
-
-// Compiled in, so that the program needs no further library where it runs.
-#define XXH_INLINE_ALL  // NOLINT(cppcoreguidelines-macro-usage): the library's own switch
-#include <xxhash.h>
 
 #include "base/files/disk.h"
 #include "base/files/file_error.h"
-#include "wav/buffering.h"
-#include "wav/level_range.h"
 #include "wav/piece_grid.h"
-#include "wav/samples.h"
+#include "wav/record_facts.h"
+#include "wav/sealed_numbers.h"
 
 namespace brindle {
 
@@ -56,64 +45,8 @@ constexpr qint64 LongestFacts = 1'048'576;  // bytes; a path is never that long
 constexpr qint64 PreambleLength = static_cast<qint64>(MarkLength) + 2 * sizeof(quint64);
 constexpr qint64 SlotHeadLength = 6 * sizeof(quint64);
 constexpr qint64 CopyOfHead = Unit / 2;  // bytes after the head
-constexpr qint64 PieceFactsLength = 4 * sizeof(quint64) + 2 * sizeof(std::int16_t);
 
 constexpr qint64 UpToUnit(qint64 bytes) { return (bytes + Unit - 1) / Unit * Unit; }
-
-std::span<const std::byte> AsBytes(const QByteArray& array) {
-  return std::as_bytes(std::span(array.constData(), static_cast<std::size_t>(array.size())));
-}
-
-quint64 HashOf(const QByteArray& array) { return brindle::HashOf(AsBytes(array)); }
-
-// Numbers into bytes and back.
-class Writer {
- public:
-  Writer() : stream_(&bytes_, QIODevice::WriteOnly) {
-    stream_.setByteOrder(QDataStream::LittleEndian);
-    stream_.setVersion(QDataStream::Qt_6_4);
-  }
-  template <class... Values>
-  QByteArray Of(const Values&... values) {
-    (stream_ << ... << values);
-    return bytes_;
-  }
-
- private:
-  QByteArray bytes_;
-  QDataStream stream_;
-};
-
-class Reader {
- public:
-  explicit Reader(const QByteArray& bytes) : stream_(bytes) {
-    stream_.setByteOrder(QDataStream::LittleEndian);
-    stream_.setVersion(QDataStream::Qt_6_4);
-  }
-  // Whether they were all there.
-  template <class... Values>
-  [[nodiscard]] bool To(Values&... values) {
-    (stream_ >> ... >> values);
-    return stream_.status() == QDataStream::Ok;
-  }
-  [[nodiscard]] bool IsAtEnd() const { return stream_.atEnd(); }
-
- private:
-  QDataStream stream_;
-};
-
-// What follows its own hash.
-QByteArray Sealed(const QByteArray& bytes) { return Writer().Of(HashOf(bytes)) + bytes; }
-
-// The bytes behind a hash, if it is theirs.
-std::optional<QByteArray> Unsealed(const QByteArray& sealed) {
-  quint64 hash = 0;
-  const auto bytes = sealed.mid(sizeof(hash));
-  if (!Reader(sealed).To(hash) || hash != HashOf(bytes)) {
-    return std::nullopt;
-  }
-  return bytes;
-}
 
 // As many bytes as there are.
 FileResult<QByteArray> ReadFrom(DiskFile& file, qint64 offset, qint64 length) {
@@ -126,46 +59,6 @@ FileResult<QByteArray> ReadFrom(DiskFile& file, qint64 offset, qint64 length) {
 
 FileResult<void> WriteTo(DiskFile& file, qint64 offset, const QByteArray& bytes) {
   return file.Write(offset, AsBytes(bytes));
-}
-
-QByteArray BytesOf(const PassFacts& facts) {
-  return Writer().Of(facts.path, facts.stamp.volume, facts.stamp.number, facts.stamp.changed,
-                     facts.created, facts.fileLength, facts.headLength, facts.headHash,
-                     facts.grid.start, facts.grid.end, facts.grid.size, facts.bitsRoom,
-                     std::bit_cast<quint64>(facts.gain),
-                     static_cast<quint8>(facts.buffering == Buffering::Multi ? 1 : 0));
-}
-
-// A record could have been made up to do harm: nothing of it may lead out of the recording, or to
-// numbers too large to reckon with.
-bool IsPossible(const PassFacts& facts) {
-  constexpr qint64 largestFile = std::numeric_limits<qint64>::max() / 128;
-  constexpr qint64 largestPiece = PassRecord::PieceSize;
-  const auto& grid = facts.grid;
-  return facts.fileLength >= 0 && facts.fileLength <= largestFile && grid.size > 0 &&
-         grid.size <= largestPiece && grid.size % BlockSize == 0 && grid.start >= 1 &&
-         grid.end >= grid.start && grid.end - 1 <= facts.fileLength &&
-         (grid.end - grid.start) % WordSize == 0 &&
-         facts.headLength == HeadLength(grid.start, facts.fileLength) && facts.bitsRoom >= 0 &&
-         facts.bitsRoom <= facts.fileLength + grid.Count() && std::isfinite(facts.gain) &&
-         facts.path.isValidUtf16() && !facts.path.contains(QChar());
-}
-
-std::optional<PassFacts> PassFactsOf(const QByteArray& bytes) {
-  PassFacts facts;
-  quint64 gain = 0;
-  quint8 isMulti = 0;
-  Reader reader(bytes);
-  if (!reader.To(facts.path, facts.stamp.volume, facts.stamp.number, facts.stamp.changed,
-                 facts.created, facts.fileLength, facts.headLength, facts.headHash,
-                 facts.grid.start, facts.grid.end, facts.grid.size, facts.bitsRoom, gain,
-                 isMulti) ||
-      !reader.IsAtEnd()) {
-    return std::nullopt;
-  }
-  facts.gain = std::bit_cast<double>(gain);
-  facts.buffering = isMulti != 0 ? Buffering::Multi : Buffering::Single;
-  return IsPossible(facts) ? std::optional(facts) : std::nullopt;
 }
 
 // What of the mark is there is right, but not all of it is.
@@ -185,20 +78,6 @@ RecordFault FaultOfMark(const QByteArray& mark) {
 }
 
 }  // namespace
-
-quint64 HashOf(std::span<const std::byte> bytes) { return XXH3_64bits(bytes.data(), bytes.size()); }
-
-quint64 HashOfBlocks(std::span<const quint64> blockHashes) {
-  return HashOf(std::as_bytes(blockHashes));
-}
-
-quint64 HashOfPiece(std::span<const std::int16_t> words) {
-  std::vector<quint64> hashes;
-  for (; !words.empty(); words = words.subspan(std::min(words.size(), BlockWords))) {
-    hashes.push_back(HashOf(std::as_bytes(words.first(std::min(words.size(), BlockWords)))));
-  }
-  return HashOfBlocks(hashes);
-}
 
 PassRecord::PassRecord(QString path, std::shared_ptr<DiskFile> file, PassFacts facts)
     : path_(std::move(path)),
@@ -227,8 +106,8 @@ FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path,
   auto created = file.Lock(true)
                      .and_then([&] { return record.TakeRoom(); })
                      .and_then([&] {
-                       const auto preamble =
-                           Writer().Of(static_cast<quint64>(bytes.size()), HashOf(bytes));
+                       const auto preamble = NumberWriter().Of(static_cast<quint64>(bytes.size()),
+                                                               HashOf(AsBytes(bytes)));
                        return WriteTo(file, MarkLength, preamble + bytes);
                      })
                      .and_then([&] { return file.Sync(); })
@@ -268,7 +147,7 @@ FileResult<tl::expected<PassRecord, RecordFault>> PassRecord::Open(const Disk& d
   }
   quint64 length = 0;
   quint64 hash = 0;
-  if (!Reader(preamble->mid(MarkLength)).To(length, hash) ||
+  if (!NumberReader(preamble->mid(MarkLength)).To(length, hash) ||
       length > static_cast<quint64>(LongestFacts)) {
     return refused(RecordFault::Damaged);
   }
@@ -276,7 +155,7 @@ FileResult<tl::expected<PassRecord, RecordFault>> PassRecord::Open(const Disk& d
   if (!bytes) {
     return tl::unexpected(bytes.error());
   }
-  auto facts = hash == HashOf(*bytes) ? PassFactsOf(*bytes) : std::nullopt;
+  auto facts = hash == HashOf(AsBytes(*bytes)) ? PassFactsOf(*bytes) : std::nullopt;
   if (!facts) {
     return refused(RecordFault::Damaged);
   }
@@ -304,15 +183,10 @@ qint64 PassRecord::WholeLength() const { return OriginalsOffset(1) + facts_.grid
 
 FileResult<std::optional<PieceFacts>> PassRecord::FactsOf(qint64 piece) const {
   return ReadFrom(*file_, FactsOffset(piece), PieceFactsLength)
-      .map([&](const QByteArray& sealed) -> std::optional<PieceFacts> {
-        const auto bytes = Unsealed(sealed);
-        PieceFacts facts;
-        if (!bytes || !Reader(*bytes).To(facts.originalHash, facts.bitsHash, facts.bitsEnd,
-                                         facts.range.lowest, facts.range.highest)) {
-          return std::nullopt;
-        }
-        const bool isPossible = facts.bitsEnd >= 0 && facts.bitsEnd <= facts_.bitsRoom;
-        return isPossible ? std::optional(facts) : std::nullopt;
+      .map([this](const QByteArray& bytes) {
+        const auto facts = PieceFactsOf(bytes);
+        const bool isPossible = facts && facts->bitsEnd >= 0 && facts->bitsEnd <= facts_.bitsRoom;
+        return isPossible ? facts : std::nullopt;
       });
 }
 
@@ -356,9 +230,7 @@ FileResult<void> PassRecord::ReadInFlight(PieceBuffer& originals) const {
 }
 
 FileResult<void> PassRecord::Note(qint64 piece, const PieceFacts& facts) {
-  return WriteTo(*file_, FactsOffset(piece),
-                 Sealed(Writer().Of(facts.originalHash, facts.bitsHash, facts.bitsEnd,
-                                    facts.range.lowest, facts.range.highest)));
+  return WriteTo(*file_, FactsOffset(piece), BytesOf(facts));
 }
 
 FileResult<void> PassRecord::WriteBits(qint64 at, std::span<const std::byte> bits) {
@@ -391,8 +263,8 @@ FileResult<std::optional<PassRecord::Slot>> PassRecord::ReadHeadAt(quint64 slot,
       .map([&](const QByteArray& sealed) -> std::optional<Slot> {
         const auto bytes = Unsealed(sealed);
         Slot head;
-        if (!bytes ||
-            !Reader(*bytes).To(head.number, head.piece, head.bytes, head.hash, head.changed)) {
+        if (!bytes || !NumberReader(*bytes).To(head.number, head.piece, head.bytes, head.hash,
+                                               head.changed)) {
           return std::nullopt;
         }
         const auto& grid = facts_.grid;
@@ -430,9 +302,7 @@ FileResult<bool> PassRecord::AreBitsWhole(qint64 piece) const {
     return false;
   }
   return ReadBits((*before)->bitsEnd, (*facts)->bitsEnd)
-      .map([&](const std::vector<std::byte>& bits) {
-        return brindle::HashOf(bits) == (*facts)->bitsHash;
-      });
+      .map([&](const std::vector<std::byte>& bits) { return HashOf(bits) == (*facts)->bitsHash; });
 }
 
 // Whether all that was written together with the head has reached the disk: the originals, and
@@ -461,7 +331,7 @@ FileResult<bool> PassRecord::AreFactsWhole() const {
 
 FileResult<void> PassRecord::WriteHead(const Slot& slot) {
   const auto head =
-      Sealed(Writer().Of(slot.number, slot.piece, slot.bytes, slot.hash, slot.changed));
+      Sealed(NumberWriter().Of(slot.number, slot.piece, slot.bytes, slot.hash, slot.changed));
   const auto offset = HeadOffset(slot.number);
   return WriteTo(*file_, offset, head)
       .and_then([&] { return WriteTo(*file_, offset + CopyOfHead, head); })

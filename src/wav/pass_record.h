@@ -3,9 +3,7 @@
 
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
@@ -16,48 +14,10 @@
 
 #include "base/files/disk.h"
 #include "base/files/file_error.h"
-#include "wav/buffering.h"
-#include "wav/level_range.h"
 #include "wav/piece_grid.h"
-#include "wav/samples.h"
+#include "wav/record_facts.h"
 
 namespace brindle {
-
-/// What a record says of its pass from the start on.
-struct PassFacts {
-  QString path;           ///< of the recording
-  FileStamp stamp;        ///< of the recording, before the pass
-  qint64 created = 0;     ///< microseconds since 1970
-  qint64 fileLength = 0;  ///< bytes
-  qint64 headLength = 0;  ///< bytes of the head that are hashed, see HeadLength()
-  quint64 headHash = 0;   ///< of these bytes
-  PieceGrid grid;         ///< what the pass maps
-  qint64 bitsRoom = 0;    ///< bytes for what the table of the gain loses
-  double gain = 1;
-  Buffering buffering = Buffering::Multi;
-};
-
-/// What a record says of a piece that the pass has mapped.
-struct PieceFacts {
-  /// Of the piece as it was. Tells what the pass left, too: only that gives these originals.
-  quint64 originalHash = 0;
-  quint64 bitsHash = 0;  ///< of the bits that tell the originals
-  qint64 bitsEnd = 0;    ///< bytes of bits up to the end of this piece's
-  LevelRange range;      ///< of the originals
-};
-
-/// The hash that records use for bytes: XXH3, 64 bits.
-[[nodiscard]] quint64 HashOf(std::span<const std::byte> bytes);
-/// The same for a piece: the hash of the hashes of its blocks, so that a block is hashed while it
-/// is in the processor's cache.
-[[nodiscard]] quint64 HashOfBlocks(std::span<const quint64> blockHashes);
-[[nodiscard]] quint64 HashOfPiece(std::span<const std::int16_t> words);
-
-/// How many bytes of a file are hashed as its head: all before the samples that it has, but no more
-/// than a mebibyte.
-[[nodiscard]] inline qint64 HeadLength(qint64 start, qint64 fileLength) {
-  return std::min<qint64>({start - 1, fileLength, 1'048'576});
-}
 
 /// Why a file is not used as a record.
 enum class RecordFault {
@@ -76,7 +36,7 @@ enum class RecordFault {
 class PassRecord {
  public:
   /// The bytes of a piece by default; bench/README.md has the measurements.
-  static constexpr qint64 PieceSize = 64 * BlockSize;
+  static constexpr qint64 PieceSize = LargestPiece;
 
   /// Creates the record in a folder, with all the room that it will take, and makes sure that it is
   /// on the disk.

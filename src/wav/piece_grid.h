@@ -16,6 +16,9 @@
 
 namespace brindle {
 
+/// Bytes of the largest piece, which is the usual one.
+inline constexpr qint64 LargestPiece = 64 * BlockSize;
+
 /// The words of a file that a pass maps, in pieces of equal size; the last one may be shorter.
 struct PieceGrid {
   qint64 start = 0;  ///< position of the first byte; the first byte of a file is 1
