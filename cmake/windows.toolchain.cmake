@@ -24,5 +24,7 @@ set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 # An inline function is compiled into every object that calls it, and the linker keeps one copy. This
 # compiler believes that a caller's own copy will be kept, and relies on the registers that it leaves
 # alone: another object's copy, in which the optimizer chose other ones, then breaks the caller.
-set(CMAKE_C_FLAGS_INIT "-fno-ipa-ra")
-set(CMAKE_CXX_FLAGS_INIT "-fno-ipa-ra")
+#
+# A function that keeps a buffer on the stack ends the program when somebody wrote past its end.
+set(CMAKE_C_FLAGS_INIT "-fno-ipa-ra -fstack-protector-strong")
+set(CMAKE_CXX_FLAGS_INIT "-fno-ipa-ra -fstack-protector-strong")
