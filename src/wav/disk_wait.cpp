@@ -14,16 +14,15 @@ namespace brindle {
 
 WavResult<bool> DiskWait::For(const std::shared_ptr<DiskFile>& file, const PassTimer& timer) {
   constexpr std::chrono::milliseconds betweenLooks(50);
-  if (!sync_) {
-    sync_.emplace(file);
+  if (!thread_.IsAtWork()) {
+    thread_.Begin(file);
   }
-  auto synced = sync_->Await(betweenLooks);
-  for (; !synced; synced = sync_->Await(betweenLooks)) {
+  auto synced = thread_.Await(betweenLooks);
+  for (; !synced; synced = thread_.Await(betweenLooks)) {
     if (timer.IsDue(UpdateInterval::Half)) {
       return false;
     }
   }
-  sync_.reset();
   return synced->map([] { return true; }).map_error(FailedAt(WavError::Failed::Writing));
 }
 

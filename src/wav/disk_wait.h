@@ -4,11 +4,10 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include "base/files/disk.h"
-#include "wav/background_sync.h"
 #include "wav/pass.h"
+#include "wav/sync_thread.h"
 #include "wav/wav_error.h"
 
 namespace brindle {
@@ -21,7 +20,7 @@ class DiskWait {
   [[nodiscard]] WavResult<bool> For(const std::shared_ptr<DiskFile>& file, const PassTimer& timer);
 
  private:
-  std::optional<BackgroundSync> sync_;
+  SyncThread thread_;
 };
 
 }  // namespace brindle

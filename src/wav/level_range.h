@@ -34,8 +34,8 @@ struct LevelRange {
 inline constexpr LevelRange AllLevels{.lowest = std::numeric_limits<std::int16_t>::min(),
                                       .highest = std::numeric_limits<std::int16_t>::max()};
 
-/// The range of these levels. Works on eight words at a time, which takes less than reading them
-/// from the system's cache.
+/// The range of these levels. Works on eight words at a time, or sixteen, which takes less than
+/// reading them from the system's cache.
 [[nodiscard]] LevelRange RangeOf(std::span<const std::int16_t> levels);
 
 /// What a pass with this gain makes of the range: both ends are mapped as GainTable does it, so it

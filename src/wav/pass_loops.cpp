@@ -15,6 +15,7 @@
 #include "wav/pass_record.h"
 #include "wav/piece_grid.h"
 #include "wav/record_facts.h"
+#include "wav/record_hash.h"
 #include "wav/recorded_file.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"

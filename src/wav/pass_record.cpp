@@ -18,6 +18,7 @@
 #include "base/files/file_error.h"
 #include "wav/piece_grid.h"
 #include "wav/record_facts.h"
+#include "wav/record_hash.h"
 #include "wav/sealed_numbers.h"
 
 namespace brindle {

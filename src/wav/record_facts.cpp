@@ -3,22 +3,14 @@
 
 #include "wav/record_facts.h"
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <span>
-#include <vector>
 
 #include <QByteArray>
 #include <QChar>
-
-// Compiled in, so that the program needs no further library where it runs.
-#define XXH_INLINE_ALL  // NOLINT(cppcoreguidelines-macro-usage): the library's own switch
-#include <xxhash.h>
 
 #include "wav/buffering.h"
 #include "wav/piece_grid.h"
@@ -26,20 +18,6 @@
 #include "wav/sealed_numbers.h"
 
 namespace brindle {
-
-quint64 HashOf(std::span<const std::byte> bytes) { return XXH3_64bits(bytes.data(), bytes.size()); }
-
-quint64 HashOfBlocks(std::span<const quint64> blockHashes) {
-  return HashOf(std::as_bytes(blockHashes));
-}
-
-quint64 HashOfPiece(std::span<const std::int16_t> words) {
-  std::vector<quint64> hashes;
-  for (; !words.empty(); words = words.subspan(std::min(words.size(), BlockWords))) {
-    hashes.push_back(HashOf(std::as_bytes(words.first(std::min(words.size(), BlockWords)))));
-  }
-  return HashOfBlocks(hashes);
-}
 
 QByteArray BytesOf(const PassFacts& facts) {
   return NumberWriter().Of(facts.path, facts.stamp.volume, facts.stamp.number, facts.stamp.changed,

@@ -4,10 +4,8 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 
 #include <QByteArray>
 #include <QString>
@@ -41,13 +39,6 @@ struct PieceFacts {
   qint64 bitsEnd = 0;    ///< bytes of bits up to the end of this piece's
   LevelRange range;      ///< of the originals
 };
-
-/// The hash that records use for bytes: XXH3, 64 bits.
-[[nodiscard]] quint64 HashOf(std::span<const std::byte> bytes);
-/// The same for a piece: the hash of the hashes of its blocks, so that a block is hashed while it
-/// is in the processor's cache.
-[[nodiscard]] quint64 HashOfBlocks(std::span<const quint64> blockHashes);
-[[nodiscard]] quint64 HashOfPiece(std::span<const std::int16_t> words);
 
 /// How many bytes of a file are hashed as its head: all before the samples that it has, but no more
 /// than a mebibyte.

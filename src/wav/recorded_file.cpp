@@ -18,6 +18,7 @@
 #include "wav/inverse_table.h"
 #include "wav/level_range.h"
 #include "wav/pass_record.h"
+#include "wav/record_hash.h"
 #include "wav/samples.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"

@@ -7,7 +7,7 @@
 
 #include <QByteArray>
 
-#include "wav/record_facts.h"
+#include "wav/record_hash.h"
 
 namespace brindle {
 

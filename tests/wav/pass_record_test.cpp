@@ -28,6 +28,7 @@
 #include "tests/wav/wav_builder.h"
 #include "tests/wav/way_back_support.h"
 #include "wav/pass_records.h"
+#include "wav/record_hash.h"
 
 namespace brindle {
 namespace {

@@ -28,6 +28,7 @@
 #include "wav/normalization.h"
 #include "wav/pass_record.h"
 #include "wav/piece_grid.h"
+#include "wav/record_hash.h"
 #include "wav/undo_pass.h"
 
 namespace brindle {

@@ -17,6 +17,7 @@
 #include "tests/wav/wav_builder.h"
 #include "wav/buffering.h"
 #include "wav/pass_record.h"
+#include "wav/record_hash.h"
 
 namespace brindle {
 

@@ -29,7 +29,7 @@ Integer NearestEven(double value) {
   }
   const double down = std::floor(value);
   const double rest = value - down;
-  const bool up = rest > 0.5 || (rest == 0.5 && std::fmod(down, 2) != 0);
+  const bool up = rest > 0.5 || (rest == 0.5 && static_cast<Integer>(down) % 2 != 0);
   return static_cast<Integer>(up ? down + 1 : down);
 }
 
