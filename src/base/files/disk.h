@@ -79,6 +79,7 @@ class Disk : public Interface {
   [[nodiscard]] virtual FileResult<void> Remove(const QString& path) const = 0;
   [[nodiscard]] virtual FileResult<void> Rename(const QString& from, const QString& to) const = 0;
   /// Makes a folder, with those above it, if it is missing, and makes sure that it is on the disk.
+  /// Only its user may look into what it has made.
   [[nodiscard]] virtual FileResult<void> MakeFolder(const QString& path) const = 0;
   /// Has the system write down which files a folder contains.
   [[nodiscard]] virtual FileResult<void> SyncFolder(const QString& path) const = 0;

@@ -42,6 +42,18 @@ FileResult<void> ResultOf(std::error_code code, const QString& path) {
   return {};
 }
 
+// Nobody else may look into it, where the system knows such a thing. It is no error if it does not.
+FileResult<void> MakeOwnFolder(const QString& path) {
+  namespace fs = std::filesystem;
+  const fs::path folder(path.toStdU16String());
+  std::error_code code;
+  if (fs::create_directory(folder, code)) {
+    std::error_code ignored;
+    fs::permissions(folder, fs::perms::owner_all, ignored);
+  }
+  return ResultOf(code, path);
+}
+
 QIODevice::OpenMode ModeOf(OpenFor use) {
   switch (use) {
     case OpenFor::Reading:
@@ -180,10 +192,8 @@ FileResult<void> SystemDisk::MakeFolder(const QString& path) const {
     missing.prepend(folder);
   }
   for (const auto& folder : missing) {
-    std::error_code code;
-    std::filesystem::create_directory(folder.toStdU16String(), code);
     auto made =
-        ResultOf(code, folder).and_then([&] { return SyncFolder(QFileInfo(folder).path()); });
+        MakeOwnFolder(folder).and_then([&] { return SyncFolder(QFileInfo(folder).path()); });
     if (!made) {
       return made;
     }

@@ -281,6 +281,16 @@ TEST_F(SystemDiskTest, AFolderThatMayNotBeWritten) {
   });
 }
 
+TEST_F(SystemDiskTest, OnlyItsUserLooksIntoAFolderThatWasMade) {
+  const auto path = Folder().Path() + u"/mine"_s;
+  const auto mask = umask(0);
+  EXPECT_EQ(ErrorOf(TheSystemsDisk().MakeFolder(path)), "no error");
+  umask(mask);
+  constexpr auto everyone = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                            QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+  EXPECT_EQ(QFile::permissions(path) & everyone, QFile::Permissions());
+}
+
 TEST_F(SystemDiskTest, AFileThatMayOnlyBeRead) {
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     chmod(Path().toUtf8().constData(), S_IRUSR);
