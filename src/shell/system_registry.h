@@ -15,6 +15,11 @@ class SystemRegistry : public Registry {
   [[nodiscard]] Result OpenKey(RegistryRoot root, const QString& subKey, Key& key) override;
   [[nodiscard]] Result DeleteValue(Key key, const QString& valueName) override;
   void CloseKey(Key key) override;
+
+ private:
+  // What was opened last: its values may stand in the other of the system's two views.
+  [[maybe_unused]] RegistryRoot root_ = RegistryRoot::LocalMachine;
+  [[maybe_unused]] QString subKey_;
 };
 
 }  // namespace brindle

@@ -31,11 +31,26 @@ Registry::Result SystemRegistry::OpenKey(RegistryRoot root, const QString& subKe
   HKEY opened = nullptr;
   const auto result = RegOpenKeyA(HandleOf(root), subKey.toLocal8Bit().constData(), &opened);
   key = result == ERROR_SUCCESS ? KeyOf(opened) : 0;
+  root_ = root;
+  subKey_ = subKey;
   return result;
 }
 
+// What a 32-bit program has written is not where a 64-bit program looks.
 Registry::Result SystemRegistry::DeleteValue(Key key, const QString& valueName) {
-  return RegDeleteValueA(HandleOf(key), valueName.toLocal8Bit().constData());
+  const auto name = valueName.toLocal8Bit();
+  const auto result = RegDeleteValueA(HandleOf(key), name.constData());
+  if (result != ERROR_FILE_NOT_FOUND) {
+    return result;
+  }
+  HKEY other = nullptr;
+  if (RegOpenKeyExA(HandleOf(root_), subKey_.toLocal8Bit().constData(), 0,
+                    KEY_SET_VALUE | KEY_WOW64_32KEY, &other) != ERROR_SUCCESS) {
+    return result;
+  }
+  const auto otherResult = RegDeleteValueA(other, name.constData());
+  RegCloseKey(other);
+  return otherResult;
 }
 
 void SystemRegistry::CloseKey(Key key) { RegCloseKey(HandleOf(key)); }

@@ -34,14 +34,17 @@ bool Reg(const QStringList& arguments) {
   return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-bool Stands(const QString& key, const QString& value) {
-  return Reg({u"query"_s, QString(Root + key), u"/v"_s, value});
+const QString OurView = u"/reg:64"_s;
+const QString OtherView = u"/reg:32"_s;
+
+bool Stands(const QString& key, const QString& value, const QString& view = OurView) {
+  return Reg({u"query"_s, QString(Root + key), u"/v"_s, value, view});
 }
 
-void Write(const QString& key, const QString& value) {
+void Write(const QString& key, const QString& value, const QString& view = OurView) {
   EXPECT_TRUE(
-      Reg({u"add"_s, QString(Root + key), u"/v"_s, value, u"/d"_s, u"C:\\x.exe"_s, u"/f"_s}));
-  EXPECT_TRUE(Stands(key, value));
+      Reg({u"add"_s, QString(Root + key), u"/v"_s, value, u"/d"_s, u"C:\\x.exe"_s, u"/f"_s, view}));
+  EXPECT_TRUE(Stands(key, value, view));
 }
 
 // The real registry, but only that of Wine.
@@ -55,8 +58,10 @@ class SystemRegistryTest : public ::testing::Test {
   void TearDown() override {
     if (RunsInWine()) {
       Reg({u"delete"_s, QString(Root + TestKey), u"/f"_s});
-      Reg({u"delete"_s, QString(Root + RunKey), u"/v"_s, u"Trickler"_s, u"/f"_s});
-      Reg({u"delete"_s, QString(Root + RunKey), u"/v"_s, u"Other"_s, u"/f"_s});
+      for (const auto& view : {OurView, OtherView}) {
+        Reg({u"delete"_s, QString(Root + RunKey), u"/v"_s, u"Trickler"_s, u"/f"_s, view});
+        Reg({u"delete"_s, QString(Root + RunKey), u"/v"_s, u"Other"_s, u"/f"_s, view});
+      }
     }
   }
 
@@ -83,6 +88,24 @@ TEST_F(SystemRegistryTest, EntryIsGoneAndItsNeighbourStays) {
   EXPECT_EQ(Remove(), Success);
   EXPECT_FALSE(Stands(RunKey, u"Trickler"_s));
   EXPECT_TRUE(Stands(RunKey, u"Other"_s));
+}
+
+TEST_F(SystemRegistryTest, EntryOfA32BitProgramIsFound) {
+  Write(RunKey, u"Trickler"_s, OtherView);
+  Write(RunKey, u"Other"_s, OtherView);
+  EXPECT_FALSE(Stands(RunKey, u"Trickler"_s));
+  EXPECT_EQ(Remove(), Success);
+  EXPECT_FALSE(Stands(RunKey, u"Trickler"_s, OtherView));
+  EXPECT_TRUE(Stands(RunKey, u"Other"_s, OtherView));
+  EXPECT_EQ(Remove(), Failure);
+}
+
+TEST_F(SystemRegistryTest, EntryOfA64BitProgramGoesFirst) {
+  Write(RunKey, u"Trickler"_s);
+  Write(RunKey, u"Trickler"_s, OtherView);
+  EXPECT_EQ(Remove(), Success);
+  EXPECT_FALSE(Stands(RunKey, u"Trickler"_s));
+  EXPECT_TRUE(Stands(RunKey, u"Trickler"_s, OtherView));
 }
 
 TEST_F(SystemRegistryTest, SecondTimeIsAnError) {

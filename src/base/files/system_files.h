@@ -20,6 +20,10 @@ namespace brindle {
 /// Whether another program keeps others from reading the file. False if the system does not say.
 [[nodiscard]] bool IsLocked(const QString& path);
 
+/// Whether another program has the file open in a way that keeps this one from replacing it. Never
+/// where open files can be replaced.
+[[nodiscard]] bool IsHeld(const QString& path);
+
 /// Bytes of an open file, as the system reports them now. The toolkit treats a file of unknown
 /// length as empty.
 [[nodiscard]] tl::expected<qint64, QString> LengthOf(const QFile& file);

@@ -75,6 +75,8 @@ bool IsLocked(const QString& path) {
   return fcntl(file.Number(), F_GETLK, &range) == 0 && range.l_type == F_WRLCK;
 }
 
+bool IsHeld(const QString&) { return false; }
+
 tl::expected<qint64, QString> LengthOf(const QFile& file) {
   struct stat opened = {};
   if (fstat(file.handle(), &opened) != 0) {

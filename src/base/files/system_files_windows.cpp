@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include <cstddef>
-#include <cwchar>
+#include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <windows.h>
@@ -12,6 +13,7 @@
 
 #include "base/files/at_path.h"
 #include "base/files/disk.h"
+#include "base/files/file_identity.h"
 #include "base/files/system_files.h"
 #include "base/files/windows_path.h"
 
@@ -27,25 +29,44 @@ tl::unexpected<QString> LastReason() {
 
 bool IsValid(const Handle& handle) { return handle.get() != INVALID_HANDLE_VALUE; }
 
-std::wstring FinalPath(HANDLE handle) {
+QString FinalPath(HANDLE handle) {
   std::wstring path(GetFinalPathNameByHandleW(handle, nullptr, 0, 0), L'\0');
   path.resize(GetFinalPathNameByHandleW(handle, path.data(), static_cast<DWORD>(path.size()), 0));
-  return path;
+  return QString::fromStdWString(path);
 }
 
-// Some servers give files no numbers; then the final paths decide.
+quint64 Whole(DWORD high, DWORD low) {
+  constexpr int halfBits = 32;
+  return quint64{high} << halfBits | low;
+}
+
+// Numbers have 128 bits where the system knows them so long.
+std::optional<FileIdentity> IdentityOf(HANDLE handle) {
+  FILE_ID_INFO found = {};
+  if (GetFileInformationByHandleEx(handle, FileIdInfo, &found, sizeof(found)) != FALSE) {
+    FileIdentity identity{.volume = found.VolumeSerialNumber};
+    std::memcpy(&identity.low, found.FileId.Identifier, sizeof(identity.low));
+    std::memcpy(&identity.high, found.FileId.Identifier + sizeof(identity.low),
+                sizeof(identity.high));
+    return identity;
+  }
+  BY_HANDLE_FILE_INFORMATION shorter = {};
+  if (GetFileInformationByHandle(handle, &shorter) == FALSE) {
+    return std::nullopt;
+  }
+  return FileIdentity{.volume = shorter.dwVolumeSerialNumber,
+                      .low = Whole(shorter.nFileIndexHigh, shorter.nFileIndexLow)};
+}
+
 bool AreSameFile(HANDLE one, HANDLE two) {
-  BY_HANDLE_FILE_INFORMATION first = {};
-  BY_HANDLE_FILE_INFORMATION second = {};
-  if (GetFileInformationByHandle(one, &first) == FALSE ||
-      GetFileInformationByHandle(two, &second) == FALSE ||
-      first.dwVolumeSerialNumber != second.dwVolumeSerialNumber ||
-      first.nFileIndexHigh != second.nFileIndexHigh ||
-      first.nFileIndexLow != second.nFileIndexLow) {
+  auto first = IdentityOf(one);
+  auto second = IdentityOf(two);
+  if (!first || !second) {
     return false;
   }
-  const bool isNumbered = first.nFileIndexHigh != 0 || first.nFileIndexLow != 0;
-  return isNumbered || _wcsicmp(FinalPath(one).c_str(), FinalPath(two).c_str()) == 0;
+  first->path = FinalPath(one);
+  second->path = FinalPath(two);
+  return first->IsSameFile(*second);
 }
 
 }  // namespace
@@ -65,6 +86,12 @@ bool IsLocked(const QString& path) {
   return LockFileEx(handle.get(), LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD, MAXDWORD, &fromStart) ==
              FALSE &&
          GetLastError() == ERROR_LOCK_VIOLATION;
+}
+
+bool IsHeld(const QString& path) {
+  const auto handle = OpenExisting(path, GENERIC_READ | GENERIC_WRITE | DELETE,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+  return !IsValid(handle) && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 tl::expected<qint64, QString> LengthOf(const QFile& file) {
@@ -100,16 +127,16 @@ bool LeadToSameFile(const QString& path, const QString& other) {
 }
 
 tl::expected<FileStamp, QString> StampOf(const QFile& file) {
-  constexpr int halfBits = 32;
+  HANDLE handle = SystemHandle(file.handle());
   BY_HANDLE_FILE_INFORMATION found = {};
-  if (GetFileInformationByHandle(SystemHandle(file.handle()), &found) == FALSE) {
+  const auto identity = IdentityOf(handle);
+  if (!identity || GetFileInformationByHandle(handle, &found) == FALSE) {
     return LastReason();
   }
-  const auto whole = [](DWORD high, DWORD low) { return quint64{high} << halfBits | low; };
   return FileStamp{
-      .volume = found.dwVolumeSerialNumber,
-      .number = whole(found.nFileIndexHigh, found.nFileIndexLow),
-      .changed = whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
+      .volume = identity->volume,
+      .number = identity->Number(),
+      .changed = Whole(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
 }
 
 tl::expected<void, QString> SetRoomAside(QFile& file, qint64 length) {

@@ -17,10 +17,12 @@
 #include <QStandardPaths>
 #include <QString>
 #include <QTemporaryFile>
+#include <QThread>
 
 #include "base/files/at_path.h"
 #include "base/files/leftovers.h"
 #include "base/files/sync_file.h"
+#include "base/files/system_files.h"
 
 namespace brindle {
 
@@ -96,7 +98,7 @@ tl::expected<void, QString> Rename(const QString& from, const QString& to) {
 }
 
 // The new file is on the disk before it is renamed over the old one: any failure leaves the old.
-FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
+FileResult<void> TryToReplace(const QString& path, const QByteArray& bytes) {
   if (const auto standing = IsFileAt(path); !standing) {
     return tl::unexpected(standing.error());
   }
@@ -126,6 +128,18 @@ FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
     return tl::unexpected(ErrorOf(path, replaced.error()));
   }
   return {};
+}
+
+// A program that looks at every new file, for viruses or for copies, holds it for a moment.
+FileResult<void> Replace(const QString& path, const QByteArray& bytes) {
+  constexpr unsigned long betweenTries = 50;  // ms
+  constexpr int mostTries = 20;               // about a second
+  auto replaced = TryToReplace(path, bytes);
+  for (int tries = 0; !replaced && tries < mostTries && IsHeld(path); ++tries) {
+    QThread::msleep(betweenTries);
+    replaced = TryToReplace(path, bytes);
+  }
+  return replaced;
 }
 
 // The file's contents, up to the size of the largest file.

@@ -49,6 +49,8 @@ constexpr std::array<SettingsLine, SettingsLineCount> Lines{{
     {&Settings::WavSourceFile},       {&Settings::WavTargetFile},
 }};
 
+// Some editors put it in front of a text in UTF-8.
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view True = "#TRUE#";
 constexpr std::string_view False = "#FALSE#";
 
@@ -133,7 +135,11 @@ QByteArray WriteLines(const Settings& record, bool saveOnExit) {
 }
 
 std::optional<ReadLinesResult> ReadLines(const QByteArray& bytes, Settings record) {
-  const auto texts = Split({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  if (text.starts_with(ByteOrderMark)) {
+    text.remove_prefix(ByteOrderMark.size());
+  }
+  const auto texts = Split(text);
   if (texts.size() != Lines.size()) {
     return std::nullopt;
   }

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include <array>
+#include <chrono>
+#include <memory>
 #include <shlobj.h>
 #include <string>
+#include <thread>
 #include <vector>
 #include <windows.h>
 
@@ -96,6 +99,20 @@ TEST_P(HeldFileTest, WriteReplacesItAsAWholeOrSaysWhyNot) {
     EXPECT_EQ(folder.Bytes(FileName), newBytes);
     EXPECT_EQ(folder.Names(), Names{FileName});
   }
+}
+
+TEST_P(HeldFileTest, WriteWaitsForWhoHoldsItForAMoment) {
+  const TemporaryFolder folder;
+  folder.Put(FileName, OldBytes);
+  auto held = std::make_unique<HeldFile>(folder.PathOf(FileName), GetParam().share);
+  std::thread other([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    held.reset();
+  });
+  EXPECT_EQ(Write(folder.Path(), LongBytes()), "");
+  other.join();
+  EXPECT_EQ(folder.Bytes(FileName), LongBytes());
+  EXPECT_EQ(folder.Names(), Names{FileName});
 }
 
 TEST_P(HeldFileTest, KeepUnusableReplacesTheCopyAsAWholeOrSaysWhyNot) {

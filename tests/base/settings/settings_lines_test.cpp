@@ -622,7 +622,9 @@ std::vector<BytesCase> UnusableCases() {
       {"CrAlone", Joined(BuiltInTexts(), "\r")},
       {"CrTwice", Joined(BuiltInTexts(), "\r\r\n")},
       {"LfCr", Joined(BuiltInTexts(), "\n\r")},
-      {"ByteOrderMarkInFront", "\xEF\xBB\xBF" + crLf},
+      {"ByteOrderMarkAlone", "\xEF\xBB\xBF"},
+      {"ByteOrderMarkTwice", "\xEF\xBB\xBF\xEF\xBB\xBF" + crLf},
+      {"ByteOrderMarkOfSixteenBits", "\xFF\xFE" + crLf},
       {"LinesTurnedRound",
        [] {
          auto texts = BuiltInTexts();
@@ -635,6 +637,14 @@ std::vector<BytesCase> UnusableCases() {
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, UnusableTest, ::testing::ValuesIn(UnusableCases()), NameOf);
+
+TEST(SettingsLinesTest, ByteOrderMarkInFrontIsNoPartOfTheFirstNumber) {
+  auto texts = BuiltInTexts();
+  texts.front() = "0.25";
+  const auto read = ReadFrom("\xEF\xBB\xBF" + Joined(texts, "\r\n"));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->record.VideoFrameOverhead, 0.25);
+}
 
 TEST(SettingsLinesTest, BlankLastLineIsALineAndGivesAnEmptyTarget) {
   for (const auto* end : {"\r\n", "\n"}) {
