@@ -19,6 +19,8 @@ int main(int argc, char** argv) {
                                                      .config = brindle::DesktopConfigFolder()});
   const brindle::Termination termination;
   QObject::connect(&termination, &brindle::Termination::Asked, &program, &brindle::Program::End);
+  QObject::connect(&termination, &brindle::Termination::SessionEnds, &program,
+                   &brindle::Program::EndWithSession);
   program.Start();
   return QApplication::exec();
 }

@@ -50,6 +50,11 @@ void Program::End() {
   }
 }
 
+void Program::EndWithSession() {
+  End();
+  HideAllAndExit();
+}
+
 void Program::HideAllAndExit() {
   if (std::exchange(ended_, true)) {
     return;

@@ -37,6 +37,10 @@ class Program : public QObject {
   /// that a second one does not wait for the answer to a message of the first.
   void End();
 
+  /// The same at the end of the desktop's session: says nothing either, not even that the settings
+  /// cannot be saved.
+  void EndWithSession();
+
  private:
   void ShowMainProg();
   void HideAllAndExit();

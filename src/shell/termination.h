@@ -16,8 +16,10 @@ class Termination : public QObject {
   Termination();
 
  Q_SIGNALS:
-  /// The program must end now, without asking anybody.
+  /// The program is to end now, without asking anybody.
   void Asked();
+  /// The same at the end of the desktop's session, when nobody can answer, not even to a message.
+  void SessionEnds();
 };
 
 }  // namespace brindle

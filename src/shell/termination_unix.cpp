@@ -25,7 +25,7 @@ void WakeEventLoop(int) {
 }  // namespace
 
 Termination::Termination() {
-  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT SessionEnds(); });
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
     return;  // the signals keep their usual effect

@@ -9,7 +9,7 @@ namespace brindle {
 
 // Any other request to end asks the program to close its windows, and they receive it themselves.
 Termination::Termination() {
-  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT Asked(); });
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT SessionEnds(); });
 }
 
 }  // namespace brindle

@@ -340,5 +340,28 @@ TEST_F(ProgramTest, AFileThatCannotBeWrittenAtTheEndIsToldAndTheProgramEnds) {
   ExpectNothingVisible();
 }
 
+TEST_F(ProgramTest, AtTheEndOfTheSessionNothingIsTold) {
+  EXPECT_EQ(Run([&] {
+              AwaitMainWindow();
+              PutFolderInTheWay();
+              program->EndWithSession();
+              EXPECT_TRUE(Standing(u"MessageBox"_s).empty());
+            }),
+            0);
+  ExpectNothingVisible();
+}
+
+TEST_F(ProgramTest, TheEndOfTheSessionSaves) {
+  EXPECT_EQ(Run([&] {
+              ClickIn(AwaitMainWindow(), u"VideoBC"_s);
+              TabTo(Await(u"BitrateCalc"_s)->findChild<QWidget*>(u"MLength"_s));
+              TypeOver(u"125.5"_s);
+              program->EndWithSession();
+            }),
+            0);
+  ExpectNothingVisible();
+  EXPECT_EQ(File(), FileWith(10, "125.5"));
+}
+
 }  // namespace
 }  // namespace brindle
