@@ -17,6 +17,7 @@
 #include "base/input/picture.h"
 #include "base/input/wiring.h"
 #include "base/windows/services.h"
+#include "base/windows/toolkit_notice.h"
 
 namespace brindle {
 namespace {
@@ -67,6 +68,8 @@ class AboutWin : public Form {
           MakeLabel(u"Label8"_s, u"Version 2.91 DX  for Windows 9x/Me/2000/XP"_s),
           Across({MakeLabel(u"Label3"_s, u"E-Mail :"_s), &email, Item::Stretch()}, Spacing),
           Across({&website, Item::Stretch()}),
+          MakeLabel(u"Author"_s, services_.product.author),
+          MakeLabel(u"Toolkit"_s, ToolkitNotice()),
         }),
       }));
     // clang-format on

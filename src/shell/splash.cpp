@@ -17,6 +17,7 @@
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/picture.h"
+#include "base/windows/toolkit_notice.h"
 
 namespace brindle {
 
@@ -52,11 +53,12 @@ Splash::Splash(Services& services) : QWidget(nullptr, Qt::SplashScreen), service
   auto* version = MakeLine(u"Label1"_s, u"Version 2.91 DX"_s, picture);
   auto* website = MakeLine(u"Label2"_s, u"URL"_s, picture);
   auto* author = MakeLine(u"Label3"_s, services_.product.author, picture);
+  auto* toolkit = MakeLine(u"Toolkit"_s, ToolkitNotice(), picture);
   auto* lines = new QVBoxLayout(picture);
   lines->setContentsMargins(24, 0, 24, Margin);
   lines->setSpacing(2);
   lines->addStretch(1);
-  for (auto* line : {version, website, author}) {
+  for (auto* line : {version, website, author, toolkit}) {
     lines->addWidget(line, 0, Qt::AlignLeft);
   }
 
@@ -65,7 +67,7 @@ Splash::Splash(Services& services) : QWidget(nullptr, Qt::SplashScreen), service
   whole->addWidget(picture);
   whole->setSizeConstraint(QLayout::SetFixedSize);
 
-  for (QWidget* clickable : {picture, version, website, author}) {
+  for (QWidget* clickable : {picture, version, website, author, toolkit}) {
     clickable->installEventFilter(this);
   }
   setFocusPolicy(Qt::StrongFocus);

@@ -100,12 +100,14 @@ inline const std::vector<ControlRow>& ControlRows() {
   static const std::string same = "Choose the same setting you are using when creating your AVIs";
   static const std::string website = "https://example.org/brindle";
   static const std::string author = "Velbrin 2026";
+  static const std::string toolkit = "Qt \u00A9 The Qt Company Ltd. and others, GNU LGPL 3";
   // clang-format off
   static const std::vector<ControlRow> rows{
       {"Splash", "Image1", K::Picture, "", "", "", "Brindle"},
       {"Splash", "Label1", K::Label, "", "Version 2.91 DX", "", "Version 2.91 DX"},
       {"Splash", "Label2", K::Label, "", website, "", website},
       {"Splash", "Label3", K::Label, "", author, "", author},
+      {"Splash", "Toolkit", K::Label, "", toolkit, "", toolkit},
 
       {"MainProg", "VideoBC", K::PictureButton, "Calculators", "", "",
        "Velbrin's Brindle 2 : Video Bitrate Calc", 0},
@@ -155,6 +157,8 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"AboutWin", "Label3", K::Label, "", "E-Mail :", "", "E-Mail :"},
       {"AboutWin", "email", K::Link, "", "velbrin@example.org", "", "E-Mail :", 0},
       {"AboutWin", "website", K::Link, "", website, "", website, 1},
+      {"AboutWin", "Author", K::Label, "", author, "", author},
+      {"AboutWin", "Toolkit", K::Label, "", toolkit, "", toolkit},
 
       {"WebUpdate", "Label3", K::Label, "",
        "Connect to Velbrin's Website and check for program updates.", "",

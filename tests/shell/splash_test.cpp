@@ -160,7 +160,7 @@ TEST_P(SplashClick, LetGoElsewhereIsNone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, SplashClick,
-                         ::testing::Values("Image1", "Label1", "Label2", "Label3"),
+                         ::testing::Values("Image1", "Label1", "Label2", "Label3", "Toolkit"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 struct KeyCase {

@@ -56,7 +56,7 @@ class FakePass : public Pass {
       ADD_FAILURE() << "the pass has ended";
       return PassAborted();
     }
-    auto state = std::move(states.front());
+    auto state = states.front();
     states.pop_front();
     return state;
   }
