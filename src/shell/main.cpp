@@ -6,11 +6,13 @@
 
 #include "base/settings/settings_file.h"
 #include "shell/built_product.h"
+#include "shell/library_search.h"
 #include "shell/look.h"
 #include "shell/program.h"
 #include "shell/termination.h"
 
 int main(int argc, char** argv) {
+  brindle::LimitLibrarySearch();
   brindle::AskForDarkPalette();
   const QApplication application(argc, argv);
   brindle::SetUpApplication();

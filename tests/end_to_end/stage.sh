@@ -202,3 +202,21 @@ check_settings() { # LINE 10
     fail "the settings file has not 42 lines, each ended by CR LF"
   [ "$(line 10)" = "$1" ] || fail "line 10 of the settings is \"$(line 10)\", not \"$1\""
 }
+
+# ---- a recording
+
+# make_long FILE: 1.5 GB, nearly all of it silence that takes no room on the disk; a pass over it can be
+# caught in the middle.
+make_long() {
+  python3 - "$1" <<'END'
+import struct
+import sys
+
+data = 1_500_000_000
+with open(sys.argv[1], "wb") as file:
+    file.write(b"RIFF" + struct.pack("<I", data + 36) + b"WAVEfmt ")
+    file.write(struct.pack("<IHHIIHH", 16, 1, 2, 44100, 176400, 4, 16))
+    file.write(b"data" + struct.pack("<I", data) + struct.pack("<hh", 16384, -16384))
+    file.truncate(data + 44)
+END
+}

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/modal_watchdog.h"
+#include "tests/support/real_pointer.h"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  brindle::IgnoreRealPointer();
   // A run that is to test the decimal comma must really have it.
   if (qEnvironmentVariableIsSet("BRINDLE_EXPECT_COMMA") &&
       std::strcmp(std::localeconv()->decimal_point, ",") != 0) {

@@ -52,12 +52,12 @@ class FakePass : public Pass {
 
  private:
   static PassState Next(std::deque<PassState>& states) {
-    if (states.empty()) {
-      ADD_FAILURE() << "the pass has ended";
-      return PassAborted();
+    EXPECT_FALSE(states.empty()) << "the pass has ended";
+    PassState state = PassAborted();
+    if (!states.empty()) {
+      std::swap(state, states.front());
+      states.pop_front();
     }
-    auto state = states.front();
-    states.pop_front();
     return state;
   }
 

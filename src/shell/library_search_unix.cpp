@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include "shell/library_search.h"
+
+namespace brindle {
+
+void LimitLibrarySearch() {}
+
+}  // namespace brindle
