@@ -33,6 +33,8 @@ constexpr const char* Ahead =
 constexpr const char* Loud = "Peaks at -100% and 50% of full scale.";
 
 // Four columns, with the peaks -50 % and 25 %.
+std::string Joined(const std::string& first, const std::string& second) { return first + second; }
+
 SoundPicture QuietPicture() { return PictureOf({0, -16384, 8192, 0}); }
 constexpr Peaks QuietPeaks{.lowest = -16384, .highest = 8192};
 
@@ -98,20 +100,21 @@ TEST_F(ViewOfSound, ForgetsThePassAheadDuringTheNextScan) {
 TEST_F(ViewOfSound, FollowsTheTarget) {
   view.AimAt(50);
   view.ShowScanned(QuietPicture(), QuietPeaks);
-  EXPECT_EQ(Told(), std::string(Quiet) + " The target is 50%. Nothing would be cut off.");
+  EXPECT_EQ(Told(), Joined(Quiet, " The target is 50%. Nothing would be cut off."));
   view.AimAt(-25);
-  EXPECT_EQ(Told(), std::string(Quiet) + " The target is -25%. Nothing would be cut off.");
+  EXPECT_EQ(Told(), Joined(Quiet, " The target is -25%. Nothing would be cut off."));
   view.AimAt(0);
-  EXPECT_EQ(Told(), std::string(Quiet) + " The target is 0%. Nothing would be cut off.");
+  EXPECT_EQ(Told(), Joined(Quiet, " The target is 0%. Nothing would be cut off."));
   view.AimAt(-1e308);
-  EXPECT_EQ(Told(), std::string(Quiet) +
-                        " The target is -1E+308%. Samples would be cut off in 50% of the sound.");
+  EXPECT_EQ(
+      Told(),
+      Joined(Quiet, " The target is -1E+308%. Samples would be cut off in 50% of the sound."));
 }
 
 TEST_F(ViewOfSound, TellsWhatPeaksOfAnotherSoundWouldCutOff) {
   view.ShowScanned(QuietPicture(), {.lowest = -9000, .highest = 5});
-  EXPECT_EQ(Told(), std::string(Quiet) +
-                        " The target is 100%. Samples would be cut off in 25% of the sound.");
+  EXPECT_EQ(Told(),
+            Joined(Quiet, " The target is 100%. Samples would be cut off in 25% of the sound."));
 }
 
 TEST_F(ViewOfSound, OfSilenceHasNothingAhead) {

@@ -178,9 +178,8 @@ FileResult<void> SystemDisk::Remove(const QString& path) const {
 }
 
 FileResult<void> SystemDisk::Rename(const QString& from, const QString& to) const {
-  std::error_code code;
-  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
-  return ResultOf(code, from);
+  return RenameFile(from, to).map_error(
+      [&](const QString& reason) { return ErrorOf(from, reason); });
 }
 
 FileResult<void> SystemDisk::MakeFolder(const QString& path) const {

@@ -24,6 +24,10 @@ namespace brindle {
 /// where open files can be replaced.
 [[nodiscard]] bool IsHeld(const QString& path);
 
+/// Renames a file, over the one that may be there already. Waits up to a second for other programs
+/// that have that one open, where this keeps it from being replaced.
+[[nodiscard]] tl::expected<void, QString> RenameFile(const QString& from, const QString& to);
+
 /// Bytes of an open file, as the system reports them now. The toolkit treats a file of unknown
 /// length as empty.
 [[nodiscard]] tl::expected<qint64, QString> LengthOf(const QFile& file);

@@ -77,6 +77,15 @@ bool IsLocked(const QString& path) {
 
 bool IsHeld(const QString&) { return false; }
 
+tl::expected<void, QString> RenameFile(const QString& from, const QString& to) {
+  std::error_code code;
+  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
+  if (code) {
+    return tl::unexpected(qt_error_string(code.value()));
+  }
+  return {};
+}
+
 tl::expected<qint64, QString> LengthOf(const QFile& file) {
   struct stat opened = {};
   if (fstat(file.handle(), &opened) != 0) {

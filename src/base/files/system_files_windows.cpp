@@ -94,6 +94,27 @@ bool IsHeld(const QString& path) {
   return !IsValid(handle) && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
+// The standard library's rename does not tell the system's reasons apart.
+tl::expected<void, QString> RenameFile(const QString& from, const QString& to) {
+  constexpr DWORD betweenTries = 50;  // ms
+  constexpr int mostTries = 20;       // about a second
+  const auto source = SystemPath(from);
+  const auto target = SystemPath(to);
+  DWORD error = ERROR_SUCCESS;
+  for (int tries = 0; tries < mostTries; ++tries) {
+    if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE) {
+      return {};
+    }
+    error = GetLastError();
+    const bool isHeld = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!isHeld || !IsFileAt(from).value_or(false) || !IsFileAt(to).value_or(false)) {
+      break;
+    }
+    Sleep(betweenTries);
+  }
+  return tl::unexpected(qt_error_string(static_cast<int>(error)));
+}
+
 tl::expected<qint64, QString> LengthOf(const QFile& file) {
   LARGE_INTEGER length = {};
   if (GetFileSizeEx(SystemHandle(file.handle()), &length) == FALSE) {

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
 
 #include <QByteArray>
 #include <QDir>
@@ -88,15 +86,6 @@ tl::expected<void, QString> WriteOut(QFile& file, const QByteArray& bytes) {
   return SyncFile(file.handle());
 }
 
-tl::expected<void, QString> Rename(const QString& from, const QString& to) {
-  std::error_code code;
-  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), code);
-  if (code) {
-    return tl::unexpected(qt_error_string(code.value()));
-  }
-  return {};
-}
-
 // The new file is on the disk before it is renamed over the old one: any failure leaves the old.
 FileResult<void> TryToReplace(const QString& path, const QByteArray& bytes) {
   if (const auto standing = IsFileAt(path); !standing) {
@@ -121,7 +110,7 @@ FileResult<void> TryToReplace(const QString& path, const QByteArray& bytes) {
   auto replaced = WriteOut(file, bytes);
   file.close();
   if (replaced) {
-    replaced = Rename(file.fileName(), target);
+    replaced = RenameFile(file.fileName(), target);
   }
   if (!replaced) {
     file.remove();

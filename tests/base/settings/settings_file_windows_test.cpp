@@ -198,7 +198,7 @@ TEST(LeftoversTest, GoUnlessSomebodyHasThemOpen) {
   for (const char* name : {"Brindle2.ini.tmp-61426344", "Brindle2.ini.bak.tmp-61426344"}) {
     folder.Put(name, OldBytes);
   }
-  folder.Put("Brindle2.aBcDeF", "");
+  folder.Put("Brindle2.tmp-aBcDeF", "");
   {
     const HeldFile held(folder.PathOf("Brindle2.ini.tmp-61426344"), NotShared);
     SettingsFile(folder.Path()).SweepLeftovers();
