@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <array>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
 #include <windows.h>
 
 #include <QDir>
@@ -40,15 +44,63 @@ Command OfSystem(const QString& name, const QStringList& arguments, WindowStyle 
   return {.name = name, .program = path, .arguments = arguments, .windowStyle = style};
 }
 
+// Whether the system marks the file as one from the internet or from a site that nobody trusts. The
+// mark is a stream of the file, with a line "ZoneId=3".
+bool IsFromInternet(const QString& path) {
+  constexpr std::string_view key = "ZoneId=";
+  constexpr char internet = '3';
+  std::ifstream mark(std::filesystem::path((path + u":Zone.Identifier"_s).toStdWString()));
+  for (std::string line; std::getline(mark, line);) {
+    if (line.starts_with(key)) {
+      return line[key.size()] >= internet;
+    }
+  }
+  return false;
+}
+
+bool IsOnNetwork(const QString& path) {
+  const QString native = QDir::toNativeSeparators(path);
+  return native.startsWith(uR"(\\)"_s) ||
+         GetDriveTypeW(native.left(3).toStdWString().c_str()) == DRIVE_REMOTE;
+}
+
+// The viewer opens the file in all these cases, but shows an empty page or an error in place of it.
+bool ViewerRefuses(const QString& path) {
+  return path.contains(u'#') || IsOnNetwork(path) || IsFromInternet(path);
+}
+
+// Opens a page or an address with the program that the user has chosen for it.
+Command OpenWithChosen(const QString& name, const QString& target) {
+  const auto file = target.toStdWString();
+  SHELLEXECUTEINFOW call = {};
+  call.cbSize = sizeof(call);
+  call.fMask = SEE_MASK_FLAG_NO_UI;  // this program reports failures
+  call.lpFile = file.c_str();
+  call.nShow = SW_SHOWNORMAL;
+  if (ShellExecuteExW(&call) == FALSE) {
+    return {.name = name, .reason = qt_error_string(static_cast<int>(GetLastError()))};
+  }
+  return {.name = name};
+}
+
 }  // namespace
 
 Command CalculatorCommand() { return OfSystem(u"calc"_s, {}, WindowStyle::Minimized); }
 
 Command HelpCommand(const QString& programFolder, const QString& page) {
   const QString file = u"Brindle2.chm"_s;
-  QFile source(programFolder + u'/' + file);
-  if (!source.open(QIODevice::ReadOnly)) {
-    return {.name = QDir::toNativeSeparators(source.fileName()), .reason = source.errorString()};
+  const QString path = programFolder + u'/' + file;
+  QFile source(path);
+  const bool isThere = source.open(QIODevice::ReadOnly);
+  if (!isThere || ViewerRefuses(path)) {
+    // The pages one by one, which the browser shows everywhere.
+    const QString alone = QDir::toNativeSeparators(programFolder + u"/help/"_s + page + u".html"_s);
+    if (QFile::exists(alone)) {
+      return OpenWithChosen(alone, alone);
+    }
+  }
+  if (!isThere) {
+    return {.name = QDir::toNativeSeparators(path), .reason = source.errorString()};
   }
   // Found through the current directory, which is the program's folder.
   const QString place = page == FirstHelpPage ? file : file + u"::/"_s + page + u".html"_s;
@@ -56,16 +108,7 @@ Command HelpCommand(const QString& programFolder, const QString& page) {
 }
 
 Command OpenAddress(const QString& address) {
-  const auto encoded = QUrl(address).toString(QUrl::FullyEncoded).toStdWString();
-  SHELLEXECUTEINFOW call = {};
-  call.cbSize = sizeof(call);
-  call.fMask = SEE_MASK_FLAG_NO_UI;  // this program reports failures
-  call.lpFile = encoded.c_str();
-  call.nShow = SW_SHOWNORMAL;
-  if (ShellExecuteExW(&call) == FALSE) {
-    return {.name = address, .reason = qt_error_string(static_cast<int>(GetLastError()))};
-  }
-  return {.name = address};
+  return OpenWithChosen(address, QUrl(address).toString(QUrl::FullyEncoded));
 }
 
 // The exit codes of the programs above do not say whether they succeeded.

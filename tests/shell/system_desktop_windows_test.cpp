@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include <array>
+#include <fstream>
 #include <string>
 #include <vector>
 #include <windows.h>
 
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QString>
 #include <QTest>
+#include <QVariant>
 #include <gtest/gtest.h>
 
 #include "shell/desktop_commands.h"
@@ -116,6 +119,104 @@ TEST_F(SystemDesktopTest, HelpOfAWindowIsItsPage) {
   program.Put("Brindle2.chm", "help");
   desktop.OpenHelp(nullptr, u"BitrateCalc"_s);
   EXPECT_EQ(AwaitNotes(), "hh|" + Folder() + "|1|Brindle2.chm::/BitrateCalc.html|");
+}
+
+// The help in the forms that a package has it.
+class HelpInTwoForms : public SystemDesktopTest {
+ protected:
+  void SetUp() override {
+    SystemDesktopTest::SetUp();
+    if (IsSkipped()) {
+      return;
+    }
+    Install(u"hh"_s);
+    PutHelpIn(program.Path());
+    ASSERT_TRUE(QFile::copy(QString::fromUtf8(DESKTOP_STAND_IN), program.PathOf("browser.exe")));
+    chosen_ = browsers_.value(u".html/."_s);
+    browsers_.setValue(u".html/."_s, u"brindle-test"_s);
+    browsers_.setValue(
+        u"brindle-test/shell/open/command/."_s,
+        u"\"%1\" \"%2\""_s.arg(QDir::toNativeSeparators(program.PathOf("browser.exe")), u"%1"_s));
+    browsers_.sync();
+  }
+  void TearDown() override {
+    if (chosen_.isValid()) {
+      browsers_.setValue(u".html/."_s, chosen_);
+      browsers_.remove(u"brindle-test"_s);
+      browsers_.sync();
+    }
+    SystemDesktopTest::TearDown();
+  }
+
+  static void PutHelpIn(const QString& folder) {
+    ASSERT_TRUE(QDir(folder).mkpath(u"help"_s));
+    for (const auto& name : {u"Brindle2.chm"_s, u"help/index.html"_s, u"help/BitrateCalc.html"_s}) {
+      QFile file(folder + u'/' + name);
+      ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
+    }
+  }
+  // What the system writes beside a file that was downloaded or unpacked from a download.
+  void Mark(const char* zone) const {
+    std::ofstream mark(program.PathOf("Brindle2.chm:Zone.Identifier").toStdString());
+    mark << "[ZoneTransfer]\r\nZoneId=" << zone
+         << "\r\nHostUrl=https://example.org/brindle.zip\r\n";
+    ASSERT_TRUE(mark.flush().good());
+  }
+  void ExpectViewer() {
+    desktop.OpenHelp(nullptr, u"BitrateCalc"_s);
+    EXPECT_EQ(AwaitNotes(), "hh|" + Folder() + "|1|Brindle2.chm::/BitrateCalc.html|");
+  }
+  void ExpectBrowser(const std::string& file) const {
+    const auto asked = AwaitNotes();
+    EXPECT_TRUE(asked.starts_with("browser|") && asked.ends_with("|" + file + "|")) << asked;
+  }
+
+ private:
+  QSettings browsers_{uR"(HKEY_CLASSES_ROOT)"_s, QSettings::NativeFormat};
+  QVariant chosen_;
+};
+
+TEST_F(HelpInTwoForms, OpensInTheViewer) { ExpectViewer(); }
+
+TEST_F(HelpInTwoForms, FromTheInternetOpensInTheBrowser) {
+  Mark("3");
+  desktop.OpenHelp(nullptr, u"BitrateCalc"_s);
+  ExpectBrowser(Folder() + R"(\help\BitrateCalc.html)");
+}
+
+TEST_F(HelpInTwoForms, FromASiteThatNobodyTrustsOpensInTheBrowser) {
+  Mark("4");
+  desktop.OpenHelp(nullptr, FirstHelpPage.toString());
+  ExpectBrowser(Folder() + R"(\help\index.html)");
+}
+
+TEST_F(HelpInTwoForms, FromTheOwnNetworkOpensInTheViewer) {
+  Mark("1");
+  ExpectViewer();
+}
+
+TEST_F(HelpInTwoForms, WithAMarkOfNoZoneOpensInTheViewer) {
+  Mark("");
+  ExpectViewer();
+}
+
+TEST_F(HelpInTwoForms, BelowANumberSignOpensInTheBrowser) {
+  const auto folder = program.PathOf("C# programs");
+  PutHelpIn(folder);
+  SystemDesktop(boxes, clock, folder).OpenHelp(nullptr, u"BitrateCalc"_s);
+  ExpectBrowser(Folder() + "\\C# programs\\help\\BitrateCalc.html");
+}
+
+TEST_F(HelpInTwoForms, WithoutTheFileOpensInTheBrowser) {
+  ASSERT_TRUE(QFile::remove(program.PathOf("Brindle2.chm")));
+  desktop.OpenHelp(nullptr, u"BitrateCalc"_s);
+  ExpectBrowser(Folder() + R"(\help\BitrateCalc.html)");
+}
+
+TEST_F(HelpInTwoForms, WithoutThePageOpensInTheViewerAllTheSame) {
+  Mark("3");
+  ASSERT_TRUE(QFile::remove(program.PathOf("help/BitrateCalc.html")));
+  ExpectViewer();
 }
 
 TEST_F(SystemDesktopTest, MissingHelpIsTold) {
