@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QDataStream>
 #include <QFile>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QString>
 
@@ -264,8 +265,11 @@ void Window(const Arguments& arguments) {
   OwningWindowList windows(desktop);
   const Product product;
   Services services{record, windows, clock, answers, answers, desktop, registry, product};
+  record.WavOverwriteSource = arguments.size() == 1;
   if (arguments.size() > 1) {
     record.WavTargetFile = arguments[1];
+  } else if (!arguments.empty()) {
+    record.AppFolder = QFileInfo(arguments[0]).path();  // where the record of the pass goes
   }
   AddAllWindows(windows, services, [](const auto& then) { then(); });
   windows.Open(WindowId::WavNorm);
@@ -317,6 +321,7 @@ int Run(const QString& job, const Arguments& arguments) {
       {QStringLiteral("undo"), {2, TakeBack}},
       {QStringLiteral("window"), {0, Window}},
       {QStringLiteral("window-at-work"), {2, Window}},
+      {QStringLiteral("window-in-place"), {1, Window}},
   };
   const auto found = jobs.find(job);
   Require(found != jobs.end(), "there is no such job");
