@@ -21,8 +21,9 @@ namespace brindle {
 namespace {
 
 constexpr std::size_t Head = 44;
-constexpr const char* Changed =
-    "Cannot write /music/recording.wav: the file was changed since it was normalized";
+std::string Changed() {
+  return CannotWriteRecording("the file was changed since it was normalized");
+}
 
 enum class Left { Complete, Interrupted, HalfUndone };
 
@@ -91,7 +92,7 @@ class ChangedRecording : public ::testing::TestWithParam<ChangeCase> {
   void ExpectOutcome(const std::function<std::string(const MemoryDisk&)>& run,
                      bool isRefused) const {
     const MemoryDisk disk(left_);
-    EXPECT_EQ(run(disk), isRefused ? Changed : "completed");
+    EXPECT_EQ(run(disk), isRefused ? Changed() : "completed");
     if (!isRefused) {
       return;
     }

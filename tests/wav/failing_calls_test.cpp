@@ -4,6 +4,7 @@
 // Disks that refuse: each call of each kind fails in turn, once or for good, during a pass, its
 // undo and its end. What went wrong is said in one message, and no recording is lost.
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -52,7 +53,8 @@ MemoryDisk::Fails FailsAt(Call call, int number, bool forGood, std::shared_ptr<i
   };
 }
 
-bool IsOneMessage(const std::string& end) {
+bool IsOneMessage(std::string end) {
+  std::replace(end.begin(), end.end(), '\\', '/');  // as some systems write paths
   static const std::regex message(
       "(no record: )?Cannot (read|write) (/music/recording\\.wav|/state(/[0-9a-f]{16}\\.undo)?): "
       "the disk refuses");

@@ -115,7 +115,7 @@ class DamagedRecord : public ::testing::TestWithParam<LeftCase> {
     disk.SetFailure([syncs = 0](Call call, const std::string& path) mutable {
       return call == Call::Sync && path == Recording && ++syncs == 3;
     });
-    EXPECT_EQ(run(disk), "Cannot write /music/recording.wav: the disk refuses");
+    EXPECT_EQ(run(disk), CannotWriteRecording("the disk refuses"));
     disk.SetFailure({});
   }
 
@@ -284,7 +284,7 @@ TEST(MadeUpRecordTest, LeadsTheLoopsNowhereElse) {
     ASSERT_TRUE(record);
     const auto path = record->Path().toStdString();
     EXPECT_EQ(TextOf(pass.KeepRecord(std::move(*record))),
-              "Cannot read " + path + ": the record of the pass is damaged");
+              "Cannot read " + InMessages(path) + ": the record of the pass is damaged");
   }
 }
 

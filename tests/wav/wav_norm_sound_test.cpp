@@ -90,6 +90,8 @@ TEST_F(SoundInWindow, FollowsThePercentageAsItIsTyped) {
   EXPECT_EQ(Told(), At("76")) << "the stored percentage";
   Type(u"5"_s);
   EXPECT_EQ(Told(), At("-5"));
+  Type(u"0"_s);
+  EXPECT_EQ(Told(), At("-50"));
   pictures.push_back(Picture());
   TypeOver(u"300"_s);
   EXPECT_EQ(Told(), At("100"));

@@ -254,8 +254,7 @@ TEST(WayBackLaws, NotOneMappedWordCanBeChangedUnnoticed) {
                                        : std::string{static_cast<char>(level[0] ^ 1), level[1]};
     changed.replace(at, WordSize, other == level ? std::string("??") : other);
     disk.Put(Recording, changed);
-    const std::string refused =
-        "Cannot write /music/recording.wav: the file was changed since it was normalized";
+    const auto refused = CannotWriteRecording("the file was changed since it was normalized");
     EXPECT_EQ(UndoOn(disk), refused);
     EXPECT_EQ(FinishOn(disk), refused);
     EXPECT_EQ(FirstDifference(*disk.Bytes(Recording), changed), "none");

@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include <QDir>
 #include <QString>
 #include <gtest/gtest.h>
 
@@ -27,6 +28,14 @@ namespace brindle {
 
 inline constexpr const char* Recording = "/music/recording.wav";
 inline constexpr const char* StateFolder = "/state";
+
+/// How a message writes a path.
+inline std::string InMessages(const std::string& path) {
+  return QDir::toNativeSeparators(QString::fromStdString(path)).toStdString();
+}
+inline std::string CannotWriteRecording(const std::string& reason) {
+  return "Cannot write " + InMessages(Recording) + ": " + reason;
+}
 
 /// A pass in place over the recording of a disk in memory.
 struct RecordedPass {

@@ -40,22 +40,22 @@ quint64 Whole(DWORD high, DWORD low) {
   return quint64{high} << halfBits | low;
 }
 
-// Numbers have 128 bits where the system knows them so long.
+// Nothing for a device. Numbers have 128 bits where the system knows them so long.
 std::optional<FileIdentity> IdentityOf(HANDLE handle) {
-  FILE_ID_INFO found = {};
-  if (GetFileInformationByHandleEx(handle, FileIdInfo, &found, sizeof(found)) != FALSE) {
-    FileIdentity identity{.volume = found.VolumeSerialNumber};
-    std::memcpy(&identity.low, found.FileId.Identifier, sizeof(identity.low));
-    std::memcpy(&identity.high, found.FileId.Identifier + sizeof(identity.low),
-                sizeof(identity.high));
-    return identity;
-  }
   BY_HANDLE_FILE_INFORMATION shorter = {};
   if (GetFileInformationByHandle(handle, &shorter) == FALSE) {
     return std::nullopt;
   }
-  return FileIdentity{.volume = shorter.dwVolumeSerialNumber,
-                      .low = Whole(shorter.nFileIndexHigh, shorter.nFileIndexLow)};
+  FILE_ID_INFO found = {};
+  if (GetFileInformationByHandleEx(handle, FileIdInfo, &found, sizeof(found)) == FALSE) {
+    return FileIdentity{.volume = shorter.dwVolumeSerialNumber,
+                        .low = Whole(shorter.nFileIndexHigh, shorter.nFileIndexLow)};
+  }
+  FileIdentity identity{.volume = found.VolumeSerialNumber};
+  std::memcpy(&identity.low, found.FileId.Identifier, sizeof(identity.low));
+  std::memcpy(&identity.high, found.FileId.Identifier + sizeof(identity.low),
+              sizeof(identity.high));
+  return identity;
 }
 
 bool AreSameFile(HANDLE one, HANDLE two) {
