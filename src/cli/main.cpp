@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <QCoreApplication>
+
+#include "base/settings/settings_file.h"
+#include "cli/command_line.h"
+#include "cli/console.h"
+
+int main(int argc, char** argv) {
+  brindle::OccupyStandardFiles();
+  const auto arguments = brindle::ArgumentsOf(argc, argv);
+  const QCoreApplication application(argc, argv);
+  brindle::SystemConsole console;
+  const auto code = brindle::RunCommandLine(
+      arguments,
+      {.program = QCoreApplication::applicationDirPath(), .config = brindle::DesktopConfigFolder()},
+      console);
+  const bool isWritten = console.Finish();
+  return static_cast<int>(
+      isWritten || code != brindle::ExitCode::Answered ? code : brindle::ExitCode::Failed);
+}
