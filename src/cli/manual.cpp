@@ -94,7 +94,7 @@ std::string Entry(const std::string& term, std::string_view explanation) {
     if (isFirst && entry.size() + 2 <= HelpColumn) {
       entry += std::string(HelpColumn - entry.size(), ' ') + line + "\n";
     } else {
-      entry += (isFirst ? "\n" : "") + margin + line + "\n";
+      entry.append(isFirst ? "\n" : "").append(margin).append(line).append("\n");
     }
     isFirst = false;
   }
@@ -216,55 +216,72 @@ std::string Manual() {
 
 // --- The completions ---
 
+// What follows an option that has a value.
+std::string BashValue(const OptionText& option) {
+  std::string lines = "        " + Joined(option.Names(), "|") + ")\n          ";
+  if (option.takesFile) {
+    lines += R"(compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "$word"))";
+  } else {
+    lines.append("mapfile -t COMPREPLY < <(compgen -W '")
+        .append(Joined(option.words, " "))
+        .append(R"(' -- "$word"))");
+  }
+  return lines + "\n          return ;;\n";
+}
+
+std::string BashCommand(const CommandPage& page) {
+  std::vector<std::string> names;
+  std::string values;
+  bool takesFiles = false;
+  for (const auto& option : page.options) {
+    if (option.IsOption()) {
+      names.push_back(Joined(option.Names(), " "));
+      values += option.value.empty() ? "" : BashValue(option);
+    } else {
+      takesFiles = option.takesFile;
+    }
+  }
+  std::string lines = "    " + page.text.name + ")\n";
+  if (!values.empty()) {
+    lines.append("      case $before in\n").append(values).append("      esac\n");
+  }
+  return lines.append("      options='")
+      .append(Joined(names, " "))
+      .append("'\n      files=")
+      .append(takesFiles ? "1" : "")
+      .append(" ;;\n");
+}
+
 std::string Bash() {
   std::string names;
   std::string cases;
   for (const auto& page : AllPages()) {
     names += page.text.name + " ";
-    std::string options;
-    std::string values;
-    bool takesFiles = false;
-    for (const auto& option : page.options) {
-      takesFiles = takesFiles || (!option.IsOption() && option.takesFile);
-      if (!option.IsOption()) {
-        continue;
-      }
-      options += Joined(option.Names(), " ") + " ";
-      if (!option.value.empty()) {
-        values += "        " + Joined(option.Names(), "|") + ")\n          " +
-                  (option.takesFile ? "compopt -o filenames; COMPREPLY=($(compgen -f -- \"$word\"))"
-                                    : "COMPREPLY=($(compgen -W \"" + Joined(option.words, " ") +
-                                          "\" -- \"$word\"))") +
-                  "\n          return ;;\n";
-      }
-    }
-    cases += "    " + page.text.name + ")\n" +
-             (values.empty() ? "" : "      case $before in\n" + values + "      esac\n") +
-             "      options=\"" + options + "\"\n      files=" + (takesFiles ? "1" : "") + " ;;\n";
+    cases += BashCommand(page);
   }
-  return "# SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors\n"
-         "# SPDX-License-Identifier: MIT\n"
-         "# Completion of brindle(1) for bash.\n"
-         "_brindle() {\n"
-         "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options files\n"
-         "  COMPREPLY=()\n"
-         "  if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
-         "    COMPREPLY=($(compgen -W \"" +
-         names +
-         "--help --version\" -- \"$word\"))\n"
-         "    return\n"
-         "  fi\n"
-         "  case ${COMP_WORDS[1]} in\n" +
-         cases +
-         "  esac\n"
-         "  if [[ $word == -* ]]; then\n"
-         "    COMPREPLY=($(compgen -W \"$options\" -- \"$word\"))\n"
-         "  elif [ -n \"$files\" ]; then\n"
-         "    compopt -o filenames\n"
-         "    COMPREPLY=($(compgen -f -- \"$word\"))\n"
-         "  fi\n"
-         "}\n"
-         "complete -F _brindle brindle\n";
+  std::string script = R"(# SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+# SPDX-License-Identifier: MIT
+# Completion of brindle(1) for bash.
+_brindle() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options= files=
+  COMPREPLY=()
+  if [ "$COMP_CWORD" -eq 1 ]; then
+    mapfile -t COMPREPLY < <(compgen -W ')";
+  script.append(names).append(R"(--help --version' -- "$word")
+    return
+  fi
+  case ${COMP_WORDS[1]} in
+)");
+  return script.append(cases).append(R"(  esac
+  if [[ $word == -* ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+  elif [ -n "$files" ]; then
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -f -- "$word")
+  fi
+}
+complete -F _brindle brindle
+)");
 }
 
 // A text within single quotes and within the brackets of an option's description.
@@ -294,8 +311,8 @@ std::string ZshOption(const OptionText& option) {
                             : "        '::" + option.names + ": '";
   }
   for (const auto& name : option.Names()) {
-    lines.append(lines.empty() ? "" : " \\\n")
-        .append("        '*" + name + "[" + ZshText(option.help) + "]" + value + "'");
+    lines.append(lines.empty() ? "" : " \\\n").append("        '*").append(name).append("[");
+    lines.append(ZshText(option.help)).append("]").append(value).append("'");
   }
   return lines;
 }

@@ -305,7 +305,7 @@ class Normalize : public Command {
     const auto* error = std::get_if<WavError>(&end);
     const std::string back =
         pass.IsRecorded()
-            ? "; \"brindle undo\" takes it back, \"brindle normalize --finish\" goes on"
+            ? R"(; "brindle undo" takes it back, "brindle normalize --finish" goes on)"
             : "";
     if (error != nullptr) {
       return Failed(
@@ -331,7 +331,7 @@ class Normalize : public Command {
     }
     const auto end = RunShown(**pass, recording.name, report_->Terminal());
     const bool isCompleted = std::holds_alternative<PassCompleted>(end);
-    const auto refusal = isCompleted ? Outcome() : Ended(recording, **pass, end);
+    auto refusal = isCompleted ? Outcome() : Ended(recording, **pass, end);
     const auto changedRecord = (*pass)->ChangedRecord();
     pass->reset();
     wayBack_->SetAside(changedRecord);
@@ -345,7 +345,7 @@ class Normalize : public Command {
     return answer;
   }
 
-  const SystemClock clock_;
+  SystemClock clock_;
   std::vector<std::string> files_;
   std::optional<std::string> output_;
   std::optional<double> percent_;
