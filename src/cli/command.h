@@ -12,6 +12,7 @@
 
 #include "base/interface.h"
 #include "base/settings/settings.h"
+#include "base/time/clock.h"
 #include "cli/console.h"
 #include "cli/json.h"
 #include "cli/options.h"
@@ -74,6 +75,7 @@ struct Surroundings {
   /// The folder of the records of passes that can be undone. Asking for it may create the folder of
   /// the settings.
   std::function<QString()> undoFolder;
+  const Clock& clock;
 };
 
 /// A command of the program. It is made anew for each run.

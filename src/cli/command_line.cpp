@@ -85,7 +85,7 @@ FileResult<Settings> SettingsFor(const CommonOptions& common, const CommandLineF
 }
 
 ExitCode RunCommand(const std::string& name, const std::vector<std::string>& arguments,
-                    const CommandLineFolders& folders, Console& console) {
+                    const CommandLineFolders& folders, const Clock& clock, Console& console) {
   Reporter report(console, name, false);
   const auto command = CommandNamed(name);
   if (command == nullptr) {
@@ -111,7 +111,7 @@ ExitCode RunCommand(const std::string& name, const std::vector<std::string>& arg
     return ExitCode::Failed;
   }
   Reporter answers(console, name, common.isJson);
-  return command->Run({*record, [&] { return UndoFolder(AppFolder(folders)); }}, answers);
+  return command->Run({*record, [&] { return UndoFolder(AppFolder(folders)); }, clock}, answers);
 }
 
 }  // namespace
@@ -131,7 +131,7 @@ std::vector<OptionText> OptionsOf(Command& command) {
 }
 
 ExitCode RunCommandLine(const std::vector<std::string>& arguments,
-                        const CommandLineFolders& folders, Console& console) {
+                        const CommandLineFolders& folders, const Clock& clock, Console& console) {
   Reporter report(console, {}, false);
   if (arguments.empty()) {
     return report.RefuseUsage("a command is missing; brindle --help lists them");
@@ -155,7 +155,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments,
     return report.RefuseUsage("there is no option " + Quoted(first) +
                               "; brindle --help lists the commands");
   }
-  return RunCommand(first, {arguments.begin() + 1, arguments.end()}, folders, console);
+  return RunCommand(first, {arguments.begin() + 1, arguments.end()}, folders, clock, console);
 }
 
 }  // namespace brindle

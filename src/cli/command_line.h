@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include "base/time/clock.h"
 #include "cli/command.h"
 #include "cli/console.h"
 
@@ -24,6 +25,7 @@ struct CommandLineFolders {
 
 /// Runs the program with its arguments, without its name.
 [[nodiscard]] ExitCode RunCommandLine(const std::vector<std::string>& arguments,
-                                      const CommandLineFolders& folders, Console& console);
+                                      const CommandLineFolders& folders, const Clock& clock,
+                                      Console& console);
 
 }  // namespace brindle

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "base/settings/settings_file.h"
+#include "base/time/clock.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
 
@@ -11,11 +12,12 @@ int main(int argc, char** argv) {
   brindle::OccupyStandardFiles();
   const auto arguments = brindle::ArgumentsOf(argc, argv);
   const QCoreApplication application(argc, argv);
+  const brindle::SystemClock clock;
   brindle::SystemConsole console;
   const auto code = brindle::RunCommandLine(
       arguments,
       {.program = QCoreApplication::applicationDirPath(), .config = brindle::DesktopConfigFolder()},
-      console);
+      clock, console);
   const bool isWritten = console.Finish();
   return static_cast<int>(
       isWritten || code != brindle::ExitCode::Answered ? code : brindle::ExitCode::Failed);

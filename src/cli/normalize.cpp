@@ -134,6 +134,7 @@ class Normalize : public Command {
     if (output_ && !isFolder && files_.size() > 1) {
       return report.RefuseUsage("--output is no folder, but there are several files");
     }
+    clock_ = &given.clock;
     record_ = &given.record;
     report_ = &report;
     wayBack_ = std::make_unique<WayBack>(given.undoFolder());
@@ -213,7 +214,7 @@ class Normalize : public Command {
 
   // Scans the recording for what the plan needs to know.
   [[nodiscard]] Outcome Scan(const Recording& recording, Coverage coverage, PassPlan& plan) {
-    PeakScan scan(recording.path, clock_, coverage);
+    PeakScan scan(recording.path, *clock_, coverage);
     const auto end = RunShown(scan, recording.name, report_->Terminal());
     if (const auto* error = std::get_if<WavError>(&end)) {
       return Failed(MessageFor(recording, *error));
@@ -278,7 +279,7 @@ class Normalize : public Command {
 
   [[nodiscard]] Outcome RunPass(const Recording& recording, const PassPlan& plan,
                                 Normalization& pass) {
-    pass.Start(GainTable(*plan.gain), plan.buffering, clock_);
+    pass.Start(GainTable(*plan.gain), plan.buffering, *clock_);
     const auto end = RunShown(pass, recording.name, report_->Terminal());
     if (!std::holds_alternative<PassCompleted>(end)) {
       return Ended(recording, pass, end);
@@ -325,7 +326,7 @@ class Normalize : public Command {
                         ": no interrupted normalization of it is on record",
                     ExitCode::NoAnswer);
     }
-    auto pass = wayBack_->Finish(clock_);
+    auto pass = wayBack_->Finish(*clock_);
     if (!pass) {
       return Failed(MessageFor(recording, pass.error()));
     }
@@ -345,7 +346,6 @@ class Normalize : public Command {
     return answer;
   }
 
-  SystemClock clock_;
   std::vector<std::string> files_;
   std::optional<std::string> output_;
   std::optional<double> percent_;
@@ -356,6 +356,7 @@ class Normalize : public Command {
   bool force_ = false;
   bool cutOff_ = false;
   bool withoutUndo_ = false;
+  const Clock* clock_ = nullptr;
   const Settings* record_ = nullptr;
   Reporter* report_ = nullptr;
   std::unique_ptr<WayBack> wayBack_;

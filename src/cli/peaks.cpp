@@ -38,19 +38,18 @@ class PeaksOfFiles : public Command {
                     everySample_);
   }
 
-  [[nodiscard]] ExitCode Run(const Surroundings&, Reporter& report) override {
+  [[nodiscard]] ExitCode Run(const Surroundings& given, Reporter& report) override {
     return ForEach(files_, report, [&](const Recording& recording) {
       return HeaderOf(recording).and_then([&](const WavHeader& header) {
         WarnOfWidth(recording, header, report);
-        return Scanned(recording, header, report);
+        return Scanned(recording, header, given.clock, report);
       });
     });
   }
 
  private:
   [[nodiscard]] Outcome Scanned(const Recording& recording, const WavHeader& header,
-                                Reporter& report) const {
-    const SystemClock clock;
+                                const Clock& clock, Reporter& report) const {
     PeakScan scan(recording.path, clock, everySample_ ? Coverage::EveryWord : Coverage::Usual);
     const auto end = RunShown(scan, recording.name, report.Terminal());
     if (const auto* error = std::get_if<WavError>(&end)) {

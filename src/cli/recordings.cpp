@@ -113,7 +113,7 @@ ExitCode ForEach(const std::vector<std::string>& names, Reporter& report,
 }
 
 PassState RunShown(Pass& pass, const std::string& name, Console& console) {
-  const auto end = RunToEnd(pass, [&](const PassProgress& progress) {
+  auto end = RunToEnd(pass, [&](const PassProgress& progress) {
     console.ShowProgress(ProgressLine(progress, name));
     return !console.IsInterrupted();
   });

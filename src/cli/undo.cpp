@@ -46,20 +46,19 @@ class Undo : public Command {
     }
     return ForEach(files_, report, [&](const Recording& recording) {
       return HeaderOf(recording).and_then(
-          [&](const WavHeader&) { return Undone(recording, wayBack, report); });
+          [&](const WavHeader&) { return Undone(recording, wayBack, given.clock, report); });
     });
   }
 
  private:
   [[nodiscard]] static Outcome Undone(const Recording& recording, WayBack& wayBack,
-                                      Reporter& report) {
+                                      const Clock& clock, Reporter& report) {
     wayBack.LookFor(recording.path);
     if (!wayBack.IsThere()) {
       return tl::unexpected(
           Refusal{ExitCode::NoAnswer, "there is nothing to undo for " + recording.name +
                                           ": no normalization of it in place is on record"});
     }
-    const SystemClock clock;
     auto undo = wayBack.Undo(clock);
     if (!undo) {
       return tl::unexpected(Refusal{

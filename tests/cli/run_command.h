@@ -3,12 +3,15 @@
 
 #pragma once
 
+#include <functional>
 #include <limits>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include <QObject>
+
+#include "base/time/clock.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
 #include "tests/base/settings/temporary_folder.h"
@@ -35,6 +38,19 @@ class FakeConsole : public Console {
 
  private:
   mutable int looks_ = 0;
+};
+
+/// Time passes as fast as a test says, whenever it is looked at.
+class TickingClock : public Clock {
+ public:
+  [[nodiscard]] double Now() const override { return now_ += tick; }
+  [[nodiscard]] float SecondsSinceMidnight() const override { return 0; }
+  void After(double, QObject*, std::function<void()>) override {}
+
+  double tick = 0.001;  ///< seconds
+
+ private:
+  mutable double now_ = 0;
 };
 
 /// What came of a run of the program.
@@ -70,12 +86,13 @@ class CommandRunner {
   [[nodiscard]] RunResult Run(const std::vector<std::string>& arguments,
                               FakeConsole& console) const {
     const auto code = RunCommandLine(
-        arguments, {.program = folder.Path(), .config = folder.PathOf("config")}, console);
+        arguments, {.program = folder.Path(), .config = folder.PathOf("config")}, clock, console);
     return {static_cast<int>(code), console.answer, console.errors};
   }
   [[nodiscard]] RunResult Run(std::string_view line) const { return Run(WordsOf(line)); }
 
   TemporaryFolder folder;
+  TickingClock clock;
 };
 
 }  // namespace brindle
