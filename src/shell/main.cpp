@@ -2,17 +2,25 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
-#include <QDir>
 
 #include "base/settings/settings_file.h"
 #include "shell/built_product.h"
 #include "shell/library_search.h"
 #include "shell/look.h"
 #include "shell/program.h"
+#include "shell/start_arguments.h"
+#include "shell/start_console.h"
 #include "shell/termination.h"
 
 int main(int argc, char** argv) {
   brindle::LimitLibrarySearch();
+  const auto start = brindle::ReadStartArguments(brindle::ArgumentsAtStart(argc, argv));
+  if (start.wish != brindle::StartArguments::Wish::Start) {
+    constexpr int wrongUsage = 2;
+    const bool isError = start.wish == brindle::StartArguments::Wish::Refuse;
+    brindle::TellAtStart(start.text, isError);
+    return isError ? wrongUsage : 0;
+  }
   brindle::AskForDarkPalette();
   const QApplication application(argc, argv);
   brindle::SetUpApplication();
@@ -23,6 +31,6 @@ int main(int argc, char** argv) {
   QObject::connect(&termination, &brindle::Termination::Asked, &program, &brindle::Program::End);
   QObject::connect(&termination, &brindle::Termination::SessionEnds, &program,
                    &brindle::Program::EndWithSession);
-  program.Start();
+  program.Start(start.file);
   return QApplication::exec();
 }

@@ -7,8 +7,10 @@
 #include <utility>
 
 #include <QApplication>
+#include <QString>
 #include <QWidget>
 
+#include "base/windows/file_opener.h"
 #include "shell/window_catalogue.h"
 
 namespace brindle {
@@ -18,7 +20,8 @@ Program::Program(Product product, ProgramFolders folders)
   AddAllWindows(windows_, services_, [this](const auto& then) { mainProg_->InitDat(then); });
 }
 
-void Program::Start() {
+void Program::Start(const QString& file) {
+  file_ = file;
   splash_ = std::make_unique<Splash>(services_);
   connect(splash_.get(), &Splash::Finished, this, &Program::ShowMainProg);
   splash_->Run();
@@ -38,7 +41,15 @@ void Program::ShowMainProg() {
     mainProg_->show();
     mainProg_->raise();
     mainProg_->activateWindow();
+    if (!file_.isEmpty()) {
+      OpenFile();
+    }
   });
+}
+
+void Program::OpenFile() {
+  windows_.Open(WindowId::WavNorm);
+  dynamic_cast<FileOpener&>(windows_.Load(WindowId::WavNorm)).OpenFile(file_);
 }
 
 void Program::End() {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include <QObject>
+#include <QString>
 
 #include "base/input/file_dialogs.h"
 #include "base/input/message_boxes.h"
@@ -28,8 +29,8 @@ class Program : public QObject {
  public:
   Program(Product product, ProgramFolders folders);
 
-  /// Shows the splash; the main window follows it.
-  void Start();
+  /// Shows the splash; the main window follows it, and the normalizer with `file` if there is one.
+  void Start(const QString& file = {});
 
   /// The system asks the program to end. Counts as closing the main window, but no window is asked:
   /// saves if SaveOnExit is ticked, hides everything, ends the event loop. While the splash is
@@ -44,6 +45,7 @@ class Program : public QObject {
  private:
   void ShowMainProg();
   void HideAllAndExit();
+  void OpenFile();
 
   Product product_;
   ProgramFolders folders_;
@@ -58,6 +60,7 @@ class Program : public QObject {
   Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;
+  QString file_;  // to be opened once the main window is shown
   bool ended_ = false;
 };
 

@@ -15,6 +15,7 @@
 #include "base/input/message_boxes.h"
 #include "base/input/wiring.h"
 #include "base/settings/settings.h"
+#include "base/windows/file_opener.h"
 #include "wav/normalizer_panels.h"
 #include "wav/normalizer_tasks.h"
 #include "wav/output_choice.h"
@@ -27,7 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class WavNorm : public Form {
+class WavNorm : public Form, public FileOpener {
   Services& services_;
   Settings& record_;
   FileDrop drop_{this};
@@ -48,6 +49,12 @@ class WavNorm : public Form {
   }
 
   void WillClose() override { tasks_.Stop(); }
+
+  void OpenFile(const QString& path) override {
+    if (tasks_.Runner().IsIdle() && ShowFile(path)) {
+      tasks_.TakeFile(path);
+    }
+  }
 
  protected:
   void AskToClose(const std::function<void()>& agreed) override {
@@ -95,12 +102,6 @@ class WavNorm : public Form {
             .title = title,
             .filters = filters,
             .start = record_.WavRememberFolders ? path : QString()};
-  }
-
-  void OpenFile(const QString& path) {
-    if (tasks_.Runner().IsIdle() && ShowFile(path)) {
-      tasks_.TakeFile(path);
-    }
   }
 
   // Whether there is something to show.

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -24,6 +25,7 @@
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/shell/main_window.h"
 #include "tests/support/user.h"
+#include "tests/wav/wav_builder.h"
 
 namespace brindle {
 namespace {
@@ -38,7 +40,7 @@ class ProgramTest : public ::testing::Test {
  protected:
   // Runs the program to its end and gives its exit code. A program that does not end fails the
   // test.
-  int Run(const std::function<void()>& meanwhile) {
+  int Run(const std::function<void()>& meanwhile, const QString& file = {}) {
     program = std::make_unique<Program>(
         Product{.website = u"https://example.org/brindle"_s, .author = u"Velbrin 2026"_s},
         ProgramFolders{.program = folder.Path(), .config = folder.Path()});
@@ -51,7 +53,7 @@ class ProgramTest : public ::testing::Test {
       QApplication::exit(99);
     });
     watchdog.start(2 * Patience);
-    program->Start();
+    program->Start(file);
     QTimer::singleShot(0, qApp, meanwhile);
     return QApplication::exec();
   }
@@ -132,6 +134,23 @@ TEST_F(ProgramTest, LeftAloneTheSplashGivesWayToTheMainWindow) {
               EXPECT_TRUE(Standing(u"Splash"_s).empty());
               program->End();
             }),
+            0);
+}
+
+TEST_F(ProgramTest, AFileToStartWithIsOpenedInTheNormalizer) {
+  folder.Put("concert.wav", WavParts{.levels = {1, 2, 3, 4}}.Bytes());
+  EXPECT_EQ(Run(
+                [&] {
+                  Await(u"Splash"_s);
+                  Key(Qt::Key_Space);
+                  const auto* normalizer = Await(u"WavNorm"_s);
+                  EXPECT_EQ(Standing(u"MainProg"_s).size(), 1U);
+                  const auto* name = normalizer->findChild<QLabel*>(u"WavInfo1"_s);
+                  EXPECT_EQ(name->text().toStdString(), "concert.wav");
+                  EXPECT_TRUE(normalizer->findChild<QWidget*>(u"btnScan"_s)->isVisible());
+                  program->End();
+                },
+                folder.PathOf("concert.wav")),
             0);
 }
 
