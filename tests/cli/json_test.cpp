@@ -27,7 +27,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 JsonSchema TheSchema() {
-  QFile file(QStringLiteral(BRINDLE_SCHEMA));
+  QFile file(QStringLiteral(BRINDLE_SOURCE "/docs/brindle.schema.json"));
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   const auto document = QJsonDocument::fromJson(file.readAll());
   EXPECT_FALSE(document.object().isEmpty());

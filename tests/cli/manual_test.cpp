@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include <QFile>
+#include <QString>
 #include <gtest/gtest.h>
 
 #include "cli/command_line.h"
@@ -131,6 +133,63 @@ INSTANTIATE_TEST_SUITE_P(Each, EveryCommand,
                          ::testing::Values("bitrate", "audio", "space", "split", "time", "size",
                                            "resolution", "peaks", "normalize", "undo"),
                          [](const auto& instance) { return instance.param; });
+
+// The examples of a text: lines that begin with "$ brindle", each with what it answers below it, up
+// to an empty line or the end of the block. Those of recordings are left out.
+struct Example {
+  std::string line;
+  std::string answer;
+};
+
+std::vector<Example> ExamplesIn(const char* path) {
+  QFile file(QString::fromLatin1(path));
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+  std::istringstream text(file.readAll().toStdString());
+  std::vector<Example> examples;
+  bool isWithin = false;
+  for (std::string line; std::getline(text, line);) {
+    line.erase(0, line.find_first_not_of(' '));
+    const std::string prompt = "$ brindle ";
+    if (line.starts_with(prompt)) {
+      isWithin = !Has(line, ".wav");
+      if (isWithin) {
+        examples.push_back({line.substr(prompt.size()), ""});
+      }
+    } else if (line.empty() || line.starts_with('<')) {
+      isWithin = false;
+    } else if (isWithin) {
+      examples.back().answer += line + "\n";
+    }
+  }
+  return examples;
+}
+
+class Document : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(Document, HasExamplesThatAreTrue) {
+  const auto examples = ExamplesIn(GetParam());
+  EXPECT_EQ(examples.size(), 3U);
+  for (const auto& example : examples) {
+    EXPECT_EQ(CommandRunner().Run(example.line).answer, example.answer) << example.line;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Document,
+                         ::testing::Values(BRINDLE_SOURCE "/README.md",
+                                           BRINDLE_SOURCE "/help/CommandLine.html"),
+                         [](const auto& instance) {
+                           return std::string(instance.index == 0 ? "Readme" : "Help");
+                         });
+
+TEST(HelpOfTheCommandLine, NamesEveryCommand) {
+  QFile file(QStringLiteral(BRINDLE_SOURCE "/help/CommandLine.html"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const auto page = file.readAll().toStdString();
+  for (const auto make : AllCommands()) {
+    const auto name = make()->Text().name;
+    EXPECT_TRUE(Has(page, "<dt>" + name) || Has(page, ", " + name)) << name;
+  }
+}
 
 TEST(Manual, HasNoOtherCommand) {
   EXPECT_EQ(AllCommands().size(), 10U);

@@ -144,6 +144,21 @@ INSTANTIATE_TEST_SUITE_P(Each, Listing, ::testing::Values("Brindle2.hhc", "Brind
                            return std::string(instance.param).substr(9);
                          });
 
+// A page that is about no window.
+TEST(HelpOfTheCommandLine, IsReachedAndLeadsSomewhere) {
+  const auto page = ReadHelpPage(u"CommandLine"_s);
+  EXPECT_EQ(page.error.toStdString(), "");
+  EXPECT_TRUE(page.title.startsWith(page.heading));
+  for (const auto& link : page.links) {
+    EXPECT_TRUE(LeadsSomewhere(link)) << link.toStdString();
+  }
+  const auto file = u"CommandLine.html"_s;
+  EXPECT_TRUE(ReadHelpPage(u"index"_s).links.contains(file));
+  EXPECT_TRUE(ReadAll(u"Brindle2.hhp"_s).split(u'\n').contains(file));
+  EXPECT_TRUE(ReadAll(u"Brindle2.hhc"_s).contains(file));
+  EXPECT_TRUE(ReadAll(u"Brindle2.hhk"_s).contains(file));
+}
+
 TEST(HelpOfEveryWindow, LeadsToEveryOther) {
   const auto links = ReadHelpPage(u"index"_s).links;
   for (const auto& name : HelpPages()) {
