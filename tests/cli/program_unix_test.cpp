@@ -143,9 +143,9 @@ class Program : public ::testing::Test {
     return folder.PathOf(name).toStdString();
   }
 
-  // A file of more than two gigabytes, which takes no room, of a sound that is not silent.
+  // A file of more than four gigabytes, which takes no room, of a sound that is not silent.
   [[nodiscard]] std::string HugeRecording() const {
-    constexpr std::uint32_t length = 2'200'000'000;
+    constexpr std::uint32_t length = 4'200'000'000;
     folder.Put("huge.wav", WavParts{.levels = {1000, -1000}, .declared = length}.Bytes());
     const auto path = PathOf("huge.wav");
     EXPECT_EQ(truncate(path.c_str(), length), 0);
@@ -332,7 +332,7 @@ TEST_P(Interrupted, StopsAndSaysSo) {
   const auto path = HugeRecording();
   const auto ended = RunOnTerminal({"peaks", path}, " left  ", GetParam());
   EXPECT_EQ(ended.code, 130);
-  EXPECT_NE(ended.said.find("\r\x1b[K[--------------------]"), std::string::npos) << ended.said;
+  EXPECT_NE(ended.said.find("\r\x1b[K["), std::string::npos) << ended.said;
   const auto end = "\r\x1b[Kbrindle: interrupted while scanning " + path + "\r\n";
   EXPECT_TRUE(ended.said.ends_with(end)) << ended.said;
 }
