@@ -55,6 +55,7 @@ VIAddVersionKey LegalCopyright "Velbrin and the Brindle contributors"
 !macroend
 !macro WaitUntilClosed FOLDER
   !insertmacro WaitUntilWritable "${FOLDER}" brindle2.exe "Please close Brindle"
+  !insertmacro WaitUntilWritable "${FOLDER}" brindle.exe "Please let the command line program, brindle, end"
   !insertmacro WaitUntilWritable "${FOLDER}" Brindle2.chm "Please close the window that shows the help of Brindle"
 !macroend
 

@@ -3,12 +3,14 @@
 
 #include <QCoreApplication>
 
+#include "base/files/library_search.h"
 #include "base/settings/settings_file.h"
 #include "base/time/clock.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
 
 int main(int argc, char** argv) {
+  brindle::LimitLibrarySearch();
   brindle::OccupyStandardFiles();
   const auto arguments = brindle::ArgumentsOf(argc, argv);
   const QCoreApplication application(argc, argv);

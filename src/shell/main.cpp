@@ -3,9 +3,9 @@
 
 #include <QApplication>
 
+#include "base/files/library_search.h"
 #include "base/settings/settings_file.h"
 #include "shell/built_product.h"
-#include "shell/library_search.h"
 #include "shell/look.h"
 #include "shell/program.h"
 #include "shell/start_arguments.h"
