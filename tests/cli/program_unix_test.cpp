@@ -46,6 +46,7 @@ struct Start {
 
 struct Ended {
   int code = -1;  // of a signal: 1000 and its number
+  double processorSeconds = 0;
   std::string answer;
   std::string errors;
 };
@@ -82,6 +83,10 @@ void Check(bool holds, const char* what) {
   words.push_back(nullptr);
   execv(program.c_str(), words.data());
   _exit(127);
+}
+
+double SecondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
 // Reads both until their ends.
@@ -130,8 +135,10 @@ Ended RunIn(const Start& start) {
   Ended ended;
   ReadAll({start.outputIsClosed ? -1 : output[0], errors[0]}, {&ended.answer, &ended.errors});
   int status = 0;
-  waitpid(child, &status, 0);
+  rusage usage{};
+  wait4(child, &status, 0, &usage);
   ended.code = CodeOf(status);
+  ended.processorSeconds = SecondsOf(usage.ru_utime) + SecondsOf(usage.ru_stime);
   return ended;
 }
 
@@ -168,6 +175,17 @@ TEST_F(Program, Answers) {
   EXPECT_EQ(ended.code, 0);
   EXPECT_EQ(ended.answer, BuiltInAnswer);
   EXPECT_EQ(ended.errors, "");
+}
+
+TEST_F(Program, StartsInFifteenMilliseconds) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "NOT RUN, the sanitizer takes its own time to start";
+#endif
+  double least = 1;
+  for (int i = 0; i < 20; ++i) {
+    least = std::min(least, RunProgram(Words{"bitrate"}).processorSeconds);
+  }
+  EXPECT_LT(least, 0.015);
 }
 
 TEST_F(Program, NeedsNeitherHomeNorDisplayNorAnyVariable) {
