@@ -25,6 +25,7 @@
 #include "cli/manual.h"
 #include "cli/options.h"
 #include "cli/reading.h"
+#include "cli/recordings.h"
 
 namespace brindle {
 namespace {
@@ -106,8 +107,7 @@ ExitCode RunCommand(const std::string& name, const std::vector<std::string>& arg
   }
   const auto record = SettingsFor(common, folders);
   if (!record) {
-    report.Tell("cannot read " + record.error().path.toStdString() + ": " +
-                record.error().reason.toStdString());
+    report.Tell(AsPart(CannotRead(record.error())));
     return ExitCode::Failed;
   }
   Reporter answers(console, name, common.isJson);

@@ -33,18 +33,6 @@ ExitCode Worse(ExitCode one, ExitCode other) {
   return rank(other) > rank(one) ? other : one;
 }
 
-// A message of the program as the middle of a line: without the large letter and the period.
-std::string AsPart(const QString& message) {
-  auto text = message.toStdString();
-  if (!text.empty()) {
-    text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
-  }
-  if (text.ends_with('.')) {
-    text.pop_back();
-  }
-  return text;
-}
-
 // "[#####---------------]  25 %  0:12 left  concert.wav".
 std::string ProgressLine(const PassProgress& progress, const std::string& name) {
   constexpr std::size_t width = 20;
@@ -63,6 +51,17 @@ std::string ProgressLine(const PassProgress& progress, const std::string& name) 
 }
 
 }  // namespace
+
+std::string AsPart(const QString& message) {
+  auto text = message.toStdString();
+  if (!text.empty()) {
+    text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
+  }
+  if (text.ends_with('.')) {
+    text.pop_back();
+  }
+  return text;
+}
 
 std::optional<QString> PathOf(const std::string& name) {
   auto path = QString::fromStdString(name);

@@ -41,6 +41,9 @@ using Outcome = tl::expected<Answer, Refusal>;
 /// Runs a pass to its end, or to an interruption, and shows its progress.
 [[nodiscard]] PassState RunShown(Pass& pass, const std::string& name, Console& console);
 
+/// A message of the windows as the middle of a line: without the large letter and the period.
+[[nodiscard]] std::string AsPart(const QString& message);
+
 /// "cannot read NAME: REASON", with the name as it was given.
 [[nodiscard]] std::string MessageFor(const Recording& recording, const WavError& error);
 

@@ -235,7 +235,8 @@ TEST_F(Recordings, ThatCannotBeTakenBackAreNotOverwritten) {
   Put("Brindle2.undo", "a file where the folder of the records would be");
   const auto result = Run({"normalize", PathOf("a.wav"), "--in-place"});
   EXPECT_EQ(result.code, 1);
-  EXPECT_TRUE(result.errors.starts_with("brindle: cannot write " + PathOf("Brindle2.undo")))
+  EXPECT_TRUE(
+      result.errors.starts_with("brindle: cannot write " + Native(Files().PathOf("Brindle2.undo"))))
       << result.errors;
   EXPECT_TRUE(result.errors.ends_with(
       PathOf("a.wav") + " is as it was, and --without-undo normalizes it without a way back\n"))

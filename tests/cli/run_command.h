@@ -9,7 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include <QDir>
+#include <QFile>
 #include <QObject>
+#include <QString>
+#include <gtest/gtest.h>
 
 #include "base/time/clock.h"
 #include "cli/command_line.h"
@@ -74,6 +78,23 @@ inline std::vector<std::string> WordsOf(std::string_view line) {
     }
   }
   return words;
+}
+
+/// A path as the system's messages write it.
+inline std::string Native(const QString& path) {
+  return QDir::toNativeSeparators(path).toStdString();
+}
+
+/// The system's reason for a file that is not there, without a period.
+inline std::string NoSuchFile() {
+  const TemporaryFolder empty;
+  QFile file(empty.PathOf("nothing"));
+  EXPECT_FALSE(file.open(QIODevice::ReadOnly));
+  auto reason = file.errorString().toStdString();
+  if (reason.ends_with('.')) {
+    reason.pop_back();
+  }
+  return reason;
 }
 
 /// Runs the program within the test, with a folder of its own for settings and records.

@@ -108,11 +108,11 @@ TEST(Version, IsTold) {
 
 TEST(SettingsOption, NamesAFileThatIsNotThere) {
   const CommandRunner runner;
-  const auto path = runner.folder.PathOf("Brindle2.ini").toStdString();
+  const auto path = Native(runner.folder.PathOf("Brindle2.ini"));
   for (const auto& line : {std::string("bitrate --settings"), "bitrate --settings=" + path}) {
     const auto result = runner.Run(line);
     EXPECT_EQ(result.code, 1);
-    EXPECT_EQ(result.errors, "brindle: cannot read " + path + ": No such file or directory\n");
+    EXPECT_EQ(result.errors, "brindle: cannot read " + path + ": " + NoSuchFile() + "\n");
   }
 }
 
@@ -121,8 +121,7 @@ TEST(SettingsOption, NamesAFileThatHasNoSettings) {
   runner.folder.Put("Brindle2.ini", "hello\n");
   const auto result = runner.Run("bitrate --settings");
   EXPECT_EQ(result.code, 1);
-  EXPECT_EQ(result.errors, "brindle: cannot read " +
-                               runner.folder.PathOf("Brindle2.ini").toStdString() +
+  EXPECT_EQ(result.errors, "brindle: cannot read " + Native(runner.folder.PathOf("Brindle2.ini")) +
                                ": it is not a settings file of Brindle\n");
 }
 
