@@ -77,10 +77,8 @@ TEST_F(Recordings, AreScannedThoughOneOfThemFails) {
   EXPECT_EQ(result.errors, "brindle: cannot read " + PathOf("text.wav") +
                                ": this file does not appear to be a valid WAV\n"
                                "brindle: cannot read " +
-                               PathOf("gone.wav") +
-                               ": No such file or directory\n"
-                               "brindle: cannot read " +
-                               PathOf("compressed.wav") +
+                               PathOf("gone.wav") + ": " + NoSuchFile() +
+                               "\nbrindle: cannot read " + PathOf("compressed.wav") +
                                ": this program only accepts uncompressed PCM WAV files\n"
                                "brindle: cannot read " +
                                Files().Path().toStdString() +
