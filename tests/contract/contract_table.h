@@ -100,7 +100,7 @@ inline const std::vector<ControlRow>& ControlRows() {
   static const std::string same = "Choose the same setting you are using when creating your AVIs";
   static const std::string website = "https://example.org/brindle";
   static const std::string author = "Velbrin 2026";
-  static const std::string toolkit = "Qt \u00A9 The Qt Company Ltd. and others, GNU LGPL 3";
+  static const std::string toolkit = "Qt \u00A9 The Qt Company Ltd., GNU LGPL 3";
   // clang-format off
   static const std::vector<ControlRow> rows{
       {"Splash", "Image1", K::Picture, "", "", "", "Brindle"},

@@ -10,7 +10,7 @@ namespace brindle {
 /// What the toolkit's licence (GNU LGPL 3, section 4c) asks a program to show wherever it shows a
 /// copyright of its own: whose the toolkit is, and under which licence, whose text comes with it.
 inline QString ToolkitNotice() {
-  return QStringLiteral("Qt \u00A9 The Qt Company Ltd. and others, GNU LGPL 3");
+  return QStringLiteral("Qt \u00A9 The Qt Company Ltd., GNU LGPL 3");
 }
 
 }  // namespace brindle
