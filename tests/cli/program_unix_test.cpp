@@ -238,7 +238,7 @@ TEST_F(Program, DoesTheRestThoughItsReaderHasLeft) {
 TEST_F(Program, SaysThatTheOutputIsFull) {
   const auto ended = RunIn({.arguments = {"bitrate"}, .output = "/dev/full"});
   EXPECT_EQ(ended.code, 1);
-  EXPECT_EQ(ended.errors, "brindle: cannot write the standard output: No space left on device\n");
+  EXPECT_EQ(ended.errors, "brindle: cannot write the standard output: " + Reason(ENOSPC) + "\n");
 }
 
 TEST_F(Program, WritesIntoNoRecordingForWantOfAnOutput) {
