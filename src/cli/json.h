@@ -23,7 +23,7 @@ class JsonObject {
   /// Adds the members of another object.
   void Append(const JsonObject& other);
 
-  /// A number as people are shown it, and the exact one as KEY_exact beside it. Null for a text
+  /// A number as people see it, and the exact one as KEY_exact beside it. Null for a text
   /// that is empty because there is nothing to show.
   void AddShown(std::string_view key, std::string_view shown, double exact);
 

@@ -51,7 +51,7 @@ Reading<std::string> ReadPath(std::string_view text) {
   return std::string(text);
 }
 
-// What a gain or a throughput is told as.
+// How a gain or a throughput is written.
 std::string Rounded(double value) {
   constexpr int decimals = 2;
   return TextOf(RoundedTo(value, decimals));

@@ -12,7 +12,6 @@
 #include <utility>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QString>
 
 #include "base/files/at_path.h"
@@ -26,6 +25,7 @@
 #include "wav/piece_turns.h"
 #include "wav/recorded_file.h"
 #include "wav/samples.h"
+#include "wav/target_room.h"
 #include "wav/wav_error.h"
 #include "wav/wav_file.h"
 #include "wav/wav_header.h"
@@ -80,11 +80,12 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
   if (!IsAbsolute(target)) {
     return CannotWriteTarget(ErrorOf(target, u"not an absolute path"_s));
   }
-  const auto length = input_->Lock(false)
-                          .and_then([this] { return CheckRoom(); })
-                          .and_then([&] { return output_->OpenOrCreate(target); })
-                          .and_then([this] { return output_->Lock(true); })
-                          .and_then([this] { return output_->Length(WavError::Failed::Writing); });
+  const auto length =
+      input_->Lock(false)
+          .and_then([&] { return CheckRoomForTarget(disk_, target, data_.fileLength); })
+          .and_then([&] { return output_->OpenOrCreate(target); })
+          .and_then([this] { return output_->Lock(true); })
+          .and_then([this] { return output_->Length(WavError::Failed::Writing); });
   if (!length) {
     return tl::unexpected(length.error());
   }
@@ -93,24 +94,6 @@ WavResult<Normalization::Opened> Normalization::OpenTarget() {
   }
   output_->Close();
   return Opened::AsksToOverwrite;
-}
-
-// What the old target takes becomes free before the new one is written.
-WavResult<void> Normalization::CheckRoom() const {
-  constexpr qint64 megabyte = 1'048'576;
-  const QFileInfo target(files_.target);
-  const auto free = disk_.FreeBytes(target.path());
-  if (!free || target.isSymLink() || !IsFileAt(files_.target)) {
-    return {};  // opening it finds out
-  }
-  const qint64 room = *free + target.size();
-  if (data_.fileLength <= room) {
-    return {};
-  }
-  return CannotWriteTarget(
-      ErrorOf(files_.target, u"not enough room: %1 MB are needed, %2 MB are free"_s
-                                 .arg((data_.fileLength + megabyte - 1) / megabyte)
-                                 .arg(room / megabyte)));
 }
 
 WavResult<void> Normalization::Overwrite() {

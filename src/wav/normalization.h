@@ -126,7 +126,6 @@ class Normalization : public Pass {
   using Step = WavResult<std::optional<PassProgress>>;
 
   [[nodiscard]] WavResult<Opened> OpenTarget();
-  [[nodiscard]] WavResult<void> CheckRoom() const;
   [[nodiscard]] WavResult<void> CopyHead();
   [[nodiscard]] WavResult<void> Copy(qint64 position, qint64 end);
 
