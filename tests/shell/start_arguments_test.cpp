@@ -11,6 +11,7 @@
 
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/support/named_case.h"
+#include "tests/support/system_messages.h"
 #include "tests/wav/wav_builder.h"
 
 namespace brindle {
@@ -61,17 +62,27 @@ INSTANTIATE_TEST_SUITE_P(
         ArgumentCase{"OptionOfTheToolkitWithAnEqualsSign", {u"-style=fusion"_s}},
         ArgumentCase{"OptionOfTheToolkitAlone", {u"-reverse"_s}},
         ArgumentCase{"RestoredSession", {u"-session"_s, u"1234"_s}},
-        ArgumentCase{"FileThatIsNotThere",
-                     {u"/nowhere/a.wav"_s},
-                     Wish::Refuse,
-                     "brindle2: cannot read /nowhere/a.wav: No such file or directory\n"},
-        ArgumentCase{"Folder", {u"/"_s}, Wish::Refuse, "brindle2: cannot read /: not a file\n"},
         ArgumentCase{"EmptyWord", {u""_s}, Wish::Refuse, "brindle2: the file has no name\n"},
         ArgumentCase{"TwoFiles",
                      {u"a.wav"_s, u"b.wav"_s},
                      Wish::Refuse,
                      "brindle2: only one file can be opened\n"}),
     NameOf);
+
+TEST(StartedWithAFile, IsRefusedIfItIsNotThere) {
+  const auto path = u"/nowhere/a.wav"_s;
+  const auto start = ReadStartArguments({path});
+  EXPECT_EQ(start.wish, Wish::Refuse);
+  EXPECT_EQ(start.text.toStdString(),
+            "brindle2: cannot read " + NativePath(path) + ": " + ReasonOf(NoSuchFolder) + "\n");
+}
+
+TEST(StartedWithAFile, IsRefusedIfItIsAFolder) {
+  const auto start = ReadStartArguments({u"/"_s});
+  EXPECT_EQ(start.wish, Wish::Refuse);
+  EXPECT_EQ(start.text.toStdString(),
+            "brindle2: cannot read " + NativePath(u"/"_s) + ": not a file\n");
+}
 
 TEST(StartedWithAFile, OpensItIfItIsAWav) {
   const TemporaryFolder folder;

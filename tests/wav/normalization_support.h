@@ -102,10 +102,10 @@ class FilesOfPass : public ::testing::Test {
   }
 
   static std::string CannotReadBecause(const QString& path, const std::string& reason) {
-    return "Cannot read " + NativeText(path) + ": " + reason;
+    return "Cannot read " + NativePath(path) + ": " + reason;
   }
   static std::string CannotWriteBecause(const QString& path, const std::string& reason) {
-    return "Cannot write " + NativeText(path) + ": " + reason;
+    return "Cannot write " + NativePath(path) + ": " + reason;
   }
 
   void ExpectSourceIntact() const {

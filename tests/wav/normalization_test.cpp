@@ -332,7 +332,7 @@ TEST_F(SourceOfPass, Missing) {
 
 TEST_F(SourceOfPass, MissingInPlaceIsNotCreated) {
   QFile::remove(Source());
-  EXPECT_TRUE(RunInPlace().ends_with(NativeText(Source()) + ": " + ReasonOf(NoSuchFile)));
+  EXPECT_TRUE(RunInPlace().ends_with(NativePath(Source()) + ": " + ReasonOf(NoSuchFile)));
   EXPECT_EQ(Folder().Names(), Names{});
 }
 
@@ -340,13 +340,13 @@ TEST_F(SourceOfPass, Folder) {
   QFile::remove(Source());
   ASSERT_TRUE(QDir().mkdir(Source()));
   ExpectTargetLeftAlone(CannotReadBecause(Source(), "not a file"));
-  EXPECT_TRUE(RunInPlace().ends_with(NativeText(Source()) + ": not a file"));
+  EXPECT_TRUE(RunInPlace().ends_with(NativePath(Source()) + ": not a file"));
 }
 
 TEST_F(SourceOfPass, HasNoSampleDataAnyMore) {
   Folder().Put("source.wav", std::string(100000, 'd') + "Data");
   ExpectTargetLeftAlone(CannotReadBecause(Source(), "no sample data"));
-  EXPECT_TRUE(RunInPlace().ends_with(NativeText(Source()) + ": no sample data"));
+  EXPECT_TRUE(RunInPlace().ends_with(NativePath(Source()) + ": no sample data"));
   EXPECT_TRUE(Folder().Bytes("source.wav") == std::string(100000, 'd') + "Data");
 }
 

@@ -37,7 +37,7 @@ TEST_F(SourceOfPass, PipeIsNotWaitedFor) {
             CannotReadBecause(Source(), "not a file"));
   EXPECT_TRUE(InImpatientChild([&] {
                 return RunInPlace();
-              }).ends_with(NativeText(Source()) + ": not a file"));
+              }).ends_with(NativePath(Source()) + ": not a file"));
   EXPECT_EQ(Folder().Names(), Names{"source.wav"});
 }
 
@@ -46,7 +46,7 @@ TEST_F(SourceOfPass, MayNotBeRead) {
     SetMode(Source(), 0);
     found.ExpectEqual(RunTo(Target()), CannotReadBecause(Source(), ReasonOf(EACCES)), "the pass");
     found.Expect(!QFileInfo::exists(Target()), "a target was made");
-    found.Expect(RunInPlace().ends_with(NativeText(Source()) + ": " + ReasonOf(EACCES)),
+    found.Expect(RunInPlace().ends_with(NativePath(Source()) + ": " + ReasonOf(EACCES)),
                  "in place");
   });
   ExpectSourceIntact();

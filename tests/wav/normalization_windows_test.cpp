@@ -31,7 +31,7 @@ TEST_F(SourceOfPass, Devices) {
                      Buffering::Single, Gain, Questions());
     };
     EXPECT_EQ(run(false), CannotReadBecause(device, "not a file"));
-    EXPECT_TRUE(run(true).ends_with(NativeText(device) + ": not a file"));
+    EXPECT_TRUE(run(true).ends_with(NativePath(device) + ": not a file"));
   }
   EXPECT_EQ(Folder().Names(), Names{"source.wav"});
   ExpectNothingAsked();

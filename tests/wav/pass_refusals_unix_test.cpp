@@ -452,7 +452,7 @@ class CutTarget : public CutFile {};
 TEST_P(CutTarget, IsNoSuccessAndHasNoHole) {
   CutEverywhere("target.wav", [&](const std::string& result, std::size_t length) {
     EXPECT_EQ(result,
-              "Cannot write " + NativeText(Folder().PathOf("target.wav")) + ": " + BecameShorter);
+              "Cannot write " + NativePath(Folder().PathOf("target.wav")) + ": " + BecameShorter);
     EXPECT_EQ(FirstDifference(Folder().Bytes("target.wav"), Folder().Mapped().substr(0, length)),
               "none");
   });
@@ -460,7 +460,7 @@ TEST_P(CutTarget, IsNoSuccessAndHasNoHole) {
 
 TEST_P(CutTarget, BetweenReadingAndWritingItHasNoHoleEither) {
   CutAfterReads("target.wav",
-                "Cannot write " + NativeText(Folder().PathOf("target.wav")) + ": " + BecameShorter);
+                "Cannot write " + NativePath(Folder().PathOf("target.wav")) + ": " + BecameShorter);
 }
 
 class CutSourceBesideATarget : public CutFile {};
@@ -468,7 +468,7 @@ class CutSourceBesideATarget : public CutFile {};
 TEST_P(CutSourceBesideATarget, IsNoSuccessAndTheTargetHasNoHole) {
   CutEverywhere("source.wav", [&](const std::string& result, std::size_t) {
     EXPECT_EQ(result,
-              "Cannot read " + NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter);
+              "Cannot read " + NativePath(Folder().PathOf("source.wav")) + ": " + BecameShorter);
     const auto written = Folder().Bytes("target.wav");
     EXPECT_EQ(FirstDifference(written, Folder().Mapped().substr(0, written.size())), "none");
   });
@@ -481,7 +481,7 @@ TEST_P(CutInPlace, HasNoHoleAndIsASuccessOnlyWithAllItsWords) {
     const bool hasLostAWord = Folder().Mapped().substr(length) != Folder().Source().substr(length);
     if (hasLostAWord) {
       EXPECT_TRUE(
-          result.ends_with(NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter))
+          result.ends_with(NativePath(Folder().PathOf("source.wav")) + ": " + BecameShorter))
           << result;
     } else {
       EXPECT_EQ(result, "completed");
@@ -499,7 +499,7 @@ TEST_P(CutInPlace, HasNoHoleAndIsASuccessOnlyWithAllItsWords) {
 
 TEST_P(CutInPlace, BetweenReadingAndWritingItHasNoHoleEither) {
   CutAfterReads("source.wav",
-                "Cannot read " + NativeText(Folder().PathOf("source.wav")) + ": " + BecameShorter);
+                "Cannot read " + NativePath(Folder().PathOf("source.wav")) + ": " + BecameShorter);
 }
 
 constexpr std::size_t MultiBlock = 64 * Block;

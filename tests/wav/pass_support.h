@@ -14,12 +14,12 @@
 #include <string_view>
 #include <vector>
 
-#include <QDir>
 #include <QString>
 #include <gtest/gtest.h>
 
 #include "base/time/clock.h"
 #include "tests/base/settings/temporary_folder.h"
+#include "tests/support/system_messages.h"
 #include "tests/wav/watched_pass.h"
 #include "tests/wav/wav_builder.h"
 #include "wav/gain.h"
@@ -161,22 +161,6 @@ inline std::string MappedWords(std::string bytes, std::size_t start, std::size_t
   }
   return bytes;
 }
-
-inline std::string NativeText(const QString& path) {
-  return QDir::toNativeSeparators(path).toStdString();
-}
-
-/// The system's number for a file that is not there: ENOENT, and the same on Windows.
-inline constexpr int NoSuchFile = 2;
-/// The one for a file in a folder that is not there: only Windows tells the two apart.
-#ifdef Q_OS_WIN
-inline constexpr int NoSuchFolder = 3;
-#else
-inline constexpr int NoSuchFolder = NoSuchFile;
-#endif
-
-/// What the system says of an error of its own.
-inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
 
 /// The message of the error, or "no error".
 template <class Value>

@@ -328,7 +328,7 @@ TEST_F(PeakScanTest, TagIsFoundAtEveryPlaceTheFileMayEndBehindIt) {
 TEST_F(FailureOfScan, MissingFile) {
   EXPECT_EQ(
       ErrorOfScan(Folder().PathOf("missing.wav")),
-      "Cannot read " + NativeText(Folder().PathOf("missing.wav")) + ": " + ReasonOf(NoSuchFile));
+      "Cannot read " + NativePath(Folder().PathOf("missing.wav")) + ": " + ReasonOf(NoSuchFile));
   EXPECT_TRUE(Folder().Names().empty());
 }
 
@@ -336,19 +336,19 @@ TEST_F(FailureOfScan, NoPath) { EXPECT_TRUE(ErrorOfScan({}).starts_with("Cannot 
 
 TEST_F(FailureOfScan, FolderIsNotAFile) {
   EXPECT_EQ(ErrorOfScan(Folder().Path()),
-            "Cannot read " + NativeText(Folder().Path()) + ": not a file");
+            "Cannot read " + NativePath(Folder().Path()) + ": not a file");
 }
 
 TEST_F(FailureOfScan, NoSampleDataAnyMore) {
   Folder().Put("other.wav", std::string(200000, 'd') + "DATa");
   EXPECT_EQ(ErrorOfScan(Folder().PathOf("other.wav")),
-            "Cannot read " + NativeText(Folder().PathOf("other.wav")) + ": no sample data");
+            "Cannot read " + NativePath(Folder().PathOf("other.wav")) + ": no sample data");
 }
 
 TEST_F(FailureOfScan, EmptyFile) {
   Folder().Put("empty.wav", "");
   EXPECT_EQ(ErrorOfScan(Folder().PathOf("empty.wav")),
-            "Cannot read " + NativeText(Folder().PathOf("empty.wav")) + ": no sample data");
+            "Cannot read " + NativePath(Folder().PathOf("empty.wav")) + ": no sample data");
 }
 
 TEST_F(PeakScanTest, FileThatGrowsMeanwhileIsScannedAsItWas) {

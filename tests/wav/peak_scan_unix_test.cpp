@@ -25,7 +25,7 @@ TEST_F(FailureOfScan, PipeIsNotAFileAndNotWaitedFor) {
   const auto path = Folder().PathOf("pipe.wav");
   ASSERT_EQ(mkfifo(path.toUtf8().constData(), S_IRWXU), 0);
   EXPECT_EQ(InImpatientChild([&] { return ErrorOfScan(path); }),
-            "Cannot read " + NativeText(path) + ": not a file");
+            "Cannot read " + NativePath(path) + ": not a file");
 }
 
 TEST_F(FailureOfScan, DeviceIsNotAFile) {
@@ -38,7 +38,7 @@ TEST_F(FailureOfScan, FileThatMayNotBeRead) {
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     SetMode(path, 0);
     found.ExpectEqual(ErrorOfScan(path),
-                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
+                      "Cannot read " + NativePath(path) + ": " + ReasonOf(EACCES), "the scan");
   });
 }
 
@@ -48,7 +48,7 @@ TEST_F(FailureOfScan, FileInAFolderThatMayNotBeEntered) {
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     SetMode(Folder().Path(), 0);
     found.ExpectEqual(ErrorOfScan(path),
-                      "Cannot read " + NativeText(path) + ": " + ReasonOf(EACCES), "the scan");
+                      "Cannot read " + NativePath(path) + ": " + ReasonOf(EACCES), "the scan");
   });
 }
 
@@ -64,7 +64,7 @@ TEST_F(FailureOfScan, FileThatBecomesShorterMeanwhile) {
       std::filesystem::resize_file(path.toStdU16String(), length);
     };
     const auto scan = ScanPeaks(path, clock, observer);
-    EXPECT_EQ(TextOf(scan.error), "Cannot read " + NativeText(path) + ": the file became shorter")
+    EXPECT_EQ(TextOf(scan.error), "Cannot read " + NativePath(path) + ": the file became shorter")
         << length;
     EXPECT_FALSE(scan.isAborted);
   }

@@ -66,7 +66,7 @@ TEST_F(WavFileTest, PositionsCountFromOne) {
 
 TEST_F(WavFileTest, ShortReadIsAnError) {
   Folder().Put("file.wav", "abcdefgh");
-  const auto message = "Cannot read " + NativeText(Path()) + ": the file became shorter";
+  const auto message = "Cannot read " + NativePath(Path()) + ": the file became shorter";
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForReading(Path())), "no error");
   EXPECT_EQ(Read(file, 1, 9), message);
@@ -116,9 +116,9 @@ TEST_F(WavFileTest, PositionsBehindFourGigabytes) {
 TEST_F(WavFileTest, MissingFileIsNotMadeByOpening) {
   WavFile file;
   EXPECT_EQ(TextOf(file.OpenForReading(Path())),
-            "Cannot read " + NativeText(Path()) + ": " + ReasonOf(NoSuchFile));
+            "Cannot read " + NativePath(Path()) + ": " + ReasonOf(NoSuchFile));
   EXPECT_EQ(TextOf(file.OpenForChanging(Path())),
-            "Cannot write " + NativeText(Path()) + ": " + ReasonOf(NoSuchFile));
+            "Cannot write " + NativePath(Path()) + ": " + ReasonOf(NoSuchFile));
   EXPECT_EQ(Folder().Names(), Names{});
 }
 
@@ -139,14 +139,14 @@ TEST_F(WavFileTest, ErrorNamesTheFile) {
   WavFile file;
   ASSERT_EQ(TextOf(file.OpenForReading(Path())), "no error");
   EXPECT_EQ(TextOf(file.ErrorBecause(Failed::Reading, u"it rains"_s)),
-            "Cannot read " + NativeText(Path()) + ": it rains");
+            "Cannot read " + NativePath(Path()) + ": it rains");
   EXPECT_EQ(TextOf(file.ErrorBecause(Failed::Writing, u"it rains"_s)),
-            "Cannot write " + NativeText(Path()) + ": it rains");
+            "Cannot write " + NativePath(Path()) + ": it rains");
 }
 
 TEST_F(WavFileTest, FolderIsNotOpened) {
   const auto path = Folder().Path();
-  const auto reason = NativeText(path) + ": not a file";
+  const auto reason = NativePath(path) + ": not a file";
   WavFile file;
   EXPECT_EQ(TextOf(file.OpenForReading(path)), "Cannot read " + reason);
   EXPECT_EQ(TextOf(file.OpenForChanging(path)), "Cannot write " + reason);

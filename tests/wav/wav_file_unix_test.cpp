@@ -46,8 +46,8 @@ TEST_F(WavFileTest, OnlyRegularFilesAreOpened) {
                 return TextOf(file.OpenForReading(path)) + "\n" +
                        TextOf(file.OpenForChanging(path)) + "\n" + TextOf(file.OpenOrCreate(path));
               }),
-              "Cannot read " + NativeText(path) + ": not a file\nCannot write " + NativeText(path) +
-                  ": not a file\nCannot write " + NativeText(path) + ": not a file");
+              "Cannot read " + NativePath(path) + ": not a file\nCannot write " + NativePath(path) +
+                  ": not a file\nCannot write " + NativePath(path) + ": not a file");
   }
 }
 
@@ -55,7 +55,7 @@ TEST_F(WavFileTest, FileThatMayOnlyBeRead) {
   Folder().Put("file.wav", "abc");
   ExpectNoFindingsAsNobody(Folder(), [&](Findings& found) {
     SetMode(Path(), S_IRUSR);
-    const auto message = "Cannot write " + NativeText(Path()) + ": " + ReasonOf(EACCES);
+    const auto message = "Cannot write " + NativePath(Path()) + ": " + ReasonOf(EACCES);
     WavFile file;
     found.ExpectEqual(TextOf(file.OpenForChanging(Path())), message, "changing");
     found.ExpectEqual(TextOf(file.OpenOrCreate(Path())), message, "creating");

@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 TEST_F(WavFileTest, DevicesAreNotOpened) {
   for (const auto& path : {u"NUL"_s, u"nul"_s, u"COM1"_s, Folder().PathOf("NUL"),
                            Folder().PathOf("COM1"), u"\\\\.\\NUL"_s}) {
-    const auto reason = NativeText(path) + ": not a file";
+    const auto reason = NativePath(path) + ": not a file";
     WavFile file;
     EXPECT_EQ(TextOf(file.OpenForReading(path)), "Cannot read " + reason);
     EXPECT_EQ(TextOf(file.OpenForChanging(path)), "Cannot write " + reason);

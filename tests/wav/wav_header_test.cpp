@@ -243,9 +243,9 @@ TEST(ReadHeader, TellsWhyAFileCannotBeRead) {
   ASSERT_FALSE(missing);
   ASSERT_TRUE(std::holds_alternative<WavError>(missing.error()));
   EXPECT_EQ(std::get<WavError>(missing.error()).failed, WavError::Failed::Reading);
-  EXPECT_EQ(Told(missing).rfind("Cannot read " + NativeText(folder.PathOf("missing.wav")), 0), 0U);
+  EXPECT_EQ(Told(missing).rfind("Cannot read " + NativePath(folder.PathOf("missing.wav")), 0), 0U);
   EXPECT_EQ(Told(ReadHeader(folder.Path())),
-            "Cannot read " + NativeText(folder.Path()) + ": not a file");
+            "Cannot read " + NativePath(folder.Path()) + ": not a file");
   EXPECT_TRUE(folder.Names().empty()) << "reading creates nothing";
 }
 
@@ -306,7 +306,7 @@ std::string Located(const QString& path) {
   const auto data = LocateData(file);
   if (!data) {
     EXPECT_EQ(data.error().failed, WavError::Failed::Reading);
-    EXPECT_EQ(data.error().error.path.toStdString(), NativeText(path));
+    EXPECT_EQ(data.error().error.path.toStdString(), NativePath(path));
     return data.error().error.reason.toStdString();
   }
   return std::to_string(data->length) + " from " + std::to_string(data->start) + " in " +

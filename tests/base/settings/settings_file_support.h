@@ -10,7 +10,6 @@
 #include <vector>
 
 #include <QByteArray>
-#include <QDir>
 #include <QFileInfo>
 #include <QString>
 #include <gtest/gtest.h>
@@ -19,6 +18,7 @@
 #include "base/settings/settings_file.h"
 #include "base/settings/settings_lines.h"
 #include "tests/base/settings/temporary_folder.h"
+#include "tests/support/system_messages.h"
 
 namespace brindle {
 
@@ -43,12 +43,6 @@ inline const std::string& LongBytes() {
 }
 
 inline std::string BuiltInBytes() { return WriteLines(BuiltInSettings(), true).toStdString(); }
-
-inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
-
-inline std::string NativePath(const QString& path) {
-  return QDir::toNativeSeparators(path).toStdString();
-}
 
 /// The bytes, or the message that stands for the error.
 inline std::string WhatIsRead(const QString& folder) {
