@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "base/numbers/rounding.h"
-#include "wav/samples.h"
+#include "wav/level_range.h"
 
 namespace brindle {
 
@@ -43,11 +43,9 @@ bool IsCutOff(std::int16_t level, double gain) {
   return amplified < LowestLevel || amplified > HighestLevel;
 }
 
-GainTable::GainTable(double gain) : levels_(LevelCount) {
-  double level = LowestLevel;
-  for (auto& entry : levels_) {
-    entry = ToInteger16(level * gain);
-    ++level;
+GainTable::GainTable(double gain) {
+  for (int level = AllLevels.lowest; level <= AllLevels.highest; ++level) {
+    levels_[static_cast<std::int16_t>(level)] = ToInteger16(level * gain);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "wav/level_table.h"
 #include "wav/samples.h"
 
 namespace brindle {
@@ -32,20 +33,13 @@ class GainTable {
  public:
   explicit GainTable(double gain);
 
-  [[nodiscard]] std::int16_t operator()(std::int16_t level) const { return Zero()[level]; }
+  [[nodiscard]] std::int16_t operator()(std::int16_t level) const { return levels_[level]; }
 
   /// Replaces every sample by its new level.
-  void Map(Samples samples) const {
-    const auto* zero = Zero();
-    for (auto& sample : samples) {
-      sample = zero[sample];
-    }
-  }
+  void Map(Samples samples) const { levels_.Map(samples); }
 
  private:
-  [[nodiscard]] const std::int16_t* Zero() const { return levels_.data() + LevelZero; }
-
-  SampleBuffer levels_;
+  LevelTable levels_;
 };
 
 }  // namespace brindle

@@ -77,7 +77,7 @@ std::int16_t LevelOutside(LevelRange range) {
 }  // namespace
 
 InverseTable::InverseTable(const GainTable& table, LevelRange range)
-    : first_(LevelCount, LevelOutside(range)), bits_(LevelCount, Impossible), range_(range) {
+    : first_(LevelOutside(range)), bits_(LevelCount, Impossible), range_(range) {
   for (int first = range.lowest; first <= range.highest;) {
     const auto mapped = table(static_cast<std::int16_t>(first));
     int next = first + 1;
@@ -85,7 +85,7 @@ InverseTable::InverseTable(const GainTable& table, LevelRange range)
       ++next;
     }
     const auto bits = static_cast<int>(std::bit_width(static_cast<unsigned>(next - first - 1)));
-    first_[IndexOf(mapped)] = static_cast<std::int16_t>(first);
+    first_[mapped] = static_cast<std::int16_t>(first);
     bits_[IndexOf(mapped)] = static_cast<std::uint8_t>(bits);
     mostBits_ = std::max(mostBits_, bits);
     first = next;
@@ -95,29 +95,24 @@ InverseTable::InverseTable(const GainTable& table, LevelRange range)
 void InverseTable::Keep(std::span<const std::int16_t> originals, const GainTable& table,
                         std::vector<std::byte>& bits, int& used) const {
   for (const auto level : originals) {
-    const auto mapped = IndexOf(table(level));
-    Append(static_cast<unsigned>(level - first_[mapped]), bits_[mapped], bits, used);
+    const auto mapped = table(level);
+    Append(static_cast<unsigned>(level - first_[mapped]), bits_[IndexOf(mapped)], bits, used);
   }
 }
 
 bool InverseTable::Restore(Samples words, std::span<const std::byte> bits, qint64& at) const {
   if (mostBits_ == 0) {
-    // Without a branch for each word.
-    for (auto& word : words) {
-      word = first_[IndexOf(word)];
-    }
+    first_.Map(words);
     const auto restored = RangeOf(words);
     return restored.lowest >= range_.lowest && restored.highest <= range_.highest;
   }
   const auto end = static_cast<qint64>(bits.size()) * BitsPerByte;
   for (auto& word : words) {
-    const auto mapped = IndexOf(word);
-    const int count = bits_[mapped];
+    const int count = bits_[IndexOf(word)];
     if (count == Impossible || count > end - at) {
       return false;
     }
-    const auto original =
-        first_[mapped] + (count == 0 ? 0 : static_cast<int>(Take(count, bits, at)));
+    const auto original = first_[word] + (count == 0 ? 0 : static_cast<int>(Take(count, bits, at)));
     word = static_cast<std::int16_t>(original);
   }
   return true;

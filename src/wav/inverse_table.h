@@ -10,6 +10,7 @@
 
 #include "wav/gain.h"
 #include "wav/level_range.h"
+#include "wav/level_table.h"
 #include "wav/samples.h"
 
 namespace brindle {
@@ -40,9 +41,8 @@ class InverseTable {
  private:
   static constexpr std::uint8_t Impossible = 255;
 
-  // By new level, from -32768 on.
-  std::vector<std::int16_t> first_;  // the lowest original, or a level outside the range
-  std::vector<std::uint8_t> bits_;   // that tell the original, or Impossible
+  LevelTable first_;                // by new level: the lowest original, or one outside the range
+  std::vector<std::uint8_t> bits_;  // by new level, from -32768 on: that tell the original
   LevelRange range_;
   int mostBits_ = 0;
 };
