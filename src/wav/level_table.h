@@ -18,7 +18,8 @@ class LevelTable {
 
   [[nodiscard]] std::int16_t operator[](std::int16_t level) const { return Zero()[level]; }
   [[nodiscard]] std::int16_t& operator[](std::int16_t level) {
-    return levels_[static_cast<std::size_t>(static_cast<int>(LevelZero) + level)];
+    const int index = static_cast<int>(LevelZero) + level;
+    return levels_[static_cast<std::size_t>(index)];
   }
 
   /// Replaces every sample by what the table has for it.

@@ -125,18 +125,20 @@ FileResult<PassRecord> PassRecord::Create(const Disk& disk, const QString& path,
 }
 
 FileResult<tl::expected<PassRecord, RecordFault>> PassRecord::Open(const Disk& disk,
-                                                                   const QString& path) {
+                                                                   const QString& path,
+                                                                   RecordUse use) {
+  const bool isWorking = use == RecordUse::Working;
   using Opened = tl::expected<PassRecord, RecordFault>;
   const auto refused = [](RecordFault fault) -> FileResult<Opened> {
     return Opened(tl::unexpected(fault));
   };
-  auto opened = disk.Open(path, OpenFor::Changing);
+  auto opened = disk.Open(path, isWorking ? OpenFor::Changing : OpenFor::Reading);
   if (!opened) {
     return tl::unexpected(opened.error());
   }
   const std::shared_ptr<DiskFile> file = std::move(*opened);
-  if (const auto locked = file->Lock(true); !locked) {
-    return tl::unexpected(locked.error());
+  if (!file->Lock(isWorking)) {
+    return refused(RecordFault::InUse);
   }
   const auto preamble = ReadFrom(*file, 0, PreambleLength);
   if (!preamble) {

@@ -24,6 +24,13 @@ enum class RecordFault {
   NotBegun,  ///< the pass changed nothing of its recording: the record is of no use
   Damaged,   ///< or no record at all
   Newer,     ///< of a later version of this program
+  InUse,     ///< by another program
+};
+
+/// What a record is opened for.
+enum class RecordUse {
+  Looking,  ///< several programs can look at one at the same time
+  Working,  ///< keeps all others away from it
 };
 
 /// The record of a pass that changes a recording in place, from which the pass can be taken back or
@@ -44,7 +51,8 @@ class PassRecord {
                                                      PassFacts facts);
   /// Opens the record at the path, locks it, and finds the boundary.
   [[nodiscard]] static FileResult<tl::expected<PassRecord, RecordFault>> Open(const Disk& disk,
-                                                                              const QString& path);
+                                                                              const QString& path,
+                                                                              RecordUse use);
 
   PassRecord(const PassRecord&) = delete;
   PassRecord& operator=(const PassRecord&) = delete;

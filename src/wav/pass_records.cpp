@@ -29,7 +29,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1StringView Ending(".undo");
-constexpr QLatin1StringView AsideEnding(".unusable");
+constexpr QLatin1StringView AsideEnding(".unusable");  // after the other one
+constexpr QLatin1StringView WholeAsideEnding(".undo.unusable");
 
 // If in doubt, they are not.
 bool AreOfOneFile(const PassFacts& one, const PassFacts& other) {
@@ -61,24 +62,19 @@ int FoundRecord::Percent() const {
 PassRecords::PassRecords(QString folder, const Disk& disk)
     : folder_(std::move(folder)), disk_(disk) {}
 
-std::vector<FoundRecord> PassRecords::Find(QStringList* setAside) const {
+std::vector<FoundRecord> PassRecords::Find(RecordProblems* problems) const {
   std::vector<FoundRecord> found;
-  for (const auto& name : disk_.FilesIn(folder_)) {
-    const QString path = folder_ + u'/' + name;
-    if (!name.endsWith(Ending)) {
-      continue;
-    }
-    switch (LookAt(path, found)) {
-      case Use::Record:
-        break;
-      case Use::None:
-        Remove(path);
-        break;
-      case Use::Unusable:
-        if (setAside != nullptr && disk_.Rename(path, path + AsideEnding)) {
-          setAside->append(path + AsideEnding);
-        }
-        break;
+  for (const auto& path : FilesNamed(Ending)) {
+    const auto use = LookAt(path, found);
+    if (!use) {
+      if (problems != nullptr) {
+        problems->unreadable.push_back(use.error());
+      }
+    } else if (*use == Use::None) {
+      Remove(path);
+    } else if (*use == Use::Unusable && problems != nullptr &&
+               disk_.Rename(path, path + AsideEnding)) {
+      problems->setAside.append(path + AsideEnding);
     }
   }
   std::sort(found.begin(), found.end(), IsNewer);
@@ -86,20 +82,41 @@ std::vector<FoundRecord> PassRecords::Find(QStringList* setAside) const {
 }
 
 // The record is closed again, because some systems remove no file that is open.
-PassRecords::Use PassRecords::LookAt(const QString& path, std::vector<FoundRecord>& found) const {
-  const auto opened = PassRecord::Open(disk_, path);
-  if (!opened) {
-    return Use::Record;  // in use, or not to be read: the next look may find it
+FileResult<PassRecords::Use> PassRecords::LookAt(const QString& path,
+                                                 std::vector<FoundRecord>& found) const {
+  return PassRecord::Open(disk_, path, RecordUse::Looking).map([&](const auto& record) {
+    if (!record) {
+      return UseOf(record.error());
+    }
+    if (record->IsUndone()) {
+      return Use::None;
+    }
+    found.push_back(Describe(*record));
+    return Use::Record;
+  });
+}
+
+PassRecords::Use PassRecords::UseOf(RecordFault fault) {
+  switch (fault) {
+    case RecordFault::NotBegun:
+      return Use::None;
+    case RecordFault::InUse:
+      return Use::InUse;
+    case RecordFault::Damaged:
+    case RecordFault::Newer:
+      break;
   }
-  const auto& record = *opened;
-  if (!record) {
-    return record.error() == RecordFault::NotBegun ? Use::None : Use::Unusable;
+  return Use::Unusable;
+}
+
+QStringList PassRecords::FilesNamed(QLatin1StringView ending) const {
+  QStringList paths;
+  for (const auto& name : disk_.FilesIn(folder_)) {
+    if (name.endsWith(ending)) {
+      paths.append(folder_ + u'/' + name);
+    }
   }
-  if (record->IsUndone()) {
-    return Use::None;
-  }
-  found.push_back(Describe(*record));
-  return Use::Record;
+  return paths;
 }
 
 std::optional<FoundRecord> PassRecords::FindFor(const QString& recording) const {
@@ -145,12 +162,16 @@ FileResult<PassRecord> PassRecords::Create(PassFacts facts) const {
 }
 
 FileResult<PassRecord> PassRecords::Open(const FoundRecord& found) const {
-  return PassRecord::Open(disk_, found.path).and_then([&](auto opened) -> FileResult<PassRecord> {
-    if (!opened) {
-      return tl::unexpected(ErrorOf(found.path, u"the record of the pass is damaged"_s));
-    }
-    return std::move(*opened);
-  });
+  return PassRecord::Open(disk_, found.path, RecordUse::Working)
+      .and_then([&](auto opened) -> FileResult<PassRecord> {
+        if (!opened) {
+          const bool isInUse = opened.error() == RecordFault::InUse;
+          return tl::unexpected(ErrorOf(found.path, isInUse
+                                                        ? u"another program is using the file"_s
+                                                        : u"the record of the pass is damaged"_s));
+        }
+        return std::move(*opened);
+      });
 }
 
 void PassRecords::Remove(const QString& path) const { static_cast<void>(disk_.Remove(path)); }
@@ -171,6 +192,14 @@ void PassRecords::RemoveOlderThan(const PassFacts& newest) const {
     bytes += record.length;
     if (record.isComplete && (records >= MostRecords || bytes > MostBytes)) {
       Remove(record.path);
+    }
+  }
+  for (const auto& path : FilesNamed(WholeAsideEnding)) {
+    const auto file = disk_.Open(path, OpenFor::Reading);
+    ++records;
+    bytes += file ? (*file)->Length().value_or(0) : 0;
+    if (records >= MostRecords || bytes > MostBytes) {
+      Remove(path);
     }
   }
 }

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include <QLatin1StringView>
 #include <QString>
 #include <QStringList>
 
@@ -27,6 +28,12 @@ struct FoundRecord {
   [[nodiscard]] int Percent() const;
 };
 
+/// What a look at the records found that is none of them.
+struct RecordProblems {
+  QStringList setAside;               ///< the paths that they have now
+  std::vector<FileError> unreadable;  ///< which stay as they are
+};
+
 /// The folder of the records of passes. Each of its functions looks at the folder anew, since other
 /// programs of this kind may use it.
 class PassRecords {
@@ -40,9 +47,9 @@ class PassRecords {
   [[nodiscard]] const QString& Folder() const { return folder_; }
 
   /// The records of passes that can be taken back or gone on with, the newest first. Leaves out
-  /// those in use. Removes those that are of no use any more. With `setAside`, what is damaged,
-  /// foreign or of a newer version is set aside by another name, and its path goes there.
-  [[nodiscard]] std::vector<FoundRecord> Find(QStringList* setAside = nullptr) const;
+  /// those in use. Removes those that are of no use any more. With `problems`, what is damaged,
+  /// foreign or of a newer version is set aside by another name.
+  [[nodiscard]] std::vector<FoundRecord> Find(RecordProblems* problems = nullptr) const;
 
   /// The newest record of a recording, by its path, or by its number on its volume if it was
   /// renamed.
@@ -67,16 +74,19 @@ class PassRecords {
   void SetAside(const QString& path) const;
 
   /// Removes the older records of complete passes over this recording, and the oldest ones of
-  /// complete passes above what is kept. Called when a pass is complete.
+  /// complete passes above what is kept, after those that were set aside. Called when a pass is
+  /// complete.
   void RemoveOlderThan(const PassFacts& newest) const;
 
  private:
   // What a file in the folder is good for.
-  enum class Use { Record, None, Unusable };
+  enum class Use { Record, InUse, None, Unusable };
 
   [[nodiscard]] std::optional<FoundRecord> NewestOf(const QString& recording,
                                                     const std::vector<FoundRecord>& all) const;
-  [[nodiscard]] Use LookAt(const QString& path, std::vector<FoundRecord>& found) const;
+  [[nodiscard]] FileResult<Use> LookAt(const QString& path, std::vector<FoundRecord>& found) const;
+  [[nodiscard]] static Use UseOf(RecordFault fault);
+  [[nodiscard]] QStringList FilesNamed(QLatin1StringView ending) const;
   [[nodiscard]] bool IsOf(const PassFacts& facts, const QString& recording) const;
 
   QString folder_;

@@ -36,10 +36,13 @@ void WayBack::LookFor(const QString& recording) {
 }
 
 QStringList WayBack::SetUnusableAside() const {
-  QStringList setAside;
-  static_cast<void>(records_.Find(&setAside));
+  RecordProblems problems;
+  static_cast<void>(records_.Find(&problems));
   QStringList messages;
-  for (const auto& path : setAside) {
+  for (const auto& error : problems.unreadable) {
+    messages.append(CannotRead(error));
+  }
+  for (const auto& path : problems.setAside) {
     messages.append(
         u"The record of a normalization is damaged, or of another version. It cannot be used, and "
         "was set aside as\r\n"_s +

@@ -32,7 +32,8 @@ class WayBack {
   [[nodiscard]] std::optional<FoundRecord> FindInterrupted() const {
     return records_.FindInterrupted();
   }
-  /// Messages about records that are damaged or of another version, once for each.
+  /// Messages about records that are damaged or of another version, once for each, and about those
+  /// that cannot be read.
   [[nodiscard]] QStringList SetUnusableAside() const;
 
   /// Whether the pass over the open recording can be taken back.

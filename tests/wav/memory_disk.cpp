@@ -47,7 +47,8 @@ struct MemoryDisk::State {
   std::mutex mutex;
   // Shared with the files that are open: a removed file lives on in them.
   std::map<std::string, std::shared_ptr<std::string>> files;
-  std::set<const std::string*> locked;
+  static constexpr int Writer = -1;
+  std::map<const std::string*, int> locked;  // how many read each file, or Writer
   std::vector<Logged> log;
   Fails fails;
 
@@ -117,18 +118,21 @@ class MemoryDisk::File : public DiskFile {
     // Nobody knows when a file was changed last, so that every piece is checked.
     return FileStamp{.volume = 1, .number = std::hash<std::string>()(Name())};
   }
-  [[nodiscard]] FileResult<void> Lock(bool) override {
+  [[nodiscard]] FileResult<void> Lock(bool isToBeWritten) override {
     const std::lock_guard lock(state_->mutex);
-    if (!state_->locked.insert(bytes_.get()).second) {
+    auto& holders = state_->locked[bytes_.get()];
+    if (holders == State::Writer || (isToBeWritten && holders > 0)) {
       return tl::unexpected(ErrorOf(path_, u"another program is using the file"_s));
     }
+    holders = isToBeWritten ? State::Writer : holders + 1;
     isLocked_ = true;
     return {};
   }
   void Unlock() override {
     const std::lock_guard lock(state_->mutex);
     if (std::exchange(isLocked_, false)) {
-      state_->locked.erase(bytes_.get());
+      auto& holders = state_->locked[bytes_.get()];
+      holders = holders == State::Writer ? 0 : holders - 1;
     }
   }
 

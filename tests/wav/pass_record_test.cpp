@@ -86,12 +86,12 @@ class DamagedRecord : public ::testing::TestWithParam<LeftCase> {
   bool ExpectNothingLost(const std::string& record) const {
     const DiskImage image{{Recording, recording_}, {path_, record}};
     const MemoryDisk disk(image);
-    QStringList setAside;
-    if (RecordsOn(disk).Find(&setAside).empty()) {
+    RecordProblems problems;
+    if (RecordsOn(disk).Find(&problems).empty()) {
       EXPECT_EQ(FirstDifference(*disk.Bytes(Recording), recording_), "none");
-      wasSetAside_ = setAside.size() == 1 &&
+      wasSetAside_ = problems.setAside.size() == 1 &&
                      disk.Files() == DiskImage{{Recording, recording_},
-                                               {setAside.front().toStdString(), record}};
+                                               {problems.setAside.front().toStdString(), record}};
       return true;
     }
     ExpectRightOrUntouched(image, original_, [](const MemoryDisk& on) { return UndoOn(on); });
@@ -253,9 +253,9 @@ TEST_P(MadeUpRecord, IsSetAside) {
   auto facts = found.facts;
   GetParam().change(facts);
   disk.Put(path, HeaderBytes(FactsBytes(facts)) + record.substr(RecordUnit));
-  QStringList setAside;
-  EXPECT_TRUE(RecordsOn(disk).Find(&setAside).empty());
-  EXPECT_EQ(setAside, QStringList(found.path + QStringLiteral(".unusable")));
+  RecordProblems problems;
+  EXPECT_TRUE(RecordsOn(disk).Find(&problems).empty());
+  EXPECT_EQ(problems.setAside, QStringList(found.path + QStringLiteral(".unusable")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, MadeUpRecord, ::testing::ValuesIn(MadeUpCases), NameOf);
@@ -306,9 +306,9 @@ TEST(MadeUpRecordTest, BitsAreNoMoreThanTheFileHas) {
   record.replace(at + BitsEndInPieceFacts, 8, Number(std::uint64_t{1} << 49, 8));
   Reseal(record, at, PieceFactsBytes);
   disk.Put(path, record);
-  QStringList setAside;
-  EXPECT_TRUE(RecordsOn(disk).Find(&setAside).empty());
-  EXPECT_EQ(setAside.size(), 1);
+  RecordProblems problems;
+  EXPECT_TRUE(RecordsOn(disk).Find(&problems).empty());
+  EXPECT_EQ(problems.setAside.size(), 1);
 }
 
 // Bits that end before they begin, or nowhere.
@@ -325,9 +325,9 @@ TEST(MadeUpRecordTest, BitsOfAPieceAreThoseOfTheRecord) {
     changed.replace(at + BitsEndInPieceFacts, 8, Number(static_cast<std::uint64_t>(wrong), 8));
     Reseal(changed, at, PieceFactsBytes);
     disk.Put(path, changed);
-    QStringList setAside;
-    EXPECT_TRUE(RecordsOn(disk).Find(&setAside).empty()) << wrong;
-    EXPECT_EQ(setAside.size(), 1) << wrong;
+    RecordProblems problems;
+    EXPECT_TRUE(RecordsOn(disk).Find(&problems).empty()) << wrong;
+    EXPECT_EQ(problems.setAside.size(), 1) << wrong;
   }
 }
 

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include "base/files/disk.h"
+#include "base/files/file_error.h"
 #include "base/files/system_disk.h"
 #include "tests/base/settings/temporary_folder.h"
 #include "tests/wav/memory_disk.h"
@@ -30,6 +31,7 @@
 #include "wav/piece_grid.h"
 #include "wav/record_hash.h"
 #include "wav/undo_pass.h"
+#include "wav/way_back.h"
 
 namespace brindle {
 namespace {
@@ -81,9 +83,9 @@ std::vector<qint64> CreatedOf(const std::vector<FoundRecord>& found) {
 }
 
 QStringList AsideIn(const MemoryDisk& disk) {
-  QStringList setAside;
-  static_cast<void>(RecordsOn(disk).Find(&setAside));
-  return setAside;
+  RecordProblems problems;
+  static_cast<void>(RecordsOn(disk).Find(&problems));
+  return problems.setAside;
 }
 
 TEST(PassRecordsTest, AnEmptyOrMissingFolderHasNoRecords) {
@@ -156,7 +158,7 @@ TEST(PassRecordsTest, RecordsOfANewerVersionAreSetAside) {
   auto record = *disk.Bytes(RecordPath(1).toStdString());
   record[MarkBytes - 1] = '2';
   disk.Put(RecordPath(1).toStdString(), record);
-  const auto opened = PassRecord::Open(disk, RecordPath(1));
+  const auto opened = PassRecord::Open(disk, RecordPath(1), RecordUse::Working);
   ASSERT_TRUE(opened && !*opened);
   EXPECT_EQ(opened->error(), RecordFault::Newer);
   EXPECT_EQ(AsideIn(disk), QStringList(RecordPath(1) + u".unusable"_s));
@@ -187,9 +189,9 @@ TEST(PassRecordsTest, FoldersNamedLikeRecordsAreLeftAlone) {
   const TemporaryFolder folder;
   ASSERT_TRUE(QDir(folder.Path()).mkdir(u"folder.undo"_s));
   const auto names = folder.Names();
-  QStringList setAside;
-  EXPECT_TRUE(PassRecords(folder.Path()).Find(&setAside).empty());
-  EXPECT_EQ(setAside, QStringList());
+  RecordProblems problems;
+  EXPECT_TRUE(PassRecords(folder.Path()).Find(&problems).empty());
+  EXPECT_EQ(problems.setAside, QStringList());
   EXPECT_EQ(folder.Names(), names);
 }
 
@@ -212,6 +214,33 @@ TEST(PassRecordsTest, ARecordInUseIsLeftOutAndLeftAlone) {
     EXPECT_EQ(disk.Files(), before);
   }
   EXPECT_TRUE(RecordsOn(disk).FindFor(RecordingPath()));
+}
+
+TEST(PassRecordsTest, ARecordThatAnotherProgramLooksAtIsFound) {
+  const MemoryDisk disk({{Recording, Original()}});
+  ASSERT_EQ(NormalizeOn(disk, {}), "completed");
+  const auto path = RecordsOn(disk).FindFor(RecordingPath()).value().path;
+  const auto looked = PassRecord::Open(disk, path, RecordUse::Looking);
+  ASSERT_TRUE(looked && *looked);
+  EXPECT_TRUE(RecordsOn(disk).FindFor(RecordingPath()));
+  const auto working = PassRecord::Open(disk, path, RecordUse::Working);
+  ASSERT_TRUE(working);
+  ASSERT_FALSE(*working);
+  EXPECT_EQ(working->error(), RecordFault::InUse);
+}
+
+TEST(PassRecordsTest, ARecordThatCannotBeReadIsToldAndStays) {
+  MemoryDisk disk({{Recording, Original()}});
+  ASSERT_EQ(NormalizeOn(disk, {}), "completed");
+  const auto record = RecordsOn(disk).FindFor(RecordingPath()).value().path;
+  const auto before = disk.Files();
+  disk.SetFailure([&](MemoryDisk::Call call, const std::string& path) {
+    return call == MemoryDisk::Call::Open && path == record.toStdString();
+  });
+  const auto messages = WayBack(QString::fromLatin1(StateFolder), disk).SetUnusableAside();
+  ASSERT_EQ(messages.size(), 1);
+  EXPECT_EQ(messages.front(), CannotRead(ErrorOf(record, u"the disk refuses"_s)));
+  EXPECT_EQ(disk.Files(), before);
 }
 
 TEST(PassRecordsTest, ARecordThatWasRemovedMeanwhileIsAnError) {
@@ -264,6 +293,21 @@ TEST(PassRecordsTest, InterruptedPassesAreNeverRemovedByTheLimits) {
   ASSERT_EQ(created.size(), PassRecords::MostRecords + 3);
   EXPECT_EQ(std::vector<qint64>(created.end() - 4, created.end()),
             (std::vector<qint64>{6, 3, 2, 1}));
+}
+
+TEST(PassRecordsTest, WhatWasSetAsideGoesWhenThereIsTooMuch) {
+  MemoryDisk disk({});
+  for (qint64 i = 1; i < Most - 1; ++i) {
+    PutRecord(disk, RecordPath(i), FactsOf(RecordingNumber(i), i), true);
+  }
+  disk.Put("/state/a.undo.unusable", "foreign");
+  disk.Put("/state/b.undo.unusable", "foreign");
+  disk.Put("/state/another.unusable", "none of ours");
+  RecordsOn(disk).RemoveOlderThan(FactsOf(RecordingNumber(Most), Most));
+  EXPECT_EQ(RecordsOn(disk).Find().size(), PassRecords::MostRecords - 2);
+  EXPECT_TRUE(disk.Bytes("/state/a.undo.unusable"));
+  EXPECT_FALSE(disk.Bytes("/state/b.undo.unusable"));
+  EXPECT_TRUE(disk.Bytes("/state/another.unusable"));
 }
 
 // As long as no more than these are kept, the room they take counts.

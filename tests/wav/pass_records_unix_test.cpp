@@ -18,9 +18,9 @@ TEST(PassRecordsTest, LinksNamedLikeRecordsAreLeftAlone) {
   elsewhere.Put("victim", "not a record, and not here");
   ASSERT_TRUE(QFile::link(elsewhere.PathOf("victim"), folder.PathOf("link.undo")));
   const auto names = folder.Names();
-  QStringList setAside;
-  EXPECT_TRUE(PassRecords(folder.Path()).Find(&setAside).empty());
-  EXPECT_EQ(setAside, QStringList());
+  RecordProblems problems;
+  EXPECT_TRUE(PassRecords(folder.Path()).Find(&problems).empty());
+  EXPECT_EQ(problems.setAside, QStringList());
   EXPECT_EQ(folder.Names(), names);
   EXPECT_EQ(elsewhere.Bytes("victim"), "not a record, and not here");
 }
