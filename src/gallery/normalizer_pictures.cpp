@@ -57,6 +57,7 @@ void NormalizerTour::Look() {
     Begin(u"btnNorm"_s, u"Normalizing"_s);
   } else {
     watch_.stop();
+    take_(u"Normalized"_s);
     Q_EMIT Ended(isWhole_);
   }
 }

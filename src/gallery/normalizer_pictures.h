@@ -15,7 +15,8 @@
 namespace brindle {
 
 /// Uses the normalizer as a person does, from the event loop, and has a picture taken in each of
-/// its states: a file is open, it is scanned, it has been scanned, it is normalized.
+/// its states: a file is open, it is scanned, it has been scanned, it is normalized, it has been
+/// normalized and can be taken back.
 class NormalizerTour : public QObject {
   Q_OBJECT
 

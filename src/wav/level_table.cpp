@@ -24,7 +24,7 @@ void LevelTable::Map(Samples samples) const {
   const auto* zero = Zero();
   for (; samples.size() >= Together; samples = samples.subspan(Together)) {
     const auto words = samples.first<Together>();
-    std::array<std::int16_t, Together> found;
+    std::array<std::int16_t, Together> found{};
     for (std::size_t word = 0; word < Together; ++word) {
       found[word] = zero[words[word]];
     }
