@@ -208,6 +208,13 @@ int TakeAll(const Gallery& gallery) {
   return QApplication::exec();
 }
 
+// The platform without a screen says at each window what it cannot do with it; nobody needs it to.
+void TellButNotOfThePlatform(QtMsgType, const QMessageLogContext&, const QString& message) {
+  if (!message.startsWith(u"This plugin does not support "_s)) {
+    std::cerr << message.toStdString() << '\n';
+  }
+}
+
 int Run() {
   const QCommandLineOption dark(u"dark"_s);
   const QCommandLineOption largeFont(u"large-font"_s);
@@ -241,6 +248,7 @@ int Run() {
 }  // namespace brindle
 
 int main(int argc, char** argv) {
+  qInstallMessageHandler(brindle::TellButNotOfThePlatform);
   const QApplication application(argc, argv);
   brindle::SetUpApplication();
   return brindle::Run();

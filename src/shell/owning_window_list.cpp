@@ -26,6 +26,7 @@ Form& OwningWindowList::Load(WindowId id) {
     connect(form, &Form::Closed, this, [this, id] { Forget(id); });
     connect(form, &Form::HelpAsked, this,
             [this, form] { desktop_.OpenHelp(form, form->objectName()); });
+    Q_EMIT Made(*form);
   }
   return *window->second;
 }

@@ -35,6 +35,10 @@ class OwningWindowList : public QObject, public WindowList {
   void AskAllToClose(const std::function<void()>& agreed) override;
   void CloseAllUnasked() override;
 
+ Q_SIGNALS:
+  /// A window has been made, and is not shown yet.
+  void Made(Form& form);
+
  private:
   void Forget(WindowId id);
 

@@ -35,6 +35,9 @@ void Program::ShowMainProg() {
   splash_->hide();
   splash_.release()->deleteLater();
   mainProg_ = MakeMainProg(services_, folders_);
+  places_.emplace(record_.AppFolder);
+  connect(&windows_, &OwningWindowList::Made, &*places_, &WindowPlaces::Watch);
+  places_->Watch(*mainProg_);
   connect(mainProg_.get(), &Form::Closed, this, &Program::HideAllAndExit);
   // A message about the settings may have to come first.
   modal_.WhenNoneIsOpen([this] {
@@ -71,6 +74,9 @@ void Program::HideAllAndExit() {
     return;
   }
   modal_.End();
+  if (places_) {
+    places_->RememberAll();
+  }
   for (auto* window : QApplication::topLevelWidgets()) {
     window->hide();
   }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QObject>
 #include <QString>
@@ -19,6 +20,7 @@
 #include "shell/splash.h"
 #include "shell/system_desktop.h"
 #include "shell/system_registry.h"
+#include "shell/window_places.h"
 
 namespace brindle {
 
@@ -60,7 +62,8 @@ class Program : public QObject {
   Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;
-  QString file_;  // to be opened once the main window is shown
+  std::optional<WindowPlaces> places_;  // once the folder of the settings is known
+  QString file_;                        // to be opened once the main window is shown
   bool ended_ = false;
 };
 

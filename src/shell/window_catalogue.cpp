@@ -9,9 +9,12 @@
 #include <memory>
 #include <span>
 
+#include <QIcon>
+
 #include "aspect/aspect_ra.h"
 #include "audiodisk/audio_calc.h"
 #include "audiodisk/hd_calc.h"
+#include "base/input/picture.h"
 #include "convert/quick_c.h"
 #include "extras/about_win.h"
 #include "extras/web_update.h"
@@ -39,27 +42,27 @@ std::unique_ptr<Form> DefaultWFrom(Services& services, const InitDat& initDat) {
 constexpr CatalogueEntry EntryOf(WindowId id) {
   switch (id) {
     case WindowId::BitrateCalc:
-      return {id, u"BitrateCalc", From<MakeBitrateCalc>};
+      return {id, u"BitrateCalc", u"video_bitrate", From<MakeBitrateCalc>};
     case WindowId::AudioCalc:
-      return {id, u"AudioCalc", From<MakeAudioCalc>};
+      return {id, u"AudioCalc", u"audio_bitrate", From<MakeAudioCalc>};
     case WindowId::HDCalc:
-      return {id, u"HDCalc", From<MakeHDCalc>};
+      return {id, u"HDCalc", u"disk_space", From<MakeHDCalc>};
     case WindowId::AVISplit:
-      return {id, u"AVISplit", From<MakeAVISplit>};
+      return {id, u"AVISplit", u"avi_split", From<MakeAVISplit>};
     case WindowId::AspectRa:
-      return {id, u"AspectRa", From<MakeAspectRa>};
+      return {id, u"AspectRa", u"resolution", From<MakeAspectRa>};
     case WindowId::QuickC:
-      return {id, u"QuickC", From<MakeQuickC>};
+      return {id, u"QuickC", u"", From<MakeQuickC>};
     case WindowId::WavNorm:
-      return {id, u"WavNorm", From<MakeWavNorm>};
+      return {id, u"WavNorm", u"normalizer", From<MakeWavNorm>};
     case WindowId::Advanced:
-      return {id, u"Advanced", From<MakeAdvanced>};
+      return {id, u"Advanced", u"", From<MakeAdvanced>};
     case WindowId::AboutWin:
-      return {id, u"AboutWin", From<MakeAboutWin>};
+      return {id, u"AboutWin", u"", From<MakeAboutWin>};
     case WindowId::WebUpdate:
-      return {id, u"WebUpdate", From<MakeWebUpdate>};
+      return {id, u"WebUpdate", u"", From<MakeWebUpdate>};
     case WindowId::DefaultW:
-      return {id, u"DefaultW", DefaultWFrom};
+      return {id, u"DefaultW", u"", DefaultWFrom};
   }
   return {};
 }
@@ -92,8 +95,14 @@ std::span<const CatalogueEntry> AllWindows() { return Catalogue; }
 
 void AddAllWindows(OwningWindowList& windows, Services& services, const InitDat& initDat) {
   for (const auto& entry : Catalogue) {
-    windows.Add(entry.id,
-                [make = entry.make, &services, initDat] { return make(services, initDat); });
+    windows.Add(entry.id, [entry, &services, initDat] {
+      auto window = entry.make(services, initDat);
+      if (!entry.picture.isEmpty()) {
+        window->setWindowIcon(
+            QIcon(LoadPicture(entry.picture.toString(), window->devicePixelRatio())));
+      }
+      return window;
+    });
   }
 }
 

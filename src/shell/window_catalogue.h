@@ -21,6 +21,9 @@ struct CatalogueEntry {
   WindowId id = {};
   /// The name of the window itself, of its page in the help and of its picture.
   QStringView name;
+  /// That of the button that opens it, for its title bar; empty if it has none, and takes the
+  /// program's.
+  QStringView picture;
   /// Makes the window. `initDat` loads the default settings.
   std::unique_ptr<Form> (*make)(Services& services, const InitDat& initDat) = nullptr;
 };

@@ -3,8 +3,11 @@
 
 #include "shell/window_catalogue.h"
 
+#include <map>
 #include <memory>
 
+#include <QIcon>
+#include <QImage>
 #include <QPushButton>
 #include <QString>
 #include <gtest/gtest.h>
@@ -30,6 +33,24 @@ TEST_F(MainWindow, HasAButtonForEveryWindowOfTheCatalogueButAdvanced) {
     const auto standing = Standing(entry.name.toString()).size();
     EXPECT_EQ(standing, entry.id == WindowId::Advanced ? 0U : 1U)
         << "no button opens " << entry.name.toString().toStdString();
+  }
+}
+
+TEST_F(MainWindow, HasAPictureForEachWindowThatShowsItInItsTitleBar) {
+  AddAllWindows(windows, services, [](const auto& then) { then(); });
+  Start();
+  const std::map<WindowId, const char*> buttons{
+      {WindowId::BitrateCalc, "VideoBC"}, {WindowId::AudioCalc, "AudioBC"},
+      {WindowId::HDCalc, "HDC"},          {WindowId::AVISplit, "AVISplitC"},
+      {WindowId::AspectRa, "RAR"},        {WindowId::WavNorm, "Normalize"}};
+  for (const auto& entry : AllWindows()) {
+    const auto icon = windows.Load(entry.id).windowIcon();
+    const auto button = buttons.find(entry.id);
+    EXPECT_EQ(entry.picture.isEmpty(), button == buttons.end());
+    if (button != buttons.end()) {
+      const auto* opens = main->findChild<QPushButton*>(QString::fromLatin1(button->second));
+      EXPECT_EQ(icon.pixmap(48).toImage(), opens->icon().pixmap(48).toImage()) << button->second;
+    }
   }
 }
 

@@ -4,7 +4,10 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QPaintEvent>
 #include <QString>
+
+#include "base/input/visible_edge.h"
 
 namespace brindle {
 
@@ -16,6 +19,12 @@ class CheckBox : public QCheckBox {
     setObjectName(name);
     setAccessibleName(caption);
     setToolTip(tooltip);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QCheckBox::paintEvent(event);
+    DrawVisibleEdge(*this);
   }
 };
 

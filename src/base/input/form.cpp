@@ -15,7 +15,16 @@
 
 namespace brindle {
 
-Form::Form(const QString& name, const QString& caption, Escape escape) : escape_(escape) {
+namespace {
+
+// Every window is as large as its contents, so there is nothing to maximize.
+constexpr auto Flags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+
+}  // namespace
+
+Form::Form(const QString& name, const QString& caption, Escape escape)
+    : QWidget(nullptr, Flags), escape_(escape) {
   setObjectName(name);
   setWindowTitle(caption);
 }

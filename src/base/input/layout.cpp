@@ -10,6 +10,8 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QEvent>
+#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -18,6 +20,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpacerItem>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 #include <QWidget>
@@ -96,6 +99,24 @@ QGridLayout* Grid(std::initializer_list<std::initializer_list<QWidget*>> rows, i
   }
   return grid;
 }
+
+// As wide as the window's title bar, and no higher than nothing.
+class CaptionRoom : public QSpacerItem {
+ public:
+  explicit CaptionRoom(const QWidget& window)
+      : QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Fixed), window_(window) {}
+  // The desktop does not say how wide its icon, buttons and margins are; they are squares of the
+  // title's height, more or less, and five of them are room enough.
+  [[nodiscard]] QSize sizeHint() const override {
+    constexpr int squares = 5;
+    const QFontMetrics title(QFontDatabase::systemFont(QFontDatabase::TitleFont));
+    return {title.horizontalAdvance(window_.windowTitle()) + squares * title.lineSpacing(), 0};
+  }
+  [[nodiscard]] QSize minimumSize() const override { return sizeHint(); }
+
+ private:
+  const QWidget& window_;
+};
 
 QBoxLayout* Filled(QBoxLayout* box, std::initializer_list<Item> items, int spacing) {
   box->setContentsMargins(0, 0, 0, 0);
@@ -217,8 +238,10 @@ void KeepRoom(std::initializer_list<QWidget*> widgets) {
 
 void LayOut(QWidget* window, QLayout* tree) {
   tree->setContentsMargins(Margin, Margin, Margin, Margin);
-  tree->setSizeConstraint(QLayout::SetFixedSize);
-  window->setLayout(tree);
+  auto* whole = Down({tree}, 0);
+  whole->addItem(new CaptionRoom(*window));
+  whole->setSizeConstraint(QLayout::SetFixedSize);
+  window->setLayout(whole);
 }
 
 void NameByLabel(const QString& label, std::initializer_list<QWidget*> controls) {

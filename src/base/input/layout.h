@@ -111,7 +111,7 @@ class Item {
 [[nodiscard]] QLayout* Tiles(std::initializer_list<std::initializer_list<QWidget*>> rows);
 
 /// Puts the tree into the window, and from then on keeps the window exactly as large as its
-/// contents need, whatever the font.
+/// contents and its caption need, whatever the font.
 void LayOut(QWidget* window, QLayout* tree);
 
 }  // namespace brindle

@@ -8,8 +8,11 @@
 #include <optional>
 #include <vector>
 
+#include <QPaintEvent>
 #include <QRadioButton>
 #include <QString>
+
+#include "base/input/visible_edge.h"
 
 namespace brindle {
 
@@ -20,6 +23,11 @@ OptionButton::OptionButton(const QString& array, int index, const QString& capti
     : QRadioButton(caption), index_(index) {
   setObjectName(u"%1(%2)"_s.arg(array).arg(index));
   setToolTip(tooltip);
+}
+
+void OptionButton::paintEvent(QPaintEvent* event) {
+  QRadioButton::paintEvent(event);
+  DrawVisibleEdge(*this);
 }
 
 OptionGroup::OptionGroup(const QString& name, std::initializer_list<Option> options) {

@@ -10,6 +10,7 @@
 
 #include <QButtonGroup>
 #include <QObject>
+#include <QPaintEvent>
 #include <QRadioButton>
 #include <QString>
 
@@ -23,6 +24,9 @@ class OptionButton : public QRadioButton {
  public:
   OptionButton(const QString& array, int index, const QString& caption, const QString& tooltip);
   [[nodiscard]] int Index() const { return index_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   int index_;

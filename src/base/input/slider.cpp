@@ -5,10 +5,16 @@
 
 #include <utility>
 
+#include <QPaintEvent>
+#include <QPainter>
 #include <QSize>
 #include <QSlider>
 #include <QString>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
+
+#include "base/input/visible_edge.h"
 
 namespace brindle {
 
@@ -41,6 +47,27 @@ QSize Slider::sizeHint() const {
 }
 
 QSize Slider::minimumSizeHint() const { return sizeHint(); }
+
+// The ticks once more, where the style's own cannot be seen.
+void Slider::paintEvent(QPaintEvent* event) {
+  QSlider::paintEvent(event);
+  const auto color = EdgeColor(*this);
+  if (!color || tickInterval() <= 0) {
+    return;
+  }
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const auto* look = style();
+  const int handle = look->pixelMetric(QStyle::PM_SliderLength, &option, this);
+  const int room = look->pixelMetric(QStyle::PM_SliderSpaceAvailable, &option, this);
+  constexpr int length = 4;  // device-independent pixels
+  QPainter painter(this);
+  painter.setPen(*color);
+  for (int value = minimum(); value <= maximum(); value += tickInterval()) {
+    const int x = QStyle::sliderPositionFromValue(minimum(), maximum(), value, room) + handle / 2;
+    painter.drawLine(x, height() - 1 - length, x, height() - 1);
+  }
+}
 
 void Slider::wheelEvent(QWheelEvent* event) {
   if (hasFocus()) {

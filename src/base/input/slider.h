@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QPaintEvent>
 #include <QSize>
 #include <QSlider>
 #include <QString>
@@ -35,6 +36,7 @@ class Slider : public QSlider {
   void Change();
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:

@@ -15,6 +15,13 @@
 namespace brindle {
 namespace {
 
+TEST(FormTest, CanBeMinimizedAndClosedButNotMaximized) {
+  const Form form(QStringLiteral("F"), {});
+  EXPECT_TRUE(form.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+  EXPECT_TRUE(form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+  EXPECT_FALSE(form.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+}
+
 using namespace Qt::StringLiterals;
 
 TEST(Form, TellsOnceThatItIsClosed) {

@@ -44,6 +44,21 @@ TEST(Layout, ARowNamesItsControls) {
   EXPECT_EQ(named->accessibleName(), u"its own"_s);
 }
 
+TEST(Layout, AWindowHasRoomForItsCaption) {
+  QWidget window;
+  auto* label = MakeLabel(u"short"_s);
+  LayOut(&window, Down({label}));
+  const int narrow = window.sizeHint().width();
+  QWidget titled;
+  titled.setWindowTitle(u"A caption that is much longer than what is in the window"_s);
+  auto* contents = MakeLabel(u"short"_s);
+  LayOut(&titled, Down({contents}));
+  EXPECT_GT(titled.sizeHint().width(),
+            titled.fontMetrics().horizontalAdvance(titled.windowTitle()));
+  EXPECT_LT(narrow, titled.sizeHint().width());
+  EXPECT_EQ(window.sizeHint().height(), titled.sizeHint().height());
+}
+
 TEST(Layout, LabelsShowPlainText) {
   QWidget window;
   LayOut(&window, Down({MakeFrame({}, {{u"<i>x</i>"_s, {MakeLabel(u"<b>y</b>"_s)}}})}));
