@@ -237,6 +237,7 @@ Function RemoveFormerInstallation
   ${If} ${FileExists} "$Former\Brindle2.ini"
   ${AndIfNot} ${FileExists} "$INSTDIR\Brindle2.ini"
     Rename "$Former\Brindle2.ini" "$INSTDIR\Brindle2.ini"
+    Rename "$Former\Brindle2.places" "$INSTDIR\Brindle2.places"
   ${EndIf}
   ${If} ${FileExists} "$Former\Brindle2.undo\*.*"
   ${AndIfNot} ${FileExists} "$INSTDIR\Brindle2.undo\*.*"

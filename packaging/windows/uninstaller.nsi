@@ -61,8 +61,10 @@ Section /o "My settings" Settings
   SetShellVarContext current
   Delete "$INSTDIR\Brindle2.ini"
   Delete "$INSTDIR\Brindle2.ini.bak"
+  Delete "$INSTDIR\Brindle2.places"
   Delete "$LOCALAPPDATA\brindle2\Brindle2.ini"
   Delete "$LOCALAPPDATA\brindle2\Brindle2.ini.bak"
+  Delete "$LOCALAPPDATA\brindle2\Brindle2.places"
   RMDir "$LOCALAPPDATA\brindle2"
 SectionEnd
 
