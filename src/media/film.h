@@ -50,6 +50,16 @@ struct FilmKeyFrame {
   std::int64_t audioBytes = 0;  ///< all tracks
   /// What the container adds for the packets counted above when it is written anew.
   std::int64_t containerBytes = 0;
+  std::int64_t packets = 0;  ///< those counted above
+  /// What a part that begins here has in addition: headers of pieces of audio that are cut in two.
+  std::int64_t extraBytes = 0;
+};
+
+/// What the parts of a film have in common when they are written.
+struct FilmParts {
+  std::string container;        ///< "avi", "matroska", "mp4"; empty if none can be written
+  std::int64_t fixedBytes = 0;  ///< what the container of a part without a packet has
+  FilmKeyFrame end;             ///< what lies before the end of the film
 };
 
 /// What there is to know about a film file.
@@ -64,6 +74,7 @@ struct Film {
   std::optional<double> framesBetweenAudio;
   /// In their order; the first one is at frame 0 in most films. Empty unless asked for.
   std::vector<FilmKeyFrame> keyFrames;
+  FilmParts parts;
 };
 
 }  // namespace brindle
