@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <tl/expected.hpp>
 #include <vector>
 
 #include <QString>
@@ -16,6 +17,7 @@
 #include "cli/console.h"
 #include "cli/json.h"
 #include "cli/options.h"
+#include "media/film_work.h"
 
 namespace brindle {
 
@@ -68,6 +70,8 @@ struct CommandText {
   std::vector<std::string> exampleOutput = {};
 };
 
+using FilmReaderMaker = std::function<tl::expected<std::shared_ptr<FilmReader>, std::string>()>;
+
 /// What a command is given to work with.
 struct Surroundings {
   /// The built-in settings or, with --settings, the user's.
@@ -76,6 +80,8 @@ struct Surroundings {
   /// the settings.
   std::function<QString()> undoFolder;
   const Clock& clock;
+  /// What reads films, loaded for a command that asks for it; or why there is none.
+  FilmReaderMaker films;
 };
 
 /// A command of the program. It is made anew for each run.

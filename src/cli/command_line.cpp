@@ -86,7 +86,8 @@ FileResult<Settings> SettingsFor(const CommonOptions& common, const CommandLineF
 }
 
 ExitCode RunCommand(const std::string& name, const std::vector<std::string>& arguments,
-                    const CommandLineFolders& folders, const Clock& clock, Console& console) {
+                    const CommandLineFolders& folders, const Clock& clock, Console& console,
+                    const FilmReaderMaker& films) {
   Reporter report(console, name, false);
   const auto command = CommandNamed(name);
   if (command == nullptr) {
@@ -111,14 +112,16 @@ ExitCode RunCommand(const std::string& name, const std::vector<std::string>& arg
     return ExitCode::Failed;
   }
   Reporter answers(console, name, common.isJson);
-  return command->Run({*record, [&] { return UndoFolder(AppFolder(folders)); }, clock}, answers);
+  return command->Run({*record, [&] { return UndoFolder(AppFolder(folders)); }, clock, films},
+                      answers);
 }
 
 }  // namespace
 
 std::span<std::unique_ptr<Command> (*const)()> AllCommands() {
-  static constexpr std::array all{MakeBitrate, MakeAudio,      MakeSpace, MakeSplit,     MakeTime,
-                                  MakeSize,    MakeResolution, MakePeaks, MakeNormalize, MakeUndo};
+  static constexpr std::array all{MakeBitrate, MakeAudio, MakeSpace,      MakeSplit,
+                                  MakeTime,    MakeSize,  MakeResolution, MakeInfo,
+                                  MakeParts,   MakePeaks, MakeNormalize,  MakeUndo};
   return all;
 }
 
@@ -131,7 +134,8 @@ std::vector<OptionText> OptionsOf(Command& command) {
 }
 
 ExitCode RunCommandLine(const std::vector<std::string>& arguments,
-                        const CommandLineFolders& folders, const Clock& clock, Console& console) {
+                        const CommandLineFolders& folders, const Clock& clock, Console& console,
+                        const FilmReaderMaker& films) {
   Reporter report(console, {}, false);
   if (arguments.empty()) {
     return report.RefuseUsage("a command is missing; brindle --help lists them");
@@ -155,7 +159,8 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments,
     return report.RefuseUsage("there is no option " + Quoted(first) +
                               "; brindle --help lists the commands");
   }
-  return RunCommand(first, {arguments.begin() + 1, arguments.end()}, folders, clock, console);
+  return RunCommand(first, {arguments.begin() + 1, arguments.end()}, folders, clock, console,
+                    films);
 }
 
 }  // namespace brindle

@@ -26,6 +26,6 @@ struct CommandLineFolders {
 /// Runs the program with its arguments, without its name.
 [[nodiscard]] ExitCode RunCommandLine(const std::vector<std::string>& arguments,
                                       const CommandLineFolders& folders, const Clock& clock,
-                                      Console& console);
+                                      Console& console, const FilmReaderMaker& films);
 
 }  // namespace brindle

@@ -18,6 +18,8 @@ namespace brindle {
 [[nodiscard]] std::unique_ptr<Command> MakeTime();
 [[nodiscard]] std::unique_ptr<Command> MakeSize();
 [[nodiscard]] std::unique_ptr<Command> MakeResolution();
+[[nodiscard]] std::unique_ptr<Command> MakeInfo();
+[[nodiscard]] std::unique_ptr<Command> MakeParts();
 [[nodiscard]] std::unique_ptr<Command> MakePeaks();
 [[nodiscard]] std::unique_ptr<Command> MakeNormalize();
 [[nodiscard]] std::unique_ptr<Command> MakeUndo();

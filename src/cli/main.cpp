@@ -8,6 +8,7 @@
 #include "base/time/clock.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
+#include "cli/film_loading.h"
 
 int main(int argc, char** argv) {
   brindle::LimitLibrarySearch();
@@ -19,7 +20,7 @@ int main(int argc, char** argv) {
   const auto code = brindle::RunCommandLine(
       arguments,
       {.program = QCoreApplication::applicationDirPath(), .config = brindle::DesktopConfigFolder()},
-      clock, console);
+      clock, console, brindle::LoadFilmReader);
   const bool isWritten = console.Finish();
   return static_cast<int>(
       isWritten || code != brindle::ExitCode::Answered ? code : brindle::ExitCode::Failed);

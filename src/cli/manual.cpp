@@ -110,7 +110,9 @@ std::string Usage(const CommandText& command, const std::vector<OptionText>& opt
   std::string usage = "brindle " + command.name + " [OPTION]...";
   for (const auto& option : options) {
     if (!option.IsOption()) {
-      usage += option.takesFile ? " " + option.names + "..." : " [" + option.names + "]";
+      usage += option.isSingle    ? " " + option.names
+               : option.takesFile ? " " + option.names + "..."
+                                  : " [" + option.names + "]";
     }
   }
   return usage;

@@ -41,16 +41,6 @@ Reading<Buffering> ReadBuffering(std::string_view text) {
   return text == "multi" ? Buffering::Multi : Buffering::Single;
 }
 
-Reading<std::string> ReadPath(std::string_view text) {
-  if (text.empty()) {
-    return tl::unexpected(std::string("needs a path"));
-  }
-  if (!PathOf(std::string(text))) {
-    return tl::unexpected(Quoted(text) + " is not UTF-8");
-  }
-  return std::string(text);
-}
-
 // How a gain or a throughput is written.
 std::string Rounded(double value) {
   constexpr int decimals = 2;

@@ -57,8 +57,14 @@ std::vector<OptionText> Options::All() const {
   return all;
 }
 
+void Options::List(const OptionText& text) {
+  if (!text.isHidden) {
+    texts_.push_back(text);
+  }
+}
+
 void Options::AddTexts(const OptionText& text, const std::function<Fault(const Texts&)>& take) {
-  texts_.push_back(text);
+  List(text);
   const auto name = text.Names().front();
   const auto takeOrThrow = [take, name](const Texts& texts) {
     if (const auto fault = take(texts)) {
@@ -74,12 +80,12 @@ void Options::AddTexts(const OptionText& text, const std::function<Fault(const T
 }
 
 void Options::AddFlag(const OptionText& text, bool& value) {
-  texts_.push_back(text);
+  List(text);
   parser_->app.add_flag_callback(text.names, [&value] { value = true; })->disable_flag_override();
 }
 
 void Options::AddFlag(const OptionText& text, std::optional<std::string>& value) {
-  texts_.push_back(text);
+  List(text);
   const auto take = [&value](const std::vector<std::string>& texts) {
     value = texts.back() == "true" ? std::string() : texts.back();
     return true;

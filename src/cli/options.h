@@ -23,6 +23,8 @@ struct OptionText {
   std::string byDefault = {};           ///< without the option
   std::vector<std::string> words = {};  ///< values to complete
   bool takesFile = false;               ///< its value is a path
+  bool isSingle = false;                ///< an argument without dashes that is given once
+  bool isHidden = false;                ///< for the program with windows; people are not told of it
 
   [[nodiscard]] bool IsOption() const { return names.starts_with('-'); }
   /// One by one.
@@ -86,6 +88,7 @@ class Options {
   using Fault = std::optional<std::string>;
   struct Parser;
 
+  void List(const OptionText& text);
   void AddTexts(const OptionText& text, const std::function<Fault(const Texts&)>& take);
 
   template <class Value, class Take>

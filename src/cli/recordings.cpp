@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -69,6 +70,16 @@ std::optional<QString> PathOf(const std::string& name) {
     return std::nullopt;
   }
   return path;
+}
+
+Reading<std::string> ReadPath(std::string_view text) {
+  if (text.empty()) {
+    return tl::unexpected(std::string("needs a path"));
+  }
+  if (!PathOf(std::string(text))) {
+    return tl::unexpected(Quoted(text) + " is not UTF-8");
+  }
+  return std::string(text);
 }
 
 ExitCode ForEach(const std::vector<std::string>& names, Reporter& report,

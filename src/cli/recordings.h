@@ -6,12 +6,14 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tl/expected.hpp>
 #include <vector>
 
 #include <QString>
 
 #include "cli/command.h"
+#include "cli/reading.h"
 #include "wav/pass.h"
 #include "wav/wav_error.h"
 #include "wav/wav_header.h"
@@ -56,5 +58,8 @@ void WarnOfWidth(const Recording& recording, const WavHeader& header, Reporter& 
 /// The name of a file as the engine takes it; nothing if its bytes are not UTF-8, which the engine
 /// could not find again.
 [[nodiscard]] std::optional<QString> PathOf(const std::string& name);
+
+/// A path on the command line.
+[[nodiscard]] Reading<std::string> ReadPath(std::string_view text);
 
 }  // namespace brindle

@@ -106,14 +106,16 @@ class CommandRunner {
   }
   [[nodiscard]] RunResult Run(const std::vector<std::string>& arguments,
                               FakeConsole& console) const {
-    const auto code = RunCommandLine(
-        arguments, {.program = folder.Path(), .config = folder.PathOf("config")}, clock, console);
+    const auto code =
+        RunCommandLine(arguments, {.program = folder.Path(), .config = folder.PathOf("config")},
+                       clock, console, films);
     return {static_cast<int>(code), console.answer, console.errors};
   }
   [[nodiscard]] RunResult Run(std::string_view line) const { return Run(WordsOf(line)); }
 
   TemporaryFolder folder;
   TickingClock clock;
+  FilmReaderMaker films;
 };
 
 }  // namespace brindle
