@@ -221,8 +221,6 @@ class LayoutReader {
       track.kind = AviTrack::Kind::Audio;
       track.sampleSize = Word32(track.header, 44);
       track.blockAlign = positive(LittleEndian(track.format, 12, 2));
-      const auto tag = LittleEndian(track.format, 0, 2);
-      track.isCompressed = track.blockAlign == 1 || (tag != 1 && tag != 3 && tag != 0xFFFE);
     }
   }
 

@@ -31,7 +31,6 @@ struct AviTrack {
   std::int64_t start = 0;       ///< units before it begins
   std::int64_t sampleSize = 0;  ///< bytes of a unit; 0 if a piece is a unit, or several
   std::int64_t blockAlign = 1;  ///< of audio: bytes of a block; above 0
-  bool isCompressed = false;    ///< of audio: cannot be cut between any two blocks
 };
 
 /// A chunk with a part of a track: a frame, or a piece of audio.

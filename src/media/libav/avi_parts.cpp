@@ -107,7 +107,7 @@ void AviTracks::FindCuts() {
 }
 
 void AviTracks::CutAudio(std::size_t chosen) {
-  constexpr double shortPiece = 0.1;  // seconds
+  constexpr double shortPiece = 0.05;  // seconds
   const auto& video = layout_.tracks[chosen_[0]];
   const auto& track = layout_.tracks[chosen_[chosen]];
   const auto& pieces = pieces_[chosen];
@@ -124,8 +124,7 @@ void AviTracks::CutAudio(std::size_t chosen) {
       const auto length = track.sampleSize > 0
                               ? static_cast<double>(size) / static_cast<double>(track.sampleSize)
                               : static_cast<double>(UnitsOf(track, size));
-      const bool isWhole =
-          track.sampleSize == 0 || (track.isCompressed && SecondsOf(track, length) <= shortPiece);
+      const bool isWhole = track.sampleSize == 0 || SecondsOf(track, length) <= shortPiece;
       if (start + length * (isWhole ? 0.5 : 1) > wanted) {
         if (!isWhole && wanted > start) {
           const auto bytes =

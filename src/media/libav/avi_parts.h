@@ -38,7 +38,7 @@ class AviTracks {
   [[nodiscard]] std::vector<FilmKeyFrame> KeyFrames() const;
   [[nodiscard]] FilmKeyFrame End() const;
   /// Where each chosen track is cut, for each key frame in turn. Audio is cut at the time of the
-  /// frame: compressed audio between two pieces where they are short, else anywhere.
+  /// frame: between two pieces where they are short, else within one.
   [[nodiscard]] const std::vector<std::vector<PlaceInTrack>>& Cuts() const { return cuts_; }
   /// The place after everything.
   [[nodiscard]] std::vector<PlaceInTrack> EndOfAll() const;

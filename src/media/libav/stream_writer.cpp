@@ -158,14 +158,15 @@ class StreamPartsPass : public PartsPass {
     return EndBefore();
   }
 
-  // A part begins at 0, as the film does.
+  // Each part begins at 0, whenever the film does.
   void Shift(std::size_t part, AVRational timeBase) {
-    if (part == 0) {
-      return;
+    constexpr std::int64_t fine = AV_TIME_BASE;
+    const auto begin = input_.Context()->start_time;
+    double seconds = begin == AV_NOPTS_VALUE ? 0 : static_cast<double>(begin) / fine;
+    if (part > 0) {
+      const auto& video = table_.Packets(0);
+      seconds += video[table_.Keys()[cuts_[part - 1]]].seconds - video.front().seconds;
     }
-    const auto key = table_.Keys()[cuts_[part - 1]];
-    const auto seconds = table_.Packets(0)[key].seconds - table_.Packets(0).front().seconds;
-    constexpr std::int64_t fine = 1'000'000;
     const auto shift = av_rescale_q(static_cast<std::int64_t>(seconds * fine),
                                     AVRational{1, static_cast<int>(fine)}, timeBase);
     if (packet_->pts != AV_NOPTS_VALUE) {
