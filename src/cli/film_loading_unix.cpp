@@ -31,7 +31,7 @@ tl::expected<std::shared_ptr<FilmReader>, std::string> LoadFilmReader() {
   void* module = dlopen(QFile::encodeName(ModulePath()).constData(), RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr) {
     const char* reason = dlerror();
-    return tl::unexpected("what reads films cannot be loaded: " +
+    return tl::unexpected("what reads films cannot be loaded (is brindle-films installed?): " +
                           std::string(reason == nullptr ? "no reason given" : reason));
   }
   // The system gives every symbol as the same kind of pointer.

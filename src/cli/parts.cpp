@@ -197,8 +197,9 @@ class Parts : public Command {
       return NoAnswer("a part of this size cannot hold what lies between two key frames");
     }
     if (count_ && cuts->size() >= static_cast<std::size_t>(*count_)) {
-      return NoAnswer(std::to_string(*count_) +
-                      " parts of this size cannot hold the film; it takes " +
+      return NoAnswer(std::to_string(*count_) + (*count_ == 1 ? " part" : " parts") +
+                      " of this size cannot hold the film; it takes " +
+                      std::to_string(cuts->size() + 1)); it takes " +
                       std::to_string(cuts->size() + 1));
     }
     return *cuts;

@@ -131,7 +131,8 @@ TEST_P(EveryCommand, KnowsTheOptionsThatItTellsOf) {
 
 INSTANTIATE_TEST_SUITE_P(Each, EveryCommand,
                          ::testing::Values("bitrate", "audio", "space", "split", "time", "size",
-                                           "resolution", "peaks", "normalize", "undo"),
+                                           "resolution", "info", "parts", "peaks", "normalize",
+                                           "undo"),
                          [](const auto& instance) { return instance.param; });
 
 // The examples of a text: lines that begin with "$ brindle", each with what it answers below it, up
@@ -192,7 +193,7 @@ TEST(HelpOfTheCommandLine, NamesEveryCommand) {
 }
 
 TEST(Manual, HasNoOtherCommand) {
-  EXPECT_EQ(AllCommands().size(), 10U);
+  EXPECT_EQ(AllCommands().size(), 12U);
   EXPECT_EQ(Written("something else"), std::nullopt);
 }
 

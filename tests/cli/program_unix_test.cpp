@@ -376,7 +376,7 @@ TEST_F(Program, CompletesInBash) {
     return folder.Bytes("out");
   };
   EXPECT_EQ(complete("brindle", 1),
-            "bitrate audio space split time size resolution peaks "
+            "bitrate audio space split time size resolution info parts peaks "
             "normalize undo --help --version\n");
   EXPECT_EQ(complete("brindle bi", 1), "bitrate\n");
   EXPECT_EQ(complete("brindle bitrate --d", 2), "--discs --divx\n");

@@ -19,9 +19,12 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include "base/files/disk.h"
 #include "base/files/file_error.h"
+#include "base/files/system_disk.h"
 #include "media/film.h"
 #include "media/film_json.h"
+#include "media/libav/avi_layout.h"
 #include "media/part_sizes.h"
 #include "tests/media/avi_builder.h"
 #include "tests/media/made_films.h"
@@ -155,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
                  .arguments = "-vf setsar=64/45 -r 24000/1001 -c:v mpeg4 -g 25 -an",
                  .container = "avi",
                  .codec = "mpeg4",
-                 .frames = 240,
+                 .frames = 241,
                  .rate = 24000.0 / 1001,
                  .shape = 160.0 / 120 * 64 / 45,
                  .parts = "avi"},
@@ -178,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(
                  .arguments = "-r 24000/1001 -c:v libx264 -g 25 -an",
                  .container = "mp4",
                  .codec = "h264",
-                 .frames = 240,
+                 .frames = 241,
                  .rate = 24000.0 / 1001,
                  .parts = "mp4"},
         FilmCase{.name = "Mov",
@@ -199,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(
                  .arguments = "-r 24000/1001 -c:v mpeg4 -g 25 -an",
                  .container = "matroska",
                  .codec = "mpeg4",
-                 .frames = 240,
+                 .frames = 241,
                  .rate = 24000.0 / 1001},
         FilmCase{.name = "TransportStream",
                  .file = "plain.ts",
@@ -264,6 +267,22 @@ TEST(FilmReader, CountsFramesThatArePackedAndThoseThatAreDropped) {
   EXPECT_EQ(film.keyFrames[9].frame, 45);
 }
 
+// Whether nothing has to be read but the headers and the index.
+bool HasUsableIndex(const QString& path) {
+  const auto file = TheSystemsDisk().Open(path, OpenFor::Reading);
+  EXPECT_TRUE(file);
+  const auto layout = ReadAviLayout(**file, path, [](qint64) { return true; });
+  EXPECT_TRUE(layout && *layout);
+  return layout && *layout && (*layout)->hasIndex;
+}
+
+TEST(FilmReader, UsesTheIndexOfAnAviFile) {
+  EXPECT_TRUE(HasUsableIndex(MadeFilms::Avi()));
+  const auto longer = MadeFilms::Make(QStringLiteral("longer.avi"),
+                                      QStringLiteral("-c:v mpeg4 -q:v 1 -g 25 -c:a pcm_s16le"));
+  EXPECT_TRUE(HasUsableIndex(longer));
+}
+
 // 150 frames of 20 MB, and a second of audio every 25 of them.
 AviBuilder Large() {
   AviBuilder builder;
@@ -283,6 +302,7 @@ TEST(FilmReader, ReadsMoreThanTwoGigabytes) {
     builder.hasNewIndex = isNew;
     builder.hasOldIndex = !isNew;
     builder.Write(folder.PathOf("large.avi"));
+    EXPECT_TRUE(HasUsableIndex(folder.PathOf("large.avi")));
     const auto read = ReadFilmAt(folder.PathOf("large.avi"));
     ASSERT_TRUE(read) << ReasonFor(read);
     const auto& film = (*read)->Facts();

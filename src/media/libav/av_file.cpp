@@ -111,7 +111,16 @@ tl::expected<void, QString> AvInput::Open() {
   if (IsMovFamily()) {
     context_->flags |= AVFMT_FLAG_NOPARSE | AVFMT_FLAG_NOFILLIN;
   }
-  if (const int error = avformat_find_stream_info(context_, nullptr); error < 0) {
+  // Of what it cannot make sense of, the library would read everything.
+  constexpr std::int64_t mostToLookAt = 64'000'000;
+  leftToLookAt_ = mostToLookAt;
+  isOpening_ = true;
+  const int error = avformat_find_stream_info(context_, nullptr);
+  isOpening_ = false;
+  if (leftToLookAt_ <= 0) {
+    io_->eof_reached = 0;
+  }
+  if (error < 0) {
     return tl::unexpected(ReasonOf(error));
   }
   return {};
@@ -131,6 +140,7 @@ int AvInput::ReadSome(void* self, std::uint8_t* buffer, int size) {
     return AVERROR(EIO);
   }
   input.position_ += static_cast<std::int64_t>(*read);
+  input.leftToLookAt_ -= static_cast<std::int64_t>(*read);
   return *read == 0 ? AVERROR_EOF : static_cast<int>(*read);
 }
 

@@ -52,6 +52,8 @@ class AvInput {
   std::int64_t length_;
   std::function<bool(std::int64_t)> goesOn_;
   std::int64_t position_ = 0;
+  std::int64_t leftToLookAt_ = 0;  // bytes, while the film is opened
+  bool isOpening_ = false;
   bool isStopped_ = false;
   std::optional<FileError> error_;
   AVIOContext* io_ = nullptr;

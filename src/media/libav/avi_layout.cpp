@@ -44,7 +44,7 @@ class BlockReader {
 
   [[nodiscard]] std::int64_t Length() const { return length_; }
 
-  // As many of `count` bytes as there are.
+  // As many of `count` bytes as there are. The next call may overwrite them.
   [[nodiscard]] std::span<const std::byte> Bytes(std::int64_t position, std::size_t count) {
     if (position < 0 || position >= length_) {
       return {};
@@ -330,19 +330,20 @@ class LayoutReader {
       const auto bytes =
           in_.Bytes(oldIndex_.Contents() + static_cast<std::int64_t>(i * entry), entry);
       const auto id = Word32(bytes, 0);
+      const auto flags = Word32(bytes, 4);
+      const std::int64_t offset = Word32(bytes, 8);
+      const auto size = Word32(bytes, 12);
       const auto track = TrackOf(id);
       if (!track) {
         continue;
       }
-      const std::int64_t offset = Word32(bytes, 8);
       if (!base) {
         base = BaseOf(id, offset);
         if (!base) {
           return Discard();
         }
       }
-      layout_.pieces.push_back({*base + offset, Word32(bytes, 12), *track,
-                                (Word32(bytes, 4) & IsKeyInOldIndex) != 0, id});
+      layout_.pieces.push_back({*base + offset, size, *track, (flags & IsKeyInOldIndex) != 0, id});
     }
     return AreSound();
   }
@@ -364,8 +365,7 @@ class LayoutReader {
     return false;
   }
 
-  // Whether the index tells the truth, as far as that can be seen without reading every piece. What
-  // the file no longer has is dropped.
+  // Whether the index tells the truth, as far as that can be seen without reading every piece.
   [[nodiscard]] bool AreSound() {
     auto& pieces = layout_.pieces;
     std::stable_sort(pieces.begin(), pieces.end(), [](const auto& one, const auto& other) {
@@ -379,11 +379,9 @@ class LayoutReader {
     if (pieces.empty() || pieces.front().position < ListHeaderLength) {
       return Discard();
     }
-    while (!pieces.empty() &&
-           pieces.back().position + HeaderLength + pieces.back().size > in_.Length()) {
-      pieces.pop_back();
-    }
-    if (pieces.empty() || HasMoreAfterwards() || !AreAtTheirPlaces()) {
+    const auto& last = pieces.back();
+    if (last.position + HeaderLength + last.size > in_.Length() || HasMoreAfterwards() ||
+        !AreAtTheirPlaces()) {
       return Discard();
     }
     return HasKeys() || Discard();

@@ -127,8 +127,10 @@ void AviTracks::CutAudio(std::size_t chosen) {
       const bool isWhole = track.sampleSize == 0 || SecondsOf(track, length) <= shortPiece;
       if (start + length * (isWhole ? 0.5 : 1) > wanted) {
         if (!isWhole && wanted > start) {
+          // A whole unit may come out as a little less.
+          constexpr double little = 1e-6;
           const auto bytes =
-              static_cast<std::int64_t>((wanted - start) * static_cast<double>(track.sampleSize));
+              static_cast<std::int64_t>(std::floor(wanted - start + little)) * track.sampleSize;
           cuts_[key][chosen].bytes =
               static_cast<std::uint32_t>(std::clamp<std::int64_t>(bytes, 0, size) / step * step);
         }

@@ -148,7 +148,7 @@ class ReadFilm : public FilmFile {
       return tl::unexpected(ErrorOf(path_, opened.error()));
     }
     film_.bytes = length_;
-    return layout_ ? ReadAvi(input) : ReadPackets(input);
+    return (layout_ ? ReadAvi(input) : ReadPackets(input)).and_then([this] { return Check(); });
   }
 
   [[nodiscard]] const Film& Facts() const override { return film_; }
@@ -187,6 +187,20 @@ class ReadFilm : public FilmFile {
     }
     av_packet_free(&packet);
     return StopOf(input);
+  }
+
+  // A damaged header can say anything.
+  [[nodiscard]] tl::expected<void, FilmStop> Check() const {
+    constexpr double mostSeconds = 1e9;
+    constexpr int mostPixels = 65536;
+    const auto isSize = [](int pixels) { return pixels > 0 && pixels <= mostPixels; };
+    if (film_.video && (!isSize(film_.video->width) || !isSize(film_.video->height))) {
+      return tl::unexpected(ErrorOf(path_, QStringLiteral("its pictures have no size")));
+    }
+    if (!(film_.seconds >= 0 && film_.seconds <= mostSeconds)) {
+      return tl::unexpected(ErrorOf(path_, QStringLiteral("its header is damaged")));
+    }
+    return {};
   }
 
   [[nodiscard]] tl::expected<void, FilmStop> ReadAvi(const AvInput& input) {
