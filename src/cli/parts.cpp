@@ -258,7 +258,7 @@ class Parts : public Command {
   }
 
   [[nodiscard]] tl::expected<void, Refusal> Write(FilmFile& film, Plan& plan, Reporter& report) {
-    if (const auto check = Check(plan); !check) {
+    if (auto check = Check(plan); !check) {
       return check;
     }
     auto& console = report.Terminal();

@@ -75,11 +75,13 @@ QString ReasonOf(int error) {
 }
 
 AvInput::AvInput(DiskFile& file, std::int64_t length, std::function<bool(std::int64_t)> goesOn)
-    : file_(file), length_(length), goesOn_(std::move(goesOn)) {
+    : file_(file),
+      length_(length),
+      goesOn_(std::move(goesOn)),
+      io_(avio_alloc_context(NewBuffer(), BufferLength, 0, this, ReadSome, nullptr, SeekTo)),
+      context_(avformat_alloc_context()) {
   // People are told what is wrong in one sentence, not by the library.
   av_log_set_level(AV_LOG_QUIET);
-  io_ = avio_alloc_context(NewBuffer(), BufferLength, 0, this, ReadSome, nullptr, SeekTo);
-  context_ = avformat_alloc_context();
   if (io_ == nullptr || context_ == nullptr) {
     throw std::bad_alloc();
   }
@@ -157,8 +159,9 @@ std::int64_t AvInput::SeekTo(void* self, std::int64_t offset, int whence) {
   return target;
 }
 
-AvOutput::AvOutput(PartFile& file, const std::string& format) : file_(file) {
-  io_ = avio_alloc_context(NewBuffer(), BufferLength, 1, this, nullptr, WriteSome, SeekTo);
+AvOutput::AvOutput(PartFile& file, const std::string& format)
+    : file_(file),
+      io_(avio_alloc_context(NewBuffer(), BufferLength, 1, this, nullptr, WriteSome, SeekTo)) {
   if (io_ == nullptr ||
       avformat_alloc_output_context2(&context_, nullptr, format.c_str(), nullptr) < 0) {
     throw std::bad_alloc();
