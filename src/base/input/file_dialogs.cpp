@@ -47,6 +47,14 @@ void ScreenFileDialogs::AskForTarget(QWidget* owner, const FileQuestion& questio
   Open(dialog, chosen);
 }
 
+void ScreenFileDialogs::AskForFolder(QWidget* owner, const FileQuestion& question,
+                                     const WhenChosen& chosen) {
+  auto* dialog = MakeDialog(owner, question);
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  Open(dialog, chosen);
+}
+
 void ScreenFileDialogs::Open(QFileDialog* dialog, const WhenChosen& chosen) {
   dialogs_.Open(dialog, [dialog, chosen](int result) {
     const auto path = dialog->selectedFiles().value(0);

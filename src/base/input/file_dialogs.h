@@ -39,6 +39,10 @@ class FileDialogs : public Interface {
   /// name without an extension gets `suffix`.
   virtual void AskForTarget(QWidget* owner, const FileQuestion& question, const QString& suffix,
                             const WhenChosen& chosen) = 0;
+
+  /// The same for an existing folder.
+  virtual void AskForFolder(QWidget* owner, const FileQuestion& question,
+                            const WhenChosen& chosen) = 0;
 };
 
 /// The file dialogs on the screen: the desktop's own, if it has them.
@@ -48,6 +52,8 @@ class ScreenFileDialogs : public FileDialogs {
   void AskForExisting(QWidget* owner, const FileQuestion& question,
                       const WhenChosen& chosen) override;
   void AskForTarget(QWidget* owner, const FileQuestion& question, const QString& suffix,
+                    const WhenChosen& chosen) override;
+  void AskForFolder(QWidget* owner, const FileQuestion& question,
                     const WhenChosen& chosen) override;
 
  private:

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QString>
 #include <QTimer>
@@ -23,9 +24,15 @@ QString PathIn(const QMimeData* data) {
 
 }  // namespace
 
-FileDrop::FileDrop(QWidget* window) : QObject(window) {
+FileDrop::FileDrop(QWidget* window) : QObject(window), window_(window) {
   window->setAcceptDrops(true);
   window->installEventFilter(this);
+}
+
+void FileDrop::CoverFields() {
+  for (auto* field : window_->findChildren<QLineEdit*>()) {
+    field->installEventFilter(this);
+  }
 }
 
 // Nothing is accepted while a box or dialog is open: it stops the whole program.
@@ -38,6 +45,9 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
   if (isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
     auto& drag = dynamic_cast<QDropEvent&>(*event);
     const auto path = PathIn(drag.mimeData());
+    if (watched != window_ && path.isEmpty()) {
+      return false;
+    }
     if (!CanAccept() || path.isEmpty()) {
       drag.ignore();
     } else {

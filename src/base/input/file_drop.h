@@ -17,6 +17,10 @@ class FileDrop : public QObject {
  public:
   explicit FileDrop(QWidget* window);
 
+  /// Takes over the files that are dropped on the fields of the window, which would paste their
+  /// paths. Text is dropped into a field as before.
+  void CoverFields();
+
   /// While it does not accept, or while a box or dialog is open, dragged files are rejected.
   void SetAccepting(bool accepting) { isAccepting_ = accepting; }
 
@@ -30,6 +34,7 @@ class FileDrop : public QObject {
  private:
   [[nodiscard]] bool CanAccept() const;
 
+  QWidget* window_;
   bool isAccepting_ = true;
 };
 

@@ -74,6 +74,12 @@ void FocusTracker::Begin(QWidget* first) {
   FocusChanged(first);
 }
 
+// In a window that is not active, the toolkit does not report the move.
+void FocusTracker::MoveTo(QWidget* control) {
+  control->setFocus(Qt::TabFocusReason);
+  FocusChanged(control);
+}
+
 void FocusTracker::Stop() { stopped_ = true; }
 
 void FocusTracker::FocusChanged(QWidget* now) {

@@ -28,6 +28,9 @@ class FocusTracker : public QObject {
   /// Gives the focus to the first control of a window that is not shown yet, and runs its handler.
   void Begin(QWidget* first);
 
+  /// Moves the focus to a control as Tab does, even while the window is not the active one.
+  void MoveTo(QWidget* control);
+
   /// From now on nothing counts as a move.
   void Stop();
 

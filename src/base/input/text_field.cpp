@@ -130,6 +130,11 @@ void TextField::Tell(void (TextField::*what)()) {
   }
 }
 
+void TextField::PasteOver(const QString& text) {
+  selectAll();
+  insert(text);
+}
+
 bool TextField::IsBeingEdited() const {
   const auto* focused = window()->focusWidget();
   return focused != nullptr && (focused == this || focused == focusProxy());

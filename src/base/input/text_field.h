@@ -43,6 +43,9 @@ class TextField : public QLineEdit {
   /// How often anybody but Write() has changed the text.
   [[nodiscard]] int Changes() const { return changes_; }
 
+  /// Replaces the text as a person's paste over all of it does: it counts as one key let go.
+  void PasteOver(const QString& text);
+
   /// Whether this field gets its window's keys, no matter whether the window is the active one.
   [[nodiscard]] bool IsBeingEdited() const;
 
