@@ -29,6 +29,7 @@
 #include "gallery/recording.h"
 #include "shell/owning_window_list.h"
 #include "shell/system_desktop.h"
+#include "shell/system_films.h"
 #include "shell/system_registry.h"
 #include "shell/window_catalogue.h"
 #include "wav/buffering.h"
@@ -246,6 +247,7 @@ class Answers : public MessageBoxes, public FileDialogs {
     chosen(file_);
   }
   void AskForTarget(QWidget*, const FileQuestion&, const QString&, const WhenChosen&) override {}
+  void AskForFolder(QWidget*, const FileQuestion&, const WhenChosen&) override {}
 
  private:
   QString file_;
@@ -262,9 +264,12 @@ void Window(const Arguments& arguments) {
   Answers answers(arguments.empty() ? QString() : arguments[0]);
   SystemDesktop desktop(answers, clock, {});
   SystemRegistry registry;
+  SystemFilmReader films(clock, {});
+  SystemPartWriter parts(clock, {});
   OwningWindowList windows(desktop);
   const Product product;
-  Services services{record, windows, clock, answers, answers, desktop, registry, product};
+  Services services{record,  windows,  clock, answers, answers,
+                    desktop, registry, films, parts,   product};
   record.WavOverwriteSource = arguments.size() == 1;
   if (arguments.size() > 1) {
     record.WavTargetFile = arguments[1];

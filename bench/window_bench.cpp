@@ -30,6 +30,7 @@
 #include "shell/built_product.h"
 #include "shell/owning_window_list.h"
 #include "shell/system_desktop.h"
+#include "shell/system_films.h"
 #include "shell/system_registry.h"
 #include "video/bitrate_calc.h"
 
@@ -69,9 +70,12 @@ struct Calculator {
   ScreenFileDialogs dialogs{modal};
   SystemDesktop desktop{boxes, clock, {}};
   SystemRegistry registry;
+  SystemFilmReader films{clock, {}};
+  SystemPartWriter parts{clock, {}};
   OwningWindowList windows{desktop};
   Product product = BuiltProduct();
-  Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
+  Services services{record,  windows,  clock, boxes, dialogs,
+                    desktop, registry, films, parts, product};
   std::unique_ptr<Form> made = MakeBitrateCalc(services);
   Form& window = *made;
 

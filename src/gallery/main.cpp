@@ -50,9 +50,20 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
     chosen(recording_);
   }
   void AskForTarget(QWidget*, const FileQuestion&, const QString&, const WhenChosen&) override {}
+  void AskForFolder(QWidget*, const FileQuestion&, const WhenChosen&) override {}
 
  private:
   QString recording_;
+};
+
+class NoFilms : public FilmReader {
+ public:
+  std::unique_ptr<FilmJob> Begin(const QString&, const Calls&) override { return nullptr; }
+};
+
+class NoParts : public PartWriter {
+ public:
+  std::unique_ptr<FilmJob> Begin(const PartOrder&, const Calls&) override { return nullptr; }
 };
 
 // Time passes quickly, so that a short file keeps a window busy for long.
@@ -171,9 +182,12 @@ int TakeAll(const Gallery& gallery) {
   const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
   Silence silence(recording);
   SystemRegistry registry;
+  NoFilms films;
+  NoParts parts;
   OwningWindowList windows(silence);
   const Product product = BuiltProduct();
-  Services services{record, windows, clock, silence, silence, silence, registry, product};
+  Services services{record,  windows,  clock, silence, silence,
+                    silence, registry, films, parts,   product};
   AddAllWindows(windows, services, [](const auto& then) { then(); });
 
   Splash splash(services);

@@ -19,6 +19,7 @@
 #include "shell/owning_window_list.h"
 #include "shell/splash.h"
 #include "shell/system_desktop.h"
+#include "shell/system_films.h"
 #include "shell/system_registry.h"
 #include "shell/window_places.h"
 
@@ -58,8 +59,11 @@ class Program : public QObject {
   ScreenFileDialogs dialogs_{modal_};
   SystemDesktop desktop_{boxes_, clock_, folders_.program};
   SystemRegistry registry_;
+  SystemFilmReader films_{clock_, folders_.program};
+  SystemPartWriter parts_{clock_, folders_.program};
   OwningWindowList windows_{desktop_};
-  Services services_{record_, windows_, clock_, boxes_, dialogs_, desktop_, registry_, product_};
+  Services services_{record_,  windows_,  clock_, boxes_, dialogs_,
+                     desktop_, registry_, films_, parts_, product_};
   std::unique_ptr<Splash> splash_;
   std::unique_ptr<MainProg> mainProg_;
   std::optional<WindowPlaces> places_;  // once the folder of the settings is known

@@ -87,6 +87,10 @@ class FakeDialogs : public FileDialogs {
     Next(question, chosen);
   }
 
+  void AskForFolder(QWidget*, const FileQuestion& question, const WhenChosen& chosen) override {
+    Next(question, chosen);
+  }
+
   std::deque<QString> paths;  ///< an empty path means Cancel
   std::vector<FileQuestion> asked;
   std::vector<QString> suffixes;

@@ -12,6 +12,7 @@
 #include "base/windows/services.h"
 #include "shell/owning_window_list.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_films.h"
 #include "tests/support/fakes.h"
 #include "tests/support/user.h"
 
@@ -53,8 +54,11 @@ class WindowTest : public ::testing::Test {
                   .mail = QStringLiteral("velbrin@example.org"),
                   .author = QStringLiteral("Velbrin 2026")};
   FakeRegistry registry;
+  FakeFilmReader films;
+  FakePartWriter parts;
   OwningWindowList windows{desktop};
-  Services services{record, windows, clock, boxes, dialogs, desktop, registry, product};
+  Services services{record,  windows,  clock, boxes, dialogs,
+                    desktop, registry, films, parts, product};
   int defaultsLoaded = 0;  ///< how often the defaults window asked for the defaults
 };
 

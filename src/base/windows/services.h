@@ -10,6 +10,8 @@
 #include "base/settings/settings.h"
 #include "base/time/clock.h"
 #include "base/windows/desktop.h"
+#include "base/windows/film_reader.h"
+#include "base/windows/part_writer.h"
 #include "base/windows/registry.h"
 #include "base/windows/window_list.h"
 
@@ -32,6 +34,8 @@ struct Services {
   FileDialogs& dialogs;
   Desktop& desktop;
   Registry& registry;
+  FilmReader& films;
+  PartWriter& parts;
   const Product& product;
 };
 

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velbrin and the Brindle contributors
+// SPDX-License-Identifier: MIT
+
+#include <QProcess>
+#include <QString>
+
+#include "shell/command_run.h"
+
+namespace brindle {
+
+QString CommandLineName() { return QStringLiteral("brindle.exe"); }
+
+// A program without a window hears of no wish to end.
+void AskToEnd(QProcess& process) { process.kill(); }
+
+}  // namespace brindle
