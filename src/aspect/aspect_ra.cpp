@@ -12,6 +12,7 @@
 #include "aspect/resolution.h"
 #include "base/input/drop_down_list.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -22,7 +23,10 @@
 #include "base/input/wiring.h"
 #include "base/numbers/numeric_text.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/services.h"
+#include "media/film.h"
 
 namespace brindle {
 namespace {
@@ -37,7 +41,7 @@ constexpr int MostHeight = 576;
 constexpr double RatioTooLarge = 100;
 constexpr QStringView LargestRatio(u"99.999");
 
-class AspectRa : public Form {
+class AspectRa : public FilmForm {
   enum Mode { Free, Standard, Custom };
 
   Settings& record_;
@@ -73,7 +77,8 @@ class AspectRa : public Form {
 
  public:
   explicit AspectRa(Services& services)
-      : Form(u"AspectRa"_s, u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s),
+      : FilmForm(services, u"AspectRa"_s,
+                 u"Velbrin's Brindle 2 : Resolution / Aspect Ratio Calc"_s),
         record_(services.record) {
     AR1.addItems(
         {u"1:1"_s, u"4:3 (1.33:1)"_s, u"1.66:1"_s, u"16:9 (1.778:1)"_s, u"1.85:1"_s, u"2.35:1"_s});
@@ -89,7 +94,7 @@ class AspectRa : public Form {
     AspectRatio.Write(u"1.778"_s);
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Down({
         MakeFrame(u"Movie Aspect Ratio"_s, {
           {AspectR.At(Free), {}},
@@ -111,6 +116,18 @@ class AspectRa : public Form {
     WireEvents();
     Form_Load();
     Focus().Begin(AspectR.TabStop());
+  }
+
+ protected:
+  // The shape comes last: it makes the height one that goes with the width.
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    if (film.video) {
+      filler.Choose(AspectR, Free);
+      filler.Slide(HRES, film.video->width);
+      filler.Slide(VRES, film.video->height);
+      filler.Choose(AspectR, Custom);
+      FillIf(filler, AR2, ShapeOf(film));
+    }
   }
 
  private:

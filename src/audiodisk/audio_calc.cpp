@@ -10,6 +10,7 @@
 
 #include "audiodisk/audio_bitrate.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -22,17 +23,20 @@
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/interleaving_label.h"
 #include "base/windows/overhead_opener.h"
 #include "base/windows/services.h"
 #include "base/windows/window_list.h"
+#include "media/film.h"
 
 namespace brindle {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-class AudioCalc : public Form, public OverheadOpener {
+class AudioCalc : public FilmForm, public OverheadOpener {
   Services& services_;
   Settings& record_;
   SpinHold spin_;
@@ -55,7 +59,7 @@ class AudioCalc : public Form, public OverheadOpener {
 
  public:
   explicit AudioCalc(Services& services)
-      : Form(u"AudioCalc"_s, u"Velbrin's Brindle 2 : Audio Bitrate Calc"_s),
+      : FilmForm(services, u"AudioCalc"_s, u"Velbrin's Brindle 2 : Audio Bitrate Calc"_s),
         services_(services),
         record_(services.record),
         spin_(*this, services.clock, services.record) {
@@ -65,7 +69,7 @@ class AudioCalc : public Form, public OverheadOpener {
     Qual.Write(u"128kbps (Good)"_s);
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Down({
         MakeFrame(u"Frame1"_s, u"Settings"_s, {
           {MakeLabel(u"Label1"_s, u"Movie Length (min) :"_s), {&MLength, &MLengthP, &MLengthM}},
@@ -88,6 +92,14 @@ class AudioCalc : public Form, public OverheadOpener {
 
   void Recompute() override { CalcAudioBitrate(); }
   void ShowInterleaving() override { Interl.Refresh(); }
+
+ protected:
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    FillIf(filler, MLength, MinutesOf(film));
+    if (film.video) {
+      filler.Type(Source, MegaBytesText(film.video->bytes));
+    }
+  }
 
  private:
   void WireEvents() {

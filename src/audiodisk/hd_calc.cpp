@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <QString>
 #include <QWidget>
@@ -15,6 +16,7 @@
 #include "base/input/common_choices.h"
 #include "base/input/editable_list.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -27,14 +29,17 @@
 #include "base/numbers/numeric_text.h"
 #include "base/numbers/rounding.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/services.h"
+#include "media/film.h"
 
 namespace brindle {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-class HDCalc : public Form {
+class HDCalc : public FilmForm {
   enum VideoMode { ByBitrate, BySize };
   enum AudioType { Wav44, Wav48, Compressed };
 
@@ -69,7 +74,7 @@ class HDCalc : public Form {
 
  public:
   explicit HDCalc(Services& services)
-      : Form(u"HDCalc"_s, u"Velbrin's Brindle 2 : HD Space Calc"_s),
+      : FilmForm(services, u"HDCalc"_s, u"Velbrin's Brindle 2 : HD Space Calc"_s),
         record_(services.record),
         spin_(*this, services.clock, services.record) {
     const auto divXLabel = u"DivX version :"_s;
@@ -79,7 +84,7 @@ class HDCalc : public Form {
     MP2.Field()->setText(u"224"_s);
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Tiles({
         {
           MakeFrame(u"VideoF"_s, u"Video"_s, {
@@ -107,6 +112,24 @@ class HDCalc : public Form {
     WireEvents();
     Form_Load();
     Focus().Begin(Video.TabStop());
+  }
+
+ protected:
+  // The bitrate is in the kilobits of the codec that is chosen, so that the size comes out right.
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    FillIf(filler, MLength, MinutesOf(film));
+    if (film.video) {
+      constexpr double mostBits = 1024;
+      FillIf(filler, Video1, VideoBitrateOf(film, mostBits * VideoFactor));
+      filler.Type(Video2, MegaBytesText(film.video->bytes));
+    }
+    if (!film.audio.empty()) {
+      const auto type = TypeOf(film.audio);
+      filler.Choose(Audio, type);
+      if (type == Compressed) {
+        FillIf(filler, MP2, AudioBitrateOf(film));
+      }
+    }
   }
 
  private:
@@ -278,6 +301,15 @@ class HDCalc : public Form {
   void MLengthP_MouseUp() { spin_.Release(MLength); }
   void MLengthM_MouseDown() { HoldMinus(MLength, 1, &HDCalc::MLength_KeyUp); }
   void MLengthM_MouseUp() { spin_.Release(MLength); }
+
+  // Uncompressed stereo has options of its own.
+  static AudioType TypeOf(const std::vector<FilmAudio>& tracks) {
+    const auto& first = tracks.front();
+    const bool isWav = tracks.size() == 1 && first.codec == "pcm_s16le" && first.channels == 2;
+    return isWav && first.sampleRate == 44100   ? Wav44
+           : isWav && first.sampleRate == 48000 ? Wav48
+                                                : Compressed;
+  }
 
   void ShowVideoInputs() {
     const bool byBitrate = Video.Selected() == ByBitrate;

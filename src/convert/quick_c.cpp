@@ -11,6 +11,7 @@
 
 #include "base/input/common_choices.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/frame_count.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -22,8 +23,10 @@
 #include "base/numbers/rounding.h"
 #include "base/numbers/running_time.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
 #include "base/windows/services.h"
 #include "convert/size_units.h"
+#include "media/film.h"
 
 namespace brindle {
 namespace {
@@ -64,7 +67,7 @@ void WriteRunningMinutes(TextField& field, double minutes) {
   }
 }
 
-class QuickC : public Form {
+class QuickC : public FilmForm {
   Settings& record_;
   double FrameRate = 0;  // frames per second
 
@@ -83,7 +86,8 @@ class QuickC : public Form {
 
  public:
   explicit QuickC(Services& services)
-      : Form(u"QuickC"_s, u"Velbrin's Brindle 2 : Quick Convert"_s), record_(services.record) {
+      : FilmForm(services, u"QuickC"_s, u"Velbrin's Brindle 2 : Quick Convert"_s),
+        record_(services.record) {
     const auto timeLabel = u"Hr:Min:Sec"_s;
     NameByTooltip(timeLabel, {&Time1, &Time2, &Time3});
     for (auto* part : {&Time1, &Time2, &Time3}) {
@@ -99,7 +103,7 @@ class QuickC : public Form {
     Frames.setText(u"150000"_s);
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Down({
         MakeFrame(u"Time / Frames"_s, {
           {timeLabel, {&Time1, &Time2, &Time3}},
@@ -119,6 +123,13 @@ class QuickC : public Form {
     WireEvents();
     Form_Load();
     Focus().Begin(&Min);  // never the hours, minutes or seconds
+  }
+
+ protected:
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    ChooseFrameRate(filler, System, film);
+    FillTime(filler, film, Min, {&Time1, &Time2, &Time3});
+    filler.Type(B, QString::number(film.bytes));
   }
 
  private:

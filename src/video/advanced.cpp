@@ -3,6 +3,7 @@
 
 #include "video/advanced.h"
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 
@@ -10,6 +11,7 @@
 
 #include "base/input/check_box.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -20,9 +22,12 @@
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/rounding.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/overhead_opener.h"
 #include "base/windows/services.h"
 #include "base/windows/window_list.h"
+#include "media/film.h"
 #include "video/overhead.h"
 
 namespace brindle {
@@ -32,7 +37,7 @@ using namespace Qt::StringLiterals;
 
 QString SameSetting() { return u"Choose the same setting you are using when creating your AVIs"_s; }
 
-class Advanced : public Form {
+class Advanced : public FilmForm {
   enum class Interleaving { WhenTicked, Always };
   enum Interval { ByTime = 1, ByPal, ByFilm, ByNtsc };
   // From this option on they count frames and stand for the frame-rate systems, beginning with 0.
@@ -58,7 +63,9 @@ class Advanced : public Form {
 
  public:
   explicit Advanced(Services& services)
-      : Form(u"Advanced"_s, u"Advanced"_s), services_(services), record_(services.record) {
+      : FilmForm(services, u"Advanced"_s, u"Advanced"_s),
+        services_(services),
+        record_(services.record) {
     Itime.setText(u"400"_s);
     for (auto* frames : {&Iframe1, &Iframe2, &Iframe3}) {
       frames->setText(u"1"_s);
@@ -68,7 +75,7 @@ class Advanced : public Form {
     // indices, and users know the order on the screen (AdvancedTest,
     // ArrowKeysChooseTheOptionBelow).
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Down({
         MakeFrame(u"Frame2"_s, u"AVI Interleaving Settings"_s, {
           {&VOver, {}},
@@ -87,6 +94,19 @@ class Advanced : public Form {
     WireEvents();
     Form_Load();
     Focus().Begin(&VOver);
+  }
+
+ protected:
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    if (film.framesBetweenAudio) {
+      filler.Tick(AOver);
+    }
+    ChooseFrameRate(filler, InterlOpt, film, FirstByFrames);
+    const auto option = InterlOpt.Selected();
+    if (film.framesBetweenAudio && option >= FirstByFrames) {
+      const double frames = AcceptedInterleaveFrames(std::round(*film.framesBetweenAudio));
+      filler.Type(*IntervalOf(*option), QString::number(frames));
+    }
   }
 
  private:

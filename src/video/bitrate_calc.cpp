@@ -3,7 +3,6 @@
 
 #include "video/bitrate_calc.h"
 
-#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,6 +12,7 @@
 #include "base/input/common_choices.h"
 #include "base/input/editable_list.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/number_fields.h"
@@ -28,10 +28,14 @@
 #include "base/numbers/rounding.h"
 #include "base/numbers/stepping.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/interleaving_label.h"
 #include "base/windows/overhead_opener.h"
 #include "base/windows/services.h"
 #include "base/windows/window_list.h"
+#include "media/film.h"
+#include "video/size_label.h"
 #include "video/time_fields.h"
 #include "video/video_bitrate.h"
 
@@ -40,17 +44,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString WidestSize() { return u"8888888.8MB"_s; }
-
-// Blank for a size that is 0, negative or out of range.
-QString SizeText(double megaBytes) {
-  if (!std::isfinite(megaBytes) || megaBytes <= 0) {
-    return {};
-  }
-  return ToQString(Formatted(megaBytes, "#.0")) + u"MB"_s;
-}
-
-class BitrateCalc : public Form, public OverheadOpener {
+class BitrateCalc : public FilmForm, public OverheadOpener {
   enum Spin { MLengthPHeld = 1, MLengthMHeld, ExtraPHeld, ExtraMHeld };
 
   Services& services_;
@@ -79,16 +73,16 @@ class BitrateCalc : public Form, public OverheadOpener {
   InterleavingLabel Interl{record_};
   ResultField Result{u"Result"_s,
                      u"Video bitrate setting for DivX 3 (low-motion) or DivX 4/5 (2-pass)"_s, 6};
-  ValueLabel VideoSize{u"Stat(0)"_s, u"Total size of the video."_s, {WidestSize()}};
-  ValueLabel AudioSize{u"Stat(1)"_s, u"Total size of the audio."_s, {WidestSize()}};
-  ValueLabel OverheadSize{u"Stat(2)"_s, u"Total size of the AVI overhead."_s, {WidestSize()}};
+  SizeLabel VideoSize{u"Stat(0)"_s, u"Total size of the video."_s};
+  SizeLabel AudioSize{u"Stat(1)"_s, u"Total size of the audio."_s};
+  SizeLabel OverheadSize{u"Stat(2)"_s, u"Total size of the AVI overhead."_s};
   ValueLabel Qual{u"Qual"_s,
                   u"Estimated quality is a very coarse estimation for a 640x... resolution"_s,
                   {u"Max. setting is 10000"_s}};
 
  public:
   explicit BitrateCalc(Services& services)
-      : Form(u"BitrateCalc"_s, u"Velbrin's Brindle 2 : Video Bitrate Calc"_s),
+      : FilmForm(services, u"BitrateCalc"_s, u"Velbrin's Brindle 2 : Video Bitrate Calc"_s),
         services_(services),
         record_(services.record),
         spin_(*this, services.clock, services.record) {
@@ -102,7 +96,7 @@ class BitrateCalc : public Form, public OverheadOpener {
     Qual.Write(u"Medium"_s);
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Tiles({
         {
           MakeFrame(u"Basic Settings"_s, {
@@ -139,6 +133,12 @@ class BitrateCalc : public Form, public OverheadOpener {
 
   void Recompute() override { CalcVideoBitrate(); }
   void ShowInterleaving() override { Interl.Refresh(); }
+
+ protected:
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    FillTime(filler, film, MLength, {&Time1, &Time2, &Time3});
+    FillIf(filler, Audio, AudioBitrateOf(film));
+  }
 
  private:
   void WireEvents() {
@@ -377,9 +377,9 @@ class BitrateCalc : public Form, public OverheadOpener {
         .divXFactor = DivXFactor,
     });
     Result.Write(result.kiloBits > 0 ? ToQString(Formatted(result.kiloBits, "#")) : QString());
-    VideoSize.Write(SizeText(result.videoMegaBytes));
-    AudioSize.Write(SizeText(result.audioMegaBytes));
-    OverheadSize.Write(SizeText(result.overheadMegaBytes));
+    VideoSize.WriteSize(result.videoMegaBytes);
+    AudioSize.WriteSize(result.audioMegaBytes);
+    OverheadSize.WriteSize(result.overheadMegaBytes);
     RateQuality(result.kiloBits);
   }
 };

@@ -98,6 +98,8 @@ inline const std::vector<ControlRow>& ControlRows() {
   static const std::string film = "Movie Aspect Ratio";
   static const std::string output = "Output Video Settings";
   static const std::string same = "Choose the same setting you are using when creating your AVIs";
+  static const std::string fromFile = "Fill this window with the figures of a film (Ctrl+O)";
+  static const std::string dropHere = "or drop a film here";
   static const std::string website = "https://example.org/brindle";
   static const std::string author = "Velbrin 2026";
   static const std::string toolkit = "Qt \u00A9 The Qt Company Ltd., GNU LGPL 3";
@@ -211,6 +213,8 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"BitrateCalc", "Stat(1)", K::Label, "", "91.6MB", "Total size of the audio.", "Audio:"},
       {"BitrateCalc", "Stat(2)", K::Label, "", "6.9MB", "Total size of the AVI overhead.",
        "Overhead:"},
+      {"BitrateCalc", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 11},
+      {"BitrateCalc", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"Advanced", "Frame2", K::Frame, "", "AVI Interleaving Settings", "",
        "AVI Interleaving Settings"},
@@ -233,6 +237,8 @@ inline const std::vector<ControlRow>& ControlRows() {
        "NTSC 23.976 fps", 4},
       {"Advanced", "Iframe2", K::Field, interleave, "1", same, "NTSC 23.976 fps", 6},
       {"Advanced", "Command1", K::Button, "", "OK", "", "OK", 7},
+      {"Advanced", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 8},
+      {"Advanced", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"AudioCalc", "Frame1", K::Frame, "", "Settings", "", "Settings"},
       {"AudioCalc", "Label1", K::Label, settings, "Movie Length (min) :", "",
@@ -270,6 +276,8 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"AudioCalc", "Label7", K::Label, "", "Suggested Bitrate :", "", "Suggested Bitrate :"},
       {"AudioCalc", "Qual", K::Label, "", "192kbps (Excellent)",
        "Bitrate rounded to the nearest MP3 standard", "Suggested Bitrate :"},
+      {"AudioCalc", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 5},
+      {"AudioCalc", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"HDCalc", "VideoF", K::Frame, "", "Video", "", "Video"},
       {"HDCalc", "Video(0)", K::Option, "Video", "Bitrate (kbps)", "Video bitrate in kbps",
@@ -311,6 +319,8 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"HDCalc", "Result", K::Label, "", "1660",
        "Megabytes of HD space needed for the Audio & Video files",
        "Hard Disk Space Required (MB) :", 7},
+      {"HDCalc", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 8},
+      {"HDCalc", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"AVISplit", "AVIsize", K::Field, general, "1300",
        "The size of the big AVI file that needs to be split", "AVI Size (MB):", 0},
@@ -349,6 +359,11 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"AVISplit", "SegNo3Lab2", K::Label, ranges, "3", "", "3"},
       {"AVISplit", "SetF(6)", K::Field, ranges, "0", "", "Segment 3 Selection Start", 14},
       {"AVISplit", "SetF(7)", K::Field, ranges, "149749", "", "Segment 3 Selection End", 15},
+      {"AVISplit", "PartSizes", K::Label, "", "", "", "Segment sizes"},
+      {"AVISplit", "WriteParts", K::Button, "", "Write Parts...",
+       "Write the segments of the film into a folder", "Write Parts...", 16},
+      {"AVISplit", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 17},
+      {"AVISplit", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"QuickC", "Time1", K::Field, frames, "1", "Hours", "Hr:Min:Sec Hours", 0},
       {"QuickC", "Time2", K::Field, frames, "40", "Minutes", "Hr:Min:Sec Minutes", 1},
@@ -364,6 +379,8 @@ inline const std::vector<ControlRow>& ControlRows() {
       {"QuickC", "KB", K::Field, bytes, "1048576", "Kilobytes", "KB", 7},
       {"QuickC", "MB", K::Field, bytes, "1024", "Megabytes", "MB", 8},
       {"QuickC", "GB", K::Field, bytes, "1", "Gigabytes", "GB", 9},
+      {"QuickC", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 10},
+      {"QuickC", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"AspectRa", "AspectR(0)", K::Option, film, "Free",
        "No AR set. Unlocks the resolution sliders.", "Free", 0},
@@ -391,6 +408,8 @@ inline const std::vector<ControlRow>& ControlRows() {
        "Aspect ratio of the displayed resolution.", "Aspect ratio:"},
       {"AspectRa", "Stats(5)", K::Label, output, "-0.9%",
        "An AR error of up to about 2% is considered negligible.", "Aspect error:"},
+      {"AspectRa", "FromFile", K::Button, "", "From File...", fromFile, "From File...", 8},
+      {"AspectRa", "FilmLine", K::Label, "", dropHere, "", dropHere},
 
       {"WavNorm", "Mbuffer", K::CheckBox, options,
        "Multi-buffering (faster for source/target on the same HDD)",
