@@ -3,15 +3,18 @@
 
 #include "split/avi_split.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include <QString>
 
 #include "base/input/common_choices.h"
 #include "base/input/form.h"
+#include "base/input/form_filler.h"
 #include "base/input/frame_count.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
@@ -21,11 +24,16 @@
 #include "base/input/wiring.h"
 #include "base/numbers/frame_rate.h"
 #include "base/numbers/rounding.h"
-#include "base/numbers/stepping.h"
 #include "base/settings/settings.h"
+#include "base/windows/film_form.h"
+#include "base/windows/film_text.h"
 #include "base/windows/services.h"
+#include "media/film.h"
 #include "split/duration_labels.h"
+#include "split/film_split.h"
+#include "split/parts_panel.h"
 #include "split/range_table.h"
+#include "split/split_fields.h"
 #include "split/split_plan.h"
 
 namespace brindle {
@@ -33,18 +41,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double MostFrames = 99999999;
-constexpr double LongestInterval = 100;  // seconds
-
-void WriteOrClear(TextField& field, double value) {
-  if (value < 0) {
-    field.Write({});
-  } else {
-    WriteNumber(field, value);
-  }
-}
-
-class AVISplit : public Form {
+class AVISplit : public FilmForm {
   enum Segments { Two, Three };
 
   Settings& record_;
@@ -62,14 +59,17 @@ class AVISplit : public Form {
   PlainLabel SegNo3Lab{u"SegNo3Lab"_s, u"3"_s};
   OptionGroup System{u"System"_s};
   TextField KeyFs{u"KeyFs"_s, u"DivX 3 codec setting"_s};
+  SplitFields fields_{AVIsize, Frames, Size1, Size2, KeyFs};
   ValueLabel KeyFr{u"KeyFr"_s, {}, {u"88888888"_s}};
   DurationLabels duration_;
   RangeTable ranges_;
+  PartsPanel parts_;
 
  public:
   explicit AVISplit(Services& services)
-      : Form(u"AVISplit"_s, u"Velbrin's Brindle 2 : AVI Splitting Calc"_s),
-        record_(services.record) {
+      : FilmForm(services, u"AVISplit"_s, u"Velbrin's Brindle 2 : AVI Splitting Calc"_s),
+        record_(services.record),
+        parts_(*this, services) {
     const auto segmentsLabel = u"No. of Segments:"_s;
     const auto sizeLabel = u"Size (MB):"_s;
     const auto systemLabel = u"System:"_s;
@@ -84,7 +84,7 @@ class AVISplit : public Form {
     KeepRoom({&SegNo3Lab, &Size3});
 
     // clang-format off
-    LayOut(this,
+    LayOutAboveFilm(
       Down({
         Across({
           MakeFrame(u"General Settings"_s, {
@@ -110,6 +110,7 @@ class AVISplit : public Form {
           }),
         }),
         MakeFrame(u"Select and DELETE indicated frame ranges:"_s, ranges_.Layout()),
+        parts_.Line(),
       }));
     // clang-format on
 
@@ -117,6 +118,25 @@ class AVISplit : public Form {
     Form_Load();
     Focus().Begin(&AVIsize);
   }
+
+  void WillClose() override {
+    FilmForm::WillClose();
+    parts_.Stop();
+  }
+
+ protected:
+  // The size of the file comes before the frames, which show at once where to cut it.
+  void FillFrom(const Film& film, FormFiller& filler) override {
+    ChooseFrameRate(filler, System, film);
+    filler.Type(AVIsize, MegaBytesText(film.bytes));
+    if (film.video) {
+      filler.Type(Frames, QString::number(film.video->frames));
+    }
+    FillIf(filler, KeyFs, KeyFrameDistanceOf(film));
+  }
+  void FilmTaken(const Film& /*film*/) override { Recalculate(); }
+  void FilmLeft() override { parts_.Clear(); }
+  void AskToClose(const std::function<void()>& agreed) override { parts_.AskToClose(agreed); }
 
  private:
   void WireEvents() {
@@ -134,6 +154,8 @@ class AVISplit : public Form {
       .MouseDown(&Self::Size2_MouseDown);
     on(Size3).GotFocus(&Self::Size3_GotFocus);
     on(System).Click(&Self::System_Click);
+    connect(&parts_, &PartsPanel::WritingChanged, this,
+            [this](bool isWriting) { SetTaking(!isWriting); });
     on(KeyFs).GotFocus(&Self::KeyFs_GotFocus).KeyPress(&Self::KeyFs_KeyPress)
       .KeyUp(&Self::KeyFs_KeyUp).MouseDown(&Self::KeyFs_MouseDown);
     // clang-format on
@@ -207,7 +229,7 @@ class AVISplit : public Form {
   // has always been (LimitsWithoutRecomputing, AndStores).
   void KeyFs_KeyPress() {
     if (!IsEmpty(KeyFs)) {
-      LimitKeyFs();
+      LimitInterval(KeyFs);
       record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
     }
   }
@@ -243,7 +265,7 @@ class AVISplit : public Form {
     if (IsEmpty(Frames)) {
       return;
     }
-    TakeWholeFrames();
+    TakeWholeFrames(Frames);
     RepairSign(Frames);
     if (NumberIn(Frames) > 0) {
       StoreRunningTime();
@@ -253,15 +275,8 @@ class AVISplit : public Form {
 
   void LimitFrames() {
     if (!IsEmpty(Frames)) {
-      TakeWholeFrames();
+      TakeWholeFrames(Frames);
       StoreRunningTime();
-    }
-  }
-
-  // A number that the program wrote is whole already, and no limit applies to it.
-  void TakeWholeFrames() {
-    if (!Frames.WrittenFrom()) {
-      WriteTyped(Frames, WholePart(ShrinkByTens(LeadingNumberIn(Frames), MostFrames)));
     }
   }
 
@@ -272,21 +287,11 @@ class AVISplit : public Form {
     if (IsEmpty(KeyFs)) {
       return;
     }
-    LimitKeyFs();
+    LimitInterval(KeyFs);
     WriteNumber(KeyFs, WholePart(NumberIn(KeyFs)));
     record_.KeyframeInterval = ToInteger16(NumberIn(KeyFs));
     if (NumberIn(KeyFs) > 0) {
       Recalculate();
-    }
-  }
-
-  // Deliberately divides twice at most: 50000 becomes 500 and stays, as it always has (KeyFsEntry,
-  // IsDividedByTenTwiceAtMost).
-  void LimitKeyFs() {
-    for (int i = 0; i < 2; ++i) {
-      if (NumberIn(KeyFs) > LongestInterval) {
-        WriteNumber(KeyFs, NumberIn(KeyFs) / 10);
-      }
     }
   }
 
@@ -298,39 +303,9 @@ class AVISplit : public Form {
     Size2.ShowAsResult(!isShown);
   }
 
-  // Leaves the field that is being edited alone, and deliberately stores nothing of what it cuts
-  // to fit: the next opening shows what the user typed (SplitLoading). While the size of the file
-  // is typed, every key starts from the sizes that were typed: 1400 passes 1, 14 and 140.
   void FillBlankFields(const TextField* editing = nullptr) {
-    const auto one = u"1"_s;
-    const bool isThree = Segs.Selected() == Three;
-    if (editing != &AVIsize) {
-      FillBlank(AVIsize, one);
-    } else {
-      WriteNumber(Size1, record_.SplitSize1);
-      if (isThree) {
-        WriteNumber(Size2, record_.SplitSize2);
-      }
-    }
-    if (editing != &Frames) {
-      FillBlank(Frames, one);
-    }
-    if (editing != &Size1) {
-      FillBlank(Size1, one);
-      if (LeadingNumberIn(AVIsize) < NumberIn(Size1)) {
-        WriteNumber(Size1, LeadingNumberIn(AVIsize));
-      }
-    }
-    if (editing != &Size2 && isThree) {
-      FillBlank(Size2, one);
-      const double rest = Remainder(LeadingNumberIn(AVIsize), LeadingNumberIn(Size1));
-      if (rest < NumberIn(Size2)) {
-        WriteNumber(Size2, std::max(rest, 0.0));
-      }
-    }
-    if (editing != &KeyFs) {
-      FillBlank(KeyFs, one);
-    }
+    FillBlanks(fields_, {record_.SplitSize1, record_.SplitSize2}, Segs.Selected() == Three,
+               editing);
   }
 
   // Without a frame rate the running time stays as it is.
@@ -369,7 +344,7 @@ class AVISplit : public Form {
     UpdateFrames();
     const auto inputs = InputsOf(NumberIn(Size1), 0);
     WriteOrClear(Size2, Remainder(inputs.megaBytes, inputs.firstMegaBytes));
-    ranges_.ShowTwo(PlanOfTwo(inputs));
+    ranges_.ShowTwo(PlanByKeyFrames({inputs.firstMegaBytes}).value_or(PlanOfTwo(inputs)));
   }
 
   // Deliberately takes the leading numbers of its parts, while two segments take whole texts only:
@@ -379,7 +354,20 @@ class AVISplit : public Form {
     UpdateFrames();
     const auto inputs = InputsOf(LeadingNumberIn(Size1), LeadingNumberIn(Size2));
     WriteOrClear(Size3, Remainder(inputs.megaBytes, inputs.firstMegaBytes, inputs.secondMegaBytes));
-    ranges_.ShowThree(PlanOfThree(inputs));
+    ranges_.ShowThree(PlanByKeyFrames({inputs.firstMegaBytes, inputs.secondMegaBytes})
+                          .value_or(PlanOfThree(inputs)));
+  }
+
+  // The plan of the film, on its real key frames; nothing without a film, or if it tells none. The
+  // last part has no size: it takes the rest.
+  std::optional<SplitPlan> PlanByKeyFrames(const std::vector<double>& megaBytes) {
+    const auto* film = CurrentFilm();
+    if (film == nullptr || !film->video || film->keyFrames.empty()) {
+      return std::nullopt;
+    }
+    const auto split = SplitOfFilm(*film, megaBytes);
+    parts_.Show(FilmPath(), *film, split);
+    return PlanOfFilm(*film, split, megaBytes.size() + 1);
   }
 
   void Recalculate() {
