@@ -17,6 +17,7 @@
 #include <QString>
 
 #include "base/input/check_box.h"
+#include "base/input/file_drop.h"
 #include "base/input/labels.h"
 #include "base/input/layout.h"
 #include "base/input/picture.h"
@@ -25,6 +26,7 @@
 #include "base/settings/settings.h"
 #include "base/settings/settings_file.h"
 #include "base/settings/settings_lines.h"
+#include "base/windows/file_opener.h"
 #include "extras/start_up_entry.h"
 #include "shell/quoted_part.h"
 
@@ -147,6 +149,7 @@ class MainProgWindow final : public MainProg {
     WireEvents();
     connect(this, &Form::HelpAsked, this,
             [this] { services_.desktop.OpenHelp(this, objectName()); });
+    TakeDrops();
     Focus().Begin(&VideoBC);
     Form_Load();
   }
@@ -192,6 +195,25 @@ class MainProgWindow final : public MainProg {
     on(SaveSettings).Click(&Self::SaveSettings_Click);
     on(About).Click(&Self::About_Click);
     on(Webs).Click(&Self::Webs_Click);
+  }
+
+  // A file that is dropped on a button goes to the window that the button opens.
+  void TakeDrops() {
+    OpenDropped(VideoBC, WindowId::BitrateCalc);
+    OpenDropped(AudioBC, WindowId::AudioCalc);
+    OpenDropped(HDC, WindowId::HDCalc);
+    OpenDropped(AVISplitC, WindowId::AVISplit);
+    OpenDropped(RAR, WindowId::AspectRa);
+    OpenDropped(QuickCon, WindowId::QuickC);
+    OpenDropped(Normalize, WindowId::WavNorm);
+  }
+
+  void OpenDropped(QPushButton& button, WindowId id) {
+    connect(new FileDrop(&button), &FileDrop::Dropped, this, [this, id](const QString& path) {
+      if (GuardedShow(id)) {
+        dynamic_cast<FileOpener&>(services_.windows.Load(id)).OpenFile(path);
+      }
+    });
   }
 
   void Form_Load() {
@@ -269,10 +291,11 @@ class MainProgWindow final : public MainProg {
   void About_Click() { services_.windows.Open(WindowId::AboutWin); }
   void Webs_Click() { services_.desktop.OpenAddress(this, services_.product.website); }
 
-  // For the two windows that may lack a shared library on the user's system.
-  void GuardedShow(WindowId id) {
+  // For the two windows that may lack a shared library on the user's system. Whether it is shown.
+  bool GuardedShow(WindowId id) {
     try {
       services_.windows.Open(id);
+      return true;
     } catch (const std::exception& error) {
       const QString text = u"You are missing a shared library file ("_s +
                            QuotedPart(QString::fromUtf8(error.what())) +
@@ -280,6 +303,7 @@ class MainProgWindow final : public MainProg {
                            services_.product.website +
                            u" and download the FULL installation package."_s;
       services_.boxes.Ask(this, text, BoxButtons::CancelTryAgainContinue, [](BoxAnswer) {});
+      return false;
     }
   }
 };

@@ -16,6 +16,7 @@
 #include "base/input/wiring.h"
 #include "base/settings/settings.h"
 #include "base/windows/file_opener.h"
+#include "wav/film_sound.h"
 #include "wav/normalizer_panels.h"
 #include "wav/normalizer_tasks.h"
 #include "wav/output_choice.h"
@@ -51,7 +52,12 @@ class WavNorm : public Form, public FileOpener {
   void WillClose() override { tasks_.Stop(); }
 
   void OpenFile(const QString& path) override {
-    if (tasks_.Runner().IsIdle() && ShowFile(path)) {
+    if (!tasks_.Runner().IsIdle()) {
+      return;
+    }
+    if (IsFilm(path)) {
+      services_.boxes.Tell(this, HowToGetSound(path));
+    } else if (ShowFile(path)) {
       tasks_.TakeFile(path);
     }
   }
