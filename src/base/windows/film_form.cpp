@@ -13,6 +13,7 @@
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QObject>
+#include <QShortcut>
 #include <QString>
 
 #include "base/input/layout.h"
@@ -42,7 +43,8 @@ FilmForm::FilmForm(Services& services, const QString& name, const QString& capti
       services_(services),
       FromFile(u"FromFile"_s, Opens(), u"Fill this window with the figures of a film (Ctrl+O)"_s),
       FilmLine(u"FilmLine"_s, NoFilm()) {
-  FromFile.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+  // Not the button's own: that would press Stop, too.
+  new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this, this, &FilmForm::AskForFilm);
   connect(&FromFile, &PushButton::clicked, this, &FilmForm::FromFile_Click);
   connect(&drop_, &FileDrop::Dropped, this, &FilmForm::OpenFile);
 }
@@ -57,6 +59,13 @@ void FilmForm::LayOutAboveFilm(QLayout* tree) {
 void FilmForm::FromFile_Click() {
   if (reading_ != nullptr) {
     Stop();
+  } else {
+    AskForFilm();
+  }
+}
+
+void FilmForm::AskForFilm() {
+  if (!FromFile.isEnabled()) {
     return;
   }
   const QStringList filters{
@@ -203,12 +212,9 @@ void FilmForm::ShowIdle() {
 
 // The button keeps its width, so that nothing moves.
 void FilmForm::ShowCaption(const QString& caption) {
-  const bool isIdle = caption == Opens();
-  FromFile.setMinimumWidth(isIdle ? 0 : FromFile.width());
+  FromFile.setMinimumWidth(caption == Opens() ? 0 : FromFile.width());
   FromFile.setText(caption);
   FromFile.setAccessibleName(caption);
-  // A text takes the shortcut away; and the key that opens must not stop.
-  FromFile.setShortcut(isIdle ? QKeySequence(Qt::CTRL | Qt::Key_O) : QKeySequence());
 }
 
 }  // namespace brindle

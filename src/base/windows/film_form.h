@@ -98,6 +98,7 @@ class FilmForm : public Form, public FileOpener {
   };
 
   void FromFile_Click();
+  void AskForFilm();
   void Stop();
   void Progress(int percent);
   void Ended(const FilmReader::Read& read);
