@@ -264,7 +264,7 @@ void Window(const Arguments& arguments) {
   Answers answers(arguments.empty() ? QString() : arguments[0]);
   SystemDesktop desktop(answers, clock, {});
   SystemRegistry registry;
-  SystemFilmReader films(clock, {});
+  SystemFilmSource films(clock, {});
   SystemPartWriter parts(clock, {});
   OwningWindowList windows(desktop);
   const Product product;

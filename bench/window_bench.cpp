@@ -70,7 +70,7 @@ struct Calculator {
   ScreenFileDialogs dialogs{modal};
   SystemDesktop desktop{boxes, clock, {}};
   SystemRegistry registry;
-  SystemFilmReader films{clock, {}};
+  SystemFilmSource films{clock, {}};
   SystemPartWriter parts{clock, {}};
   OwningWindowList windows{desktop};
   Product product = BuiltProduct();

@@ -56,7 +56,7 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
   QString recording_;
 };
 
-class NoFilms : public FilmReader {
+class NoFilms : public FilmSource {
  public:
   std::unique_ptr<FilmJob> Begin(const QString&, const Calls&) override { return nullptr; }
 };

@@ -14,7 +14,7 @@
 #include <QStringList>
 
 #include "base/time/clock.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 
 namespace brindle {
 

@@ -59,7 +59,7 @@ class Program : public QObject {
   ScreenFileDialogs dialogs_{modal_};
   SystemDesktop desktop_{boxes_, clock_, folders_.program};
   SystemRegistry registry_;
-  SystemFilmReader films_{clock_, folders_.program};
+  SystemFilmSource films_{clock_, folders_.program};
   SystemPartWriter parts_{clock_, folders_.program};
   OwningWindowList windows_{desktop_};
   Services services_{record_,  windows_,  clock_, boxes_, dialogs_,

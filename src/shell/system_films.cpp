@@ -32,32 +32,32 @@ QString Message(const QString& what, const QString& path, const RunFailure& fail
 
 }  // namespace
 
-std::unique_ptr<FilmJob> SystemFilmReader::Begin(const QString& path, const Calls& calls) {
-  const QStringList arguments{u"info"_s, QFileInfo(path).absoluteFilePath(), u"--json"_s,
-                              u"--key-frames"_s, u"--progress"_s};
+std::unique_ptr<FilmJob> SystemFilmSource::Begin(const QString& path, const Calls& calls) {
+  const QStringList arguments{u"info"_s,       QFileInfo(path).absoluteFilePath(),
+                              u"--json"_s,     u"--key-frames"_s,
+                              u"--progress"_s, u"--limited"_s};
   const auto ended = [path, ended = calls.ended](const auto& answer) {
     if (!answer) {
       ended(tl::unexpected(Message(u"read"_s, path, answer.error())));
       return;
     }
     const auto film = FilmOfJson(*answer);
-    ended(film ? FilmReader::Read(*film)
-               : FilmReader::Read(
-                     tl::unexpected(Message(u"read"_s, path, RunFailure{false, film.error()}))));
+    ended(film ? FilmSource::Read(*film)
+               : FilmSource::Read(tl::unexpected(Message(
+                     u"read"_s, path,
+                     RunFailure{false, u"the answer of brindle is wrong: "_s + film.error()}))));
   };
   return CommandRun::Start(clock_, limits_, CommandLineProgram(programFolder_), arguments,
                            {.progress = calls.progress, .ended = ended});
 }
 
 std::unique_ptr<FilmJob> SystemPartWriter::Begin(const PartOrder& order, const Calls& calls) {
-  QStringList cuts;
-  for (const auto frame : order.cuts) {
-    cuts.append(QString::number(frame));
-  }
   QStringList arguments{u"parts"_s,           QFileInfo(order.film).absoluteFilePath(),
-                        u"--cuts"_s,          cuts.join(u','),
                         u"--output-folder"_s, QFileInfo(order.folder).absoluteFilePath(),
                         u"--json"_s,          u"--progress"_s};
+  for (const auto frame : order.cuts) {
+    arguments += {u"--cut"_s, QString::number(frame)};
+  }
   if (order.overwrites) {
     arguments.append(u"--force"_s);
   }
@@ -80,7 +80,7 @@ tl::expected<std::vector<WrittenPart>, QString> PartsOfJson(const QByteArray& js
   std::vector<WrittenPart> parts;
   for (const auto& each : QJsonDocument::fromJson(json).object().value(u"parts"_s).toArray()) {
     const auto part = each.toObject();
-    const double bytes = part.value(u"bytes"_s).toDouble(-1);
+    const double bytes = part.value(u"size_b"_s).toDouble(-1);
     const double seconds = part.value(u"duration_seconds"_s).toDouble(-1);
     const auto path = part.value(u"file"_s).toString();
     if (path.isEmpty() || bytes < 0 || bytes > mostBytes || seconds < 0) {

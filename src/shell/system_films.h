@@ -12,16 +12,16 @@
 #include <QString>
 
 #include "base/time/clock.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 #include "base/windows/part_writer.h"
 #include "shell/command_run.h"
 
 namespace brindle {
 
 /// Has the command line read films (`brindle info`), each in a process of its own.
-class SystemFilmReader : public FilmReader {
+class SystemFilmSource : public FilmSource {
  public:
-  SystemFilmReader(Clock& clock, QString programFolder, RunLimits limits = {})
+  SystemFilmSource(Clock& clock, QString programFolder, RunLimits limits = {})
       : clock_(clock), programFolder_(std::move(programFolder)), limits_(limits) {}
 
   [[nodiscard]] std::unique_ptr<FilmJob> Begin(const QString& path, const Calls& calls) override;

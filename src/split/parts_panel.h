@@ -14,7 +14,7 @@
 #include "base/input/elided_label.h"
 #include "base/input/form.h"
 #include "base/input/push_button.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 #include "base/windows/part_writer.h"
 #include "base/windows/services.h"
 #include "media/film.h"

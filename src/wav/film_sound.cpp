@@ -25,7 +25,8 @@ bool HasAt(std::string_view bytes, std::size_t place, std::string_view mark) {
 // Packets of a fixed length that all begin with the same byte; on discs, 4 bytes stand before each.
 bool IsTransportStream(std::string_view bytes) {
   const auto at = [bytes](std::size_t first, std::size_t length) {
-    return HasAt(bytes, first, "G"sv) && HasAt(bytes, first + length, "G"sv);
+    return HasAt(bytes, first, "G"sv) && HasAt(bytes, first + length, "G"sv) &&
+           HasAt(bytes, first + 2 * length, "G"sv);
   };
   return at(0, 188) || at(4, 192);
 }

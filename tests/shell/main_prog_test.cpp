@@ -20,6 +20,7 @@
 #include "base/input/spin_button.h"
 #include "shell/window_catalogue.h"
 #include "tests/shell/main_window.h"
+#include "tests/support/sample_film.h"
 
 namespace brindle {
 namespace {
@@ -521,6 +522,53 @@ TEST_F(MainWindow, ClosedWhileASpinButtonRepeatsItSavesTheLastRecomputation) {
   EXPECT_GT(shown, 103);
   main->close();
   EXPECT_EQ(File(), FileWith(10, "101")) << "repeated steps do not recompute";
+}
+
+struct DropCase {
+  const char* name = "";    ///< of the button
+  const char* window = "";  ///< that it opens
+};
+
+class FilmOnAButton : public MainWindow, public ::testing::WithParamInterface<DropCase> {};
+
+TEST_P(FilmOnAButton, GoesToTheWindowThatItOpens) {
+  Start();
+  const auto path = QStringLiteral("/films/holiday.avi");
+  ASSERT_TRUE(DropFile(Find(main.get(), QString::fromLatin1(GetParam().name)), path));
+  EXPECT_EQ(Standing(QString::fromLatin1(GetParam().window)).size(), 1U);
+  ASSERT_EQ(films.begun.size(), 1U);
+  EXPECT_EQ(films.Last().order, path);
+  ASSERT_TRUE(DropFile(Find(main.get(), QString::fromLatin1(GetParam().name)), path));
+  EXPECT_EQ(Standing(QString::fromLatin1(GetParam().window)).size(), 1U);
+  EXPECT_EQ(films.begun.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, FilmOnAButton,
+    ::testing::Values(DropCase{"VideoBC", "BitrateCalc"}, DropCase{"AudioBC", "AudioCalc"},
+                      DropCase{"HDC", "HDCalc"}, DropCase{"AVISplitC", "AVISplit"},
+                      DropCase{"RAR", "AspectRa"}, DropCase{"QuickCon", "QuickC"}),
+    NameOf);
+
+TEST_F(MainWindow, AFileOnTheNormalizersButtonIsOpenedInTheNormalizer) {
+  Start();
+  Put("holiday.avi", std::string("RIFF\1\2\3\4AVI LIST", 16));
+  boxes.Answer(BoxAnswer::Ok);
+  ASSERT_TRUE(DropFile(Find(main.get(), u"Normalize"_s), PathOf("holiday.avi")));
+  EXPECT_EQ(Standing(u"WavNorm"_s).size(), 1U);
+  ASSERT_EQ(boxes.asked.size(), 1U);
+}
+
+TEST_F(MainWindow, TakesNoFileElsewhere) {
+  Start();
+  for (const auto& name : {u"WinCalc"_s, u"About"_s, u"Adremove"_s}) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(PathOf("holiday.avi"))});
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QCoreApplication::sendEvent(Find(main.get(), name), &enter);
+    EXPECT_FALSE(enter.isAccepted()) << name.toStdString();
+  }
 }
 
 }  // namespace

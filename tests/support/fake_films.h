@@ -9,7 +9,7 @@
 
 #include <QString>
 
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 #include "base/windows/part_writer.h"
 
 namespace brindle {
@@ -55,7 +55,7 @@ class FakeFilmService : public Service {
   };
 };
 
-using FakeFilmReader = FakeFilmService<FilmReader, QString>;
+using FakeFilmSource = FakeFilmService<FilmSource, QString>;
 using FakePartWriter = FakeFilmService<PartWriter, PartOrder>;
 
 }  // namespace brindle

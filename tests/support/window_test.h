@@ -54,7 +54,7 @@ class WindowTest : public ::testing::Test {
                   .mail = QStringLiteral("velbrin@example.org"),
                   .author = QStringLiteral("Velbrin 2026")};
   FakeRegistry registry;
-  FakeFilmReader films;
+  FakeFilmSource films;
   FakePartWriter parts;
   OwningWindowList windows{desktop};
   Services services{record,  windows,  clock, boxes, dialogs,

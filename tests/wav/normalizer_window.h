@@ -302,7 +302,8 @@ class NormalizerWindow : public CalculatorWindow {
   }
 
   FakeBoxes questions;
-  Services prepared{record, windows, clock, questions, dialogs, desktop, registry, product};
+  Services prepared{record,  windows,  clock, questions, dialogs,
+                    desktop, registry, films, parts,     product};
   TextField* PercNorm = nullptr;
   Slider* Toler = nullptr;
 

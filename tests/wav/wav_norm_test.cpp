@@ -695,6 +695,17 @@ TEST_F(DroppedFiles, AreOpened) {
   }
 }
 
+TEST_F(DroppedFiles, AreNotOpenedIfTheyAreFilms) {
+  OpenNormalizer();
+  const auto path = Put("holiday.avi", QByteArray("RIFF\1\2\3\4AVI LIST", 16));
+  questions.Answer(BoxAnswer::Ok);
+  EXPECT_TRUE(DropOn("WavInfo1", path));
+  ASSERT_EQ(questions.asked.size(), 1U);
+  const auto& text = questions.asked.front().text;
+  EXPECT_TRUE(text.ends_with("\r\nffmpeg -i holiday.avi -vn -c:a pcm_s16le holiday.wav")) << text;
+  EXPECT_EQ(Shown(), NoFile);
+}
+
 TEST_F(DroppedFiles, AreRefusedLikeOthers) {
   OpenNormalizer();
   questions.Answer(BoxAnswer::Ok);

@@ -99,7 +99,7 @@ void FilmForm::Progress(int percent) {
   FilmLine.Write(u"Reading %1: %2 %"_s.arg(NameOfFile(readPath_)).arg(percent));
 }
 
-void FilmForm::Ended(const FilmReader::Read& read) {
+void FilmForm::Ended(const FilmSource::Read& read) {
   reading_.reset();
   if (read) {
     Take(*read);

@@ -23,7 +23,7 @@
 #include "base/input/slider.h"
 #include "base/input/text_field.h"
 #include "base/windows/file_opener.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 #include "base/windows/services.h"
 #include "media/film.h"
 
@@ -101,7 +101,7 @@ class FilmForm : public Form, public FileOpener {
   void AskForFilm();
   void Stop();
   void Progress(int percent);
-  void Ended(const FilmReader::Read& read);
+  void Ended(const FilmSource::Read& read);
   void Take(const Film& film);
   void Watch(const FormFiller& filler);
   [[nodiscard]] bool IsAsFilled() const;

@@ -12,7 +12,7 @@
 #include <QString>
 
 #include "base/interface.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 
 namespace brindle {
 

@@ -10,7 +10,7 @@
 #include "base/settings/settings.h"
 #include "base/time/clock.h"
 #include "base/windows/desktop.h"
-#include "base/windows/film_reader.h"
+#include "base/windows/film_source.h"
 #include "base/windows/part_writer.h"
 #include "base/windows/registry.h"
 #include "base/windows/window_list.h"
@@ -34,7 +34,7 @@ struct Services {
   FileDialogs& dialogs;
   Desktop& desktop;
   Registry& registry;
-  FilmReader& films;
+  FilmSource& films;
   PartWriter& parts;
   const Product& product;
 };

@@ -20,7 +20,7 @@ class FilmJob : public Interface {};
 
 /// Reads what there is to know about films. Nothing here waits, and no film, however damaged, harms
 /// the program.
-class FilmReader : public Interface {
+class FilmSource : public Interface {
  public:
   using Read = tl::expected<Film, QString>;
 
