@@ -20,6 +20,8 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include "base/windows/film_form.h"
+#include "gallery/holiday_film.h"
 #include "gallery/normalizer_pictures.h"
 #include "gallery/recording.h"
 #include "shell/built_product.h"
@@ -54,16 +56,6 @@ class Silence : public Desktop, public MessageBoxes, public FileDialogs {
 
  private:
   QString recording_;
-};
-
-class NoFilms : public FilmSource {
- public:
-  std::unique_ptr<FilmJob> Begin(const QString&, const Calls&) override { return nullptr; }
-};
-
-class NoParts : public PartWriter {
- public:
-  std::unique_ptr<FilmJob> Begin(const PartOrder&, const Calls&) override { return nullptr; }
 };
 
 // Time passes quickly, so that a short file keeps a window busy for long.
@@ -175,6 +167,18 @@ class Gallery {
   bool hasPlaces_;
 };
 
+// The calculators once more, filled from a film.
+bool TakeFilled(const Gallery& gallery, OwningWindowList& windows) {
+  bool isSaved = true;
+  for (const auto& entry : AllWindows()) {
+    if (auto* window = dynamic_cast<FilmForm*>(&windows.Load(entry.id))) {
+      window->OpenFile(u"/films/holiday.avi"_s);
+      isSaved &= gallery.Take(*window, u"Film"_s);
+    }
+  }
+  return isSaved;
+}
+
 int TakeAll(const Gallery& gallery) {
   const QTemporaryDir folder;
   Settings record;
@@ -182,7 +186,7 @@ int TakeAll(const Gallery& gallery) {
   const auto recording = folder.filePath(u"Concert in Lisbon.wav"_s);
   Silence silence(recording);
   SystemRegistry registry;
-  NoFilms films;
+  HolidayFilms films;
   NoParts parts;
   OwningWindowList windows(silence);
   const Product product = BuiltProduct();
@@ -217,6 +221,7 @@ int TakeAll(const Gallery& gallery) {
         isSaved &= gallery.Take(*window);
       }
     }
+    isSaved &= TakeFilled(gallery, windows);
     tour.Start();
   });
   return QApplication::exec();

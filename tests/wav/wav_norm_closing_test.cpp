@@ -602,8 +602,8 @@ class ClosingOnTheScreen : public NormalizerWindow {
   ModalDialogs modal;
   ScreenMessageBoxes boxesOnScreen{modal};
   ScreenFileDialogs dialogsOnScreen{modal};
-  Services onScreen{record,          windows, clock,    boxesOnScreen,
-                    dialogsOnScreen, desktop, registry, product};
+  Services onScreen{record,  windows,  clock, boxesOnScreen, dialogsOnScreen,
+                    desktop, registry, films, parts,         product};
   QTimer look;
   int seen = 0;
 };

@@ -66,8 +66,9 @@ TEST_F(FormFillerTest, WorksInAWindowThatIsNotTheActiveOne) {
   other.show();
   other.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&other, 10000));
-  filler.Type(*window.A, u"102.5"_s);
-  filler.Leave(*window.L);
+  FormFiller second(window);
+  second.Type(*window.A, u"102.5"_s);
+  second.Leave(*window.L);
   EXPECT_EQ(window.events,
             (Events{"B lost", "A got", "A up 102.5", "A lost", "L got", "L lost", "B got"}));
   window.events.clear();
