@@ -73,8 +73,8 @@ TEST(StartedWithAFile, IsRefusedIfItIsNotThere) {
   const auto path = u"/nowhere/a.wav"_s;
   const auto start = ReadStartArguments({path});
   EXPECT_EQ(start.wish, Wish::Refuse);
-  EXPECT_EQ(start.text.toStdString(),
-            "brindle2: cannot read " + NativePath(path) + ": " + ReasonOf(NoSuchFolder) + "\n");
+  EXPECT_EQ(start.text.toStdString(), "brindle2: cannot read " + NativePath(path) + ": " +
+                                          PlainReasonOf(NoSuchFolder) + "\n");
 }
 
 TEST(StartedWithAFile, IsRefusedIfItIsAFolder) {

@@ -22,6 +22,15 @@ inline constexpr int NoSuchFolder = NoSuchFile;
 /// What the system says of an error of its own, in the language of the run.
 inline std::string ReasonOf(int error) { return qt_error_string(error).toStdString(); }
 
+/// The same as the command line says it: without the period that Windows ends it with.
+inline std::string PlainReasonOf(int error) {
+  auto reason = ReasonOf(error);
+  if (reason.ends_with('.')) {
+    reason.pop_back();
+  }
+  return reason;
+}
+
 /// The path as messages show it.
 inline std::string NativePath(const QString& path) {
   return QDir::toNativeSeparators(path).toStdString();
