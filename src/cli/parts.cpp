@@ -199,7 +199,6 @@ class Parts : public Command {
     if (count_ && cuts->size() >= static_cast<std::size_t>(*count_)) {
       return NoAnswer(std::to_string(*count_) + (*count_ == 1 ? " part" : " parts") +
                       " of this size cannot hold the film; it takes " +
-                      std::to_string(cuts->size() + 1)); it takes " +
                       std::to_string(cuts->size() + 1));
     }
     return *cuts;

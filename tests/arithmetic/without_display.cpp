@@ -17,6 +17,8 @@
 #include "audiodisk/disk_space.h"
 #include "base/time/clock.h"
 #include "convert/size_units.h"
+#include "media/film.h"
+#include "media/part_sizes.h"
 #include "split/split_plan.h"
 #include "video/overhead.h"
 #include "video/video_bitrate.h"
@@ -61,6 +63,10 @@ void AskAll() {
   Expect("a megabyte in bytes", SizesFrom(SizeUnit::MB, 1)[IndexOf(SizeUnit::B)], 1048576);
   Expect("the height of a frame", HeightFor(640, StandardRatio(3), 16), 352);
   Expect("a gain", GainFor(-16384, 8191, 100).value_or(0), 2);
+  Film film;
+  film.keyFrames = {{.frame = 0}, {.frame = 250, .videoBytes = 9000}};
+  film.parts = {.container = "avi", .fixedBytes = 500, .end = {.frame = 500, .videoBytes = 20000}};
+  Expect("bytes of a part of a film", static_cast<double>(PartBytes(film, 0, 1)), 9500);
   const SystemClock clock;
   PeakScan scan(QStringLiteral("/nowhere/nothing.wav"), clock);
   const auto end = RunToEnd(scan, [](const PassProgress&) { return true; });

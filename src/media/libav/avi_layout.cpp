@@ -428,12 +428,8 @@ class LayoutReader {
 
   // False if it was stopped.
   [[nodiscard]] bool FromChunks() {
-    for (const auto& movie : movies_) {
-      if (!FromMovie(movie)) {
-        return false;
-      }
-    }
-    return true;
+    return std::all_of(movies_.begin(), movies_.end(),
+                       [this](const Movie& movie) { return FromMovie(movie); });
   }
 
   [[nodiscard]] bool FromMovie(const Movie& movie) {

@@ -114,7 +114,7 @@ void AviTracks::CutAudio(std::size_t chosen) {
   // What is cut off is of an even length: then the container adds the same to it as to the whole.
   const auto step = track.blockAlign % 2 == 0 ? track.blockAlign : 2 * track.blockAlign;
   std::size_t piece = 0;
-  double start = static_cast<double>(track.start);  // of the piece, in units
+  auto start = static_cast<double>(track.start);  // of the piece, in units
   for (std::size_t key = 0; key < keys_.size(); ++key) {
     const auto frame = static_cast<double>(keys_[key]) + static_cast<double>(video.start);
     const auto wanted = SecondsOf(video, frame) * static_cast<double>(track.rate) /

@@ -69,8 +69,8 @@ FileResult<void> PartFile::Finish() {
   return state_;
 }
 
-PartFiles::PartFiles(const QStringList& targets, bool isReplacing)
-    : targets_(targets), isReplacing_(isReplacing) {}
+PartFiles::PartFiles(QStringList targets, bool isReplacing)
+    : targets_(std::move(targets)), isReplacing_(isReplacing) {}
 
 PartFiles::~PartFiles() {
   for (auto i = completed_; i < created_; ++i) {
@@ -116,7 +116,7 @@ FileResult<std::unique_ptr<PartFile>> PartFiles::Next() {
 FileResult<void> PartFiles::Complete() {
   for (; completed_ < created_; ++completed_) {
     const auto& target = targets_[completed_];
-    const auto done = CheckTarget(target).and_then(
+    auto done = CheckTarget(target).and_then(
         [&] { return TheSystemsDisk().Rename(UnfinishedName(target), target); });
     if (!done) {
       return done;

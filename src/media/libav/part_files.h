@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -47,7 +48,7 @@ class PartFile {
 /// is removed when this object goes.
 class PartFiles {
  public:
-  PartFiles(const QStringList& targets, bool isReplacing);
+  PartFiles(QStringList targets, bool isReplacing);
   PartFiles(const PartFiles&) = delete;
   PartFiles& operator=(const PartFiles&) = delete;
   PartFiles(PartFiles&&) = delete;
