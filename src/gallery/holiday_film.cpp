@@ -18,7 +18,7 @@ constexpr std::int64_t Header = 8192;
 // What lies before a frame: 192 kbit/s of sound, and the rest video.
 FilmKeyFrame Before(std::int64_t frame) {
   constexpr std::int64_t audioOfFrame = 960;
-  constexpr std::int64_t videoOfFrame = 8235;
+  constexpr std::int64_t videoOfFrame = 12291;
   constexpr std::int64_t containerOfFrame = 48;
   return {.frame = frame,
           .position = Header + frame * (audioOfFrame + videoOfFrame + containerOfFrame),

@@ -13,7 +13,7 @@
 
 namespace brindle {
 
-/// The film of the pictures: 102 and a half minutes on two discs, with key frames where scenes
+/// The film of the pictures: 102 and a half minutes on three discs, with key frames where scenes
 /// begin.
 [[nodiscard]] Film HolidayFilm();
 

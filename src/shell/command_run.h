@@ -21,7 +21,7 @@ namespace brindle {
 /// What a run of the command line may take.
 struct RunLimits {
   double secondsWithoutNews = 120;  ///< nothing written, not even progress
-  qsizetype answerBytes = 64 * 1048576;
+  qsizetype answerBytes = 67'108'864;
   double secondsToStop = 10;  ///< from the wish to stop to the end by force
 };
 

@@ -25,6 +25,11 @@ ElidedLabel::ElidedLabel(const QString& name, const QString& text, const QString
   Write(text);
 }
 
+void ElidedLabel::ElideEnd() {
+  elide_ = Qt::ElideRight;
+  update();
+}
+
 void ElidedLabel::Write(const QString& text) {
   if (text != this->text()) {
     setText(text);
@@ -54,7 +59,7 @@ bool ElidedLabel::event(QEvent* event) {
 }
 
 QString ElidedLabel::Shown() const {
-  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  return fontMetrics().elidedText(text(), elide_, contentsRect().width());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {

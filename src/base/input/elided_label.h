@@ -17,6 +17,9 @@ class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(const QString& name, const QString& text, const QString& tooltip = {});
 
+  /// Has the end of a long text replaced, instead of its middle.
+  void ElideEnd();
+
   /// Shows a text; a screen reader says it after the label's name.
   void Write(const QString& text);
 
@@ -28,6 +31,8 @@ class ElidedLabel : public QLabel {
 
  private:
   [[nodiscard]] QString Shown() const;
+
+  Qt::TextElideMode elide_ = Qt::ElideMiddle;
 };
 
 }  // namespace brindle

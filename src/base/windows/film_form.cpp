@@ -43,6 +43,8 @@ FilmForm::FilmForm(Services& services, const QString& name, const QString& capti
       services_(services),
       FromFile(u"FromFile"_s, Opens(), u"Fill this window with the figures of a film (Ctrl+O)"_s),
       FilmLine(u"FilmLine"_s, NoFilm()) {
+  FilmLine.ElideEnd();  // the name of the film comes first
+  FilmLine.setAccessibleDescription({});
   // Not the button's own: that would press Stop, too.
   new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this, this, &FilmForm::AskForFilm);
   connect(&FromFile, &PushButton::clicked, this, &FilmForm::FromFile_Click);
@@ -84,7 +86,7 @@ void FilmForm::OpenFile(const QString& path) {
   Stop();
   readPath_ = path;
   ShowCaption(u"Stop"_s);
-  FilmLine.Write(u"Reading %1..."_s.arg(NameOfFile(path)));
+  ShowLine(u"Reading %1..."_s.arg(NameOfFile(path)));
   reading_ = services_.films.Begin(path, {.progress = [this](int percent) { Progress(percent); },
                                           .ended = [this](const auto& read) { Ended(read); }});
 }
@@ -96,7 +98,7 @@ void FilmForm::Stop() {
 }
 
 void FilmForm::Progress(int percent) {
-  FilmLine.Write(u"Reading %1: %2 %"_s.arg(NameOfFile(readPath_)).arg(percent));
+  ShowLine(u"Reading %1: %2 %"_s.arg(NameOfFile(readPath_)).arg(percent));
 }
 
 void FilmForm::Ended(const FilmSource::Read& read) {
@@ -207,7 +209,13 @@ void FilmForm::SetTaking(bool isTaking) {
 
 void FilmForm::ShowIdle() {
   ShowCaption(Opens());
-  FilmLine.Write(film_ ? text_ : NoFilm());
+  ShowLine(film_ ? text_ : NoFilm());
+}
+
+// The text is the line's name for screen readers; they need not say it twice.
+void FilmForm::ShowLine(const QString& text) {
+  FilmLine.Write(text);
+  FilmLine.setAccessibleDescription({});
 }
 
 // The button keeps its width, so that nothing moves.

@@ -108,6 +108,7 @@ class FilmForm : public Form, public FileOpener {
   void LeaveIfChanged();
   void Forget();
   void ShowIdle();
+  void ShowLine(const QString& text);
   void ShowCaption(const QString& caption);
 
   Services& services_;

@@ -68,6 +68,22 @@ TEST(ElidedLabel, ShowsTheEndsOfALongTextAndDotsBetween) {
   EXPECT_NE(PictureOf(label), PictureOf(other));
 }
 
+TEST(ElidedLabel, ReplacesTheEndIfAsked) {
+  const auto head = u"holiday.avi: 1:42:30, 25 fps, 640 x 272"_s;
+  ElidedLabel label(u"L"_s, head + QString(400, u'm') + u"a"_s);
+  ElidedLabel other(u"L"_s, head + QString(400, u'm') + u"b"_s);
+  for (auto* each : {&label, &other}) {
+    each->resize(300, 30);
+  }
+  EXPECT_NE(PictureOf(label), PictureOf(other));
+  for (auto* each : {&label, &other}) {
+    each->ElideEnd();
+  }
+  EXPECT_EQ(PictureOf(label), PictureOf(other));
+  other.Write(u"H"_s + head.mid(1) + QString(400, u'm'));
+  EXPECT_NE(PictureOf(label), PictureOf(other));
+}
+
 TEST(ElidedLabel, ShowsAShortTextLikeAnyLabel) {
   ElidedLabel label(u"L"_s, u"short.wav"_s);
   QLabel plain(u"short.wav"_s);
