@@ -55,9 +55,9 @@ class Agreement : public WindowTest {
   [[nodiscard]] bool Perhaps() { return Whole(0, 1) == 1; }
   // A number with up to three decimals, as people type it.
   [[nodiscard]] double Typed(int least, int most) {
-    constexpr int parts = 1000;
+    constexpr int steps = 1000;
     const int number = Whole(least, most);
-    return Perhaps() ? number : NumberOf(TextOf(number + Whole(0, parts - 1) / 1000.0));
+    return Perhaps() ? number : NumberOf(TextOf(number + Whole(0, steps - 1) / 1000.0));
   }
 
   static std::string Shown(const QWidget& window, const char* name) {
