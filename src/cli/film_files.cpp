@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <variant>
 
 #include <QDir>
 #include <QFileInfo>
@@ -69,8 +68,8 @@ tl::expected<std::unique_ptr<FilmFile>, Refusal> FilmArgument::Read(const Surrou
   if (film) {
     return std::move(*film);
   }
-  if (const auto* error = std::get_if<FileError>(&film.error())) {
-    return tl::unexpected(Refusal{ExitCode::Failed, FilmMessage(*this, *error, false)});
+  if (!film.error().isAborted) {
+    return tl::unexpected(Refusal{ExitCode::Failed, FilmMessage(*this, film.error().error, false)});
   }
   return tl::unexpected(Refusal{ExitCode::Interrupted, "interrupted while reading " + *name_});
 }

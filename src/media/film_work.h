@@ -26,9 +26,11 @@ namespace brindle {
 /// Percent done, 0 to 100. Its answer says whether to go on.
 using FilmProgress = std::function<bool(double percent)>;
 
-struct FilmAborted {};
 /// Why nothing came of it.
-using FilmStop = std::variant<FilmAborted, FileError>;
+struct FilmStop {
+  FileError error;
+  bool isAborted = false;  ///< it was asked to stop, and there is no error
+};
 
 /// How far the parts of a film are.
 struct PartsGoOn {
@@ -59,12 +61,13 @@ class FilmFile : public Interface {
  public:
   [[nodiscard]] virtual const Film& Facts() const = 0;
 
-  /// Begins to write a part up to each of `cuts`, indexes of the key frames in rising order, and one
-  /// from the last cut to the end: one more of `targets` than of `cuts`. The pass must not outlive
-  /// the film. Existing targets are replaced if `isReplacing`; else the parts fail as soon as one
-  /// is there.
-  [[nodiscard]] virtual std::unique_ptr<PartsPass> WriteParts(
-      const std::vector<std::size_t>& cuts, const QStringList& targets, bool isReplacing) = 0;
+  /// Begins to write a part up to each of `cuts`, indexes of the key frames in rising order, and
+  /// one from the last cut to the end: one more of `targets` than of `cuts`. The pass must not
+  /// outlive the film. Existing targets are replaced if `isReplacing`; else the parts fail as soon
+  /// as one is there.
+  [[nodiscard]] virtual std::unique_ptr<PartsPass> WriteParts(const std::vector<std::size_t>& cuts,
+                                                              const QStringList& targets,
+                                                              bool isReplacing) = 0;
 };
 
 class FilmReader : public Interface {

@@ -74,8 +74,7 @@ inline std::string ReasonFor(const FilmResult& result) {
   if (result) {
     return "";
   }
-  const auto* error = std::get_if<FileError>(&result.error());
-  return error != nullptr ? error->reason.toStdString() : "aborted";
+  return result.error().isAborted ? "aborted" : result.error().error.reason.toStdString();
 }
 
 }  // namespace brindle

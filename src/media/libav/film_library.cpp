@@ -116,6 +116,14 @@ bool HasFragments(DiskFile& file, std::int64_t length) {
   return false;
 }
 
+tl::unexpected<FilmStop> Failed(FileError error) {
+  return tl::unexpected(FilmStop{.error = std::move(error)});
+}
+
+tl::unexpected<FilmStop> Aborted() {
+  return tl::unexpected(FilmStop{.error = {}, .isAborted = true});
+}
+
 // A film that has been read: its bytes, its facts, and where its packets are.
 class ReadFilm : public FilmFile {
  public:
@@ -132,10 +140,10 @@ class ReadFilm : public FilmFile {
     if (IsAvi(*file_)) {
       auto layout = ReadAviLayout(*file_, path_, goesOn);
       if (!layout) {
-        return tl::unexpected(layout.error());
+        return Failed(layout.error());
       }
       if (!*layout) {
-        return tl::unexpected(FilmAborted{});
+        return Aborted();
       }
       layout_ = std::move(*layout);
     }
@@ -145,7 +153,7 @@ class ReadFilm : public FilmFile {
       return tl::unexpected(*stop);
     }
     if (!opened) {
-      return tl::unexpected(ErrorOf(path_, opened.error()));
+      return Failed(ErrorOf(path_, opened.error()));
     }
     film_.bytes = length_;
     return (layout_ ? ReadAvi(input) : ReadPackets(input)).and_then([this] { return Check(); });
@@ -165,10 +173,10 @@ class ReadFilm : public FilmFile {
  private:
   [[nodiscard]] static std::optional<FilmStop> StopOf(const AvInput& input) {
     if (input.Error()) {
-      return *input.Error();
+      return FilmStop{.error = *input.Error()};
     }
     if (input.IsStopped()) {
-      return FilmAborted{};
+      return FilmStop{.error = {}, .isAborted = true};
     }
     return std::nullopt;
   }
@@ -195,10 +203,10 @@ class ReadFilm : public FilmFile {
     constexpr int mostPixels = 65536;
     const auto isSize = [](int pixels) { return pixels > 0 && pixels <= mostPixels; };
     if (film_.video && (!isSize(film_.video->width) || !isSize(film_.video->height))) {
-      return tl::unexpected(ErrorOf(path_, QStringLiteral("its pictures have no size")));
+      return Failed(ErrorOf(path_, QStringLiteral("its pictures have no size")));
     }
     if (!(film_.seconds >= 0 && film_.seconds <= mostSeconds)) {
-      return tl::unexpected(ErrorOf(path_, QStringLiteral("its header is damaged")));
+      return Failed(ErrorOf(path_, QStringLiteral("its header is damaged")));
     }
     return {};
   }
@@ -206,7 +214,7 @@ class ReadFilm : public FilmFile {
   [[nodiscard]] tl::expected<void, FilmStop> ReadAvi(const AvInput& input) {
     auto& context = *input.Context();
     if (context.nb_streams < layout_->tracks.size()) {
-      return tl::unexpected(ErrorOf(path_, QStringLiteral("its header is damaged")));
+      return Failed(ErrorOf(path_, QStringLiteral("its header is damaged")));
     }
     if (!layout_->hasIndex) {
       if (auto stop = FindKeyFrames(input)) {
@@ -266,7 +274,7 @@ class ReadFilm : public FilmFile {
     auto& context = *input.Context();
     table_.emplace(context, length_);
     if (table_->Chosen().empty()) {
-      return tl::unexpected(ErrorOf(path_, QStringLiteral("it has neither video nor audio")));
+      return Failed(ErrorOf(path_, QStringLiteral("it has neither video nor audio")));
     }
     const bool hasIndex = input.IsMovFamily() && !HasFragments(*file_, length_) &&
                           table_->FromIndex(VideoDelay(context));
@@ -357,14 +365,14 @@ class Reader : public FilmReader {
       const QString& path, const FilmProgress& progress) override {
     auto file = TheSystemsDisk().Open(path, OpenFor::Reading);
     if (!file) {
-      return tl::unexpected(file.error());
+      return Failed(file.error());
     }
     const auto length = (*file)->Length();
     if (!length) {
-      return tl::unexpected(length.error());
+      return Failed(length.error());
     }
     if (*length == 0) {
-      return tl::unexpected(ErrorOf(path, QStringLiteral("it is empty")));
+      return Failed(ErrorOf(path, QStringLiteral("it is empty")));
     }
     try {
       auto film = std::make_unique<ReadFilm>(std::move(*file), *length, path);
@@ -373,8 +381,7 @@ class Reader : public FilmReader {
       }
       return film;
     } catch (const std::bad_alloc&) {
-      return tl::unexpected(
-          ErrorOf(path, QStringLiteral("it takes more memory than a film should")));
+      return Failed(ErrorOf(path, QStringLiteral("it takes more memory than a film should")));
     }
   }
 };
