@@ -45,8 +45,8 @@ RunFailure NotStarted(const QString& reason) {
 
 }  // namespace
 
-CommandRun::CommandRun(Clock& clock, const RunLimits& limits, const Calls& calls)
-    : clock_(clock), limits_(limits), calls_(calls) {
+CommandRun::CommandRun(Clock& clock, const RunLimits& limits, Calls calls)
+    : clock_(clock), limits_(limits), calls_(std::move(calls)) {
   connect(&process_, &QProcess::readyReadStandardOutput, this, &CommandRun::ReadAnswer);
   connect(&process_, &QProcess::readyReadStandardError, this, &CommandRun::ReadNews);
   connect(&process_, &QProcess::finished, this, &CommandRun::Finished);

@@ -53,7 +53,7 @@ class CommandRun : public QObject {
   void Stop();
 
  private:
-  CommandRun(Clock& clock, const RunLimits& limits, const Calls& calls);
+  CommandRun(Clock& clock, const RunLimits& limits, Calls calls);
 
   void Begin(const QString& program, const QStringList& arguments);
   void ReadAnswer();

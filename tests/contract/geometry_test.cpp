@@ -34,6 +34,7 @@
 #include "base/input/slider.h"
 #include "tests/contract/any_window.h"
 #include "tests/contract/contract_table.h"
+#include "tests/support/sample_film.h"
 #include "tests/wav/wav_builder.h"
 
 namespace brindle {
@@ -551,6 +552,30 @@ TEST_F(AdvancedStays, WithEveryOptionAndBox) {
     ExpectAllAsBefore();
   }
 }
+
+class FilmStays : public GeometryStays, public ::testing::WithParamInterface<std::string> {
+ protected:
+  void SetUp() override { Start(GetParam()); }
+};
+
+TEST_P(FilmStays, WhileItIsReadAndWhenItHasFilledTheWindow) {
+  auto film = SampleFilm();
+  film.seconds = 6151;  // 102.517 minutes
+  ASSERT_TRUE(DropFile(window, QString(60, u'w') + u".avi"_s));
+  ExpectNothingMoved();
+  films.Last().calls.progress(100);
+  ExpectNothingMoved();
+  films.Last().calls.ended(film);
+  ExpectAllAsBefore();
+  for (const auto* field : window->findChildren<QLineEdit*>()) {
+    EXPECT_EQ(CutOff(field), "") << Called(field);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, FilmStays,
+                         ::testing::Values("BitrateCalc", "Advanced", "AudioCalc", "HDCalc",
+                                           "AVISplit", "QuickC", "AspectRa"),
+                         [](const auto& instance) { return instance.param; });
 
 class WavNormStays : public GeometryStays {
  protected:

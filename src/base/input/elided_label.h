@@ -24,6 +24,8 @@ class ElidedLabel : public QLabel {
   void Write(const QString& text);
 
   [[nodiscard]] QSize minimumSizeHint() const override;
+  /// As high without a text as with one.
+  [[nodiscard]] QSize sizeHint() const override;
 
  protected:
   bool event(QEvent* event) override;

@@ -54,7 +54,7 @@ QString TracksText(std::size_t tracks) {
 }  // namespace
 
 std::optional<QString> MinutesOf(const Film& film) {
-  return film.seconds > 0 ? std::optional(Rounded(film.seconds / SecondsOfMinute, "#0.####"))
+  return film.seconds > 0 ? std::optional(ToQString(MinutesText(film.seconds / SecondsOfMinute)))
                           : std::nullopt;
 }
 

@@ -15,8 +15,7 @@ namespace brindle {
 // A film's facts as a person types them into fields or reads them in a line. Nothing where the film
 // does not tell.
 
-/// Running time in minutes with at most four decimals, so that hundredths of a second are right:
-/// "102.508".
+/// Running time in minutes, as the windows show it: "102.508".
 [[nodiscard]] std::optional<QString> MinutesOf(const Film& film);
 
 /// Running time in hours, minutes and seconds.
