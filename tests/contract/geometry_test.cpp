@@ -352,7 +352,9 @@ class GeometryStays : public AnyWindow {
     const auto after = Boxes();
     EXPECT_EQ(after.size(), before.size());
     for (const auto& [widget, box] : after) {
-      EXPECT_TRUE(before.contains(widget) && before.at(widget) == box) << Called(widget);
+      EXPECT_TRUE(before.contains(widget) && before.at(widget) == box)
+          << Called(widget) << ", before at " << before.at(widget).y() << " and "
+          << before.at(widget).height() << " high";
     }
   }
 

@@ -42,10 +42,8 @@ QSize ElidedLabel::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * leastColumns, fontMetrics().height()};
 }
 
-// Without a text, the toolkit adds the distance to a next line.
-QSize ElidedLabel::sizeHint() const {
-  return text().isEmpty() ? minimumSizeHint() : QLabel::sizeHint();
-}
+// The toolkit's own hint depends on whether there is a text.
+QSize ElidedLabel::sizeHint() const { return {QLabel::sizeHint().width(), fontMetrics().height()}; }
 
 // A label without a tooltip of its own shows in one the text that it has no room for. Text that
 // looks like markup, as a file name may, is shown literally.
