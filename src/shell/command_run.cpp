@@ -96,12 +96,13 @@ void CommandRun::Stop() {
   clock_.After(limits_.secondsToStop, this, [this] { process_.kill(); });
 }
 
+// Once it is over, nobody hears what the program still says; the clock may be gone by then.
 void CommandRun::ReadAnswer() {
-  lastNews_ = clock_.Now();
   const auto read = process_.readAllStandardOutput();
   if (isOver_) {
     return;
   }
+  lastNews_ = clock_.Now();
   answer_ += read;
   if (answer_.size() > limits_.answerBytes) {
     answer_.clear();
@@ -111,8 +112,12 @@ void CommandRun::ReadAnswer() {
 
 void CommandRun::ReadNews() {
   constexpr qsizetype longestLine = 65536;
+  const auto read = process_.readAllStandardError();
+  if (isOver_) {
+    return;
+  }
   lastNews_ = clock_.Now();
-  news_ += process_.readAllStandardError();
+  news_ += read;
   auto end = news_.indexOf('\n');
   while (end >= 0) {
     HearLine(news_.left(end).trimmed());
