@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QPalette>
 #include <QString>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QWidget>
 #include <gtest/gtest.h>
