@@ -19,7 +19,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QStringList>
 
 #include "base/files/at_path.h"
 #include "base/time/clock.h"
@@ -223,15 +222,16 @@ void Check(const std::uint8_t* data, std::size_t size) {
 
   const DiskImage image{{Recording, sound.recording}, {sound.path, record}};
   const MemoryDisk disk(image);
-  QStringList setAside;
-  const auto found = RecordsOn(disk).Find(&setAside);
+  RecordProblems problems;
+  const auto found = RecordsOn(disk).Find(&problems);
   Require(*disk.Bytes(Recording) == sound.recording);
   if (found.empty()) {
-    Require(setAside.isEmpty() ? disk.Files().size() == 1
-                               : *disk.Bytes(setAside.front().toStdString()) == record);
+    Require(problems.setAside.isEmpty()
+                ? disk.Files().size() == 1
+                : *disk.Bytes(problems.setAside.front().toStdString()) == record);
     return;
   }
-  Require(found.size() == 1 && setAside.isEmpty());
+  Require(found.size() == 1 && problems.setAside.isEmpty());
   const auto& one = found.front();
   Require(one.Percent() >= 0 && one.Percent() <= 100);
   static_cast<void>(RecordsOn(disk).FindFor(RecordingPath()));
