@@ -18,6 +18,7 @@
 #include <QJsonParseError>
 #include <QJsonValue>
 
+#include "base/numbers/json_text.h"
 #include "base/numbers/numeric_text.h"
 
 namespace brindle {
@@ -33,34 +34,17 @@ constexpr double MostSeconds = 1e9;
 constexpr double MostKiloBits = 1e9;
 constexpr qsizetype MostOfName = 64;
 
-std::string InQuotes(std::string_view text) {
-  constexpr std::string_view hex = "0123456789abcdef";
-  std::string quoted = "\"";
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      quoted += {'\\', c};
-    } else if (byte < 0x20 || byte == 0x7F) {
-      quoted += "\\u00";
-      quoted += {hex[byte / 16U], hex[byte % 16U]};
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted + '"';
-}
-
 // An object whose members keep their order.
 class Members {
  public:
-  void Text(std::string_view key, std::string_view value) { Raw(key, InQuotes(value)); }
+  void Text(std::string_view key, std::string_view value) { Raw(key, JsonText(value)); }
   void Whole(std::string_view key, std::int64_t value) { Raw(key, std::to_string(value)); }
   void Number(std::string_view key, double value) {
     const auto text = ExactTextOf(value);
     Raw(key, text.empty() ? "null" : text);
   }
   void Raw(std::string_view key, std::string_view value) {
-    text_.append(text_.empty() ? "" : ",").append(InQuotes(key)).append(":").append(value);
+    text_.append(text_.empty() ? "" : ",").append(JsonText(key)).append(":").append(value);
   }
   [[nodiscard]] std::string Object() const { return "{" + text_ + "}"; }
 
