@@ -141,7 +141,7 @@ TEST_F(SplitOfAFilm, IsWrittenIntoAFolder) {
   EXPECT_EQ(dialogs.asked.back().start, folder.path()) << "beside the film";
   ASSERT_EQ(parts.begun.size(), 1U);
   const auto& order = parts.Last().order;
-  EXPECT_EQ(order.film, path);
+  EXPECT_EQ(order.film, QDir::toNativeSeparators(path));
   EXPECT_EQ(order.cuts, std::vector<std::int64_t>{83700});
   EXPECT_EQ(order.folder, target.path());
   EXPECT_FALSE(order.overwrites);
