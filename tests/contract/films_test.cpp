@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -36,7 +37,7 @@ using Texts = std::map<std::string, std::string>;
 constexpr auto NoFilm = "or drop a film here";
 constexpr auto Holiday = "holiday.avi: 1:42:30, 25 fps, 640 x 272, 2 audio tracks";
 
-QString HolidayPath() { return u"/films/holiday.avi"_s; }
+QString HolidayPath() { return QDir::toNativeSeparators(u"/films/holiday.avi"_s); }
 
 class FilmWindow : public AnyWindow {
  protected:

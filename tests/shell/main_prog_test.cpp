@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -533,7 +534,7 @@ class FilmOnAButton : public MainWindow, public ::testing::WithParamInterface<Dr
 
 TEST_P(FilmOnAButton, GoesToTheWindowThatItOpens) {
   Start();
-  const auto path = QStringLiteral("/films/holiday.avi");
+  const auto path = QDir::toNativeSeparators(QStringLiteral("/films/holiday.avi"));
   ASSERT_TRUE(DropFile(Find(main.get(), QString::fromLatin1(GetParam().name)), path));
   EXPECT_EQ(Standing(QString::fromLatin1(GetParam().window)).size(), 1U);
   ASSERT_EQ(films.begun.size(), 1U);
