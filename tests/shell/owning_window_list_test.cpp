@@ -71,7 +71,7 @@ TEST_F(WindowListTest, ShownAgainTheSameOneComesToTheFront) {
   const auto before = first;
   list.Open(WindowId::HDCalc);
   ASSERT_TRUE(QTest::qWaitForWindowActive(second, 10000));
-  EXPECT_FALSE(first->isActiveWindow());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !first->isActiveWindow(); }, 10000));
 
   list.Open(WindowId::QuickC);
   EXPECT_TRUE(QTest::qWaitForWindowActive(before, 10000));
