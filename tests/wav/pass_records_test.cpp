@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -106,10 +107,18 @@ TEST(PassRecordsTest, TheNewestComesFirst) {
 }
 
 TEST(PassRecordsTest, SayHowFarThePassCame) {
-  const MemoryDisk disk({{Recording, WavParts{.samples = Noise(4 * Block)}.Bytes()}});
-  ASSERT_EQ(NormalizeOn(disk, {}, 1), "aborted");
-  auto found = RecordsOn(disk).Find();
-  ASSERT_EQ(found.size(), 1U);
+  const DiskImage image{{Recording, WavParts{.samples = Noise(4 * Block)}.Bytes()}};
+  std::unique_ptr<const MemoryDisk> made;
+  std::vector<FoundRecord> found;
+  // A pass that waits for a busy machine says so, too, and is aborted before its first piece is
+  // done.
+  for (int tries = 0; tries < 100 && (found.empty() || found.front().boundary == 0); ++tries) {
+    made = std::make_unique<MemoryDisk>(image);
+    ASSERT_EQ(NormalizeOn(*made, {}, 1), "aborted");
+    found = RecordsOn(*made).Find();
+    ASSERT_EQ(found.size(), 1U);
+  }
+  const auto& disk = *made;
   EXPECT_FALSE(found.front().isComplete);
   EXPECT_EQ(found.front().boundary, 1);
   EXPECT_EQ(found.front().Percent(), 25);
